@@ -1,0 +1,92 @@
+# Functions that every target of the project is made with.
+
+option(MFX_HARDENED "C++ library assertions, trapping on undefined behaviour, stack protector" OFF)
+
+# Compiler settings of our own code; dependencies do not get them.
+function(mfx_compile_settings target)
+  target_compile_definitions(${target} PRIVATE UNICODE _UNICODE NOMINMAX STRICT _WIN32_WINNT=0x0A00 WINVER=0x0A00)
+  if(MSVC)
+    # C4251: exported classes hold standard-library members; all libraries share one runtime.
+    target_compile_options(${target} PRIVATE /W4 /WX /utf-8 /permissive- /EHsc /wd4251)
+    return()
+  endif()
+  target_compile_options(${target} PRIVATE
+    $<$<COMPILE_LANGUAGE:CXX>:-Wall -Wextra -Wpedantic -Wshadow -Wconversion -Werror>
+    # A CString in a printf-like call compiles silently otherwise, and is wrong.
+    $<$<COMPILE_LANGUAGE:CXX>:-Werror=conditionally-supported>
+    # GCC 12 sees overlapping copies in std::string's operator+ where there are none (GCC bug 105651).
+    $<$<COMPILE_LANGUAGE:CXX>:-Wno-restrict>
+    # Wine's debugger reads this version.
+    $<$<COMPILE_LANGUAGE:CXX>:-gdwarf-4>)
+  if(MFX_HARDENED)
+    target_compile_definitions(${target} PRIVATE _GLIBCXX_ASSERTIONS)
+    target_compile_options(${target} PRIVATE
+      $<$<COMPILE_LANGUAGE:CXX>:-fsanitize=undefined -fsanitize-undefined-trap-on-error -fstack-protector-strong>)
+    target_link_options(${target} PRIVATE -fstack-protector-strong)
+  endif()
+endfunction()
+
+# Version resource of a program or library, filled from the project's version; programs also get the manifest.
+function(mfx_version_resource target description)
+  get_target_property(type ${target} TYPE)
+  get_target_property(name ${target} OUTPUT_NAME)
+  if(type STREQUAL "EXECUTABLE")
+    set(MFX_FILE_NAME "${name}.exe")
+    set(MFX_FILE_TYPE VFT_APP)
+    set(MFX_MANIFEST "1 RT_MANIFEST \"${CMAKE_SOURCE_DIR}/cmake/program.manifest\"")
+  else()
+    set(MFX_FILE_NAME "${name}.dll")
+    set(MFX_FILE_TYPE VFT_DLL)
+    set(MFX_MANIFEST "")
+  endif()
+  set(MFX_FILE_DESCRIPTION "${description}")
+  configure_file("${CMAKE_SOURCE_DIR}/cmake/version.rc.in" "${CMAKE_CURRENT_BINARY_DIR}/${target}-version.rc" @ONLY)
+  target_sources(${target} PRIVATE "${CMAKE_CURRENT_BINARY_DIR}/${target}-version.rc")
+  if(MSVC AND type STREQUAL "EXECUTABLE")
+    target_link_options(${target} PRIVATE /MANIFEST:NO)
+  endif()
+endfunction()
+
+# A DLL of the project: mfx_add_dll(<target> <file name without .dll> "<description>" <sources...>)
+function(mfx_add_dll target output_name description)
+  add_library(${target} SHARED ${ARGN})
+  set_target_properties(${target} PROPERTIES OUTPUT_NAME "${output_name}" PREFIX "")
+  target_include_directories(${target} PUBLIC "${CMAKE_CURRENT_SOURCE_DIR}")
+  mfx_compile_settings(${target})
+  mfx_version_resource(${target} "${description}")
+  install(TARGETS ${target} RUNTIME DESTINATION bin)
+endfunction()
+
+# A static part that ends up in one of the DLLs or programs.
+function(mfx_add_static target)
+  add_library(${target} STATIC ${ARGN})
+  target_include_directories(${target} PUBLIC "${CMAKE_CURRENT_SOURCE_DIR}")
+  mfx_compile_settings(${target})
+endfunction()
+
+# A program: mfx_add_program(<target> <file name without .exe> "<description>" <sources...>)
+function(mfx_add_program target output_name description)
+  add_executable(${target} ${ARGN})
+  set_target_properties(${target} PROPERTIES OUTPUT_NAME "${output_name}")
+  mfx_compile_settings(${target})
+  mfx_version_resource(${target} "${description}")
+  if(MINGW)
+    target_link_options(${target} PRIVATE -municode)
+  endif()
+endfunction()
+
+# The MinGW runtime stands beside the programs: one copy for all of them, so that objects and exceptions can cross
+# from one library to another.
+if(MINGW)
+  foreach(runtime libstdc++-6.dll libgcc_s_seh-1.dll libwinpthread-1.dll)
+    execute_process(COMMAND ${CMAKE_CXX_COMPILER} -print-file-name=${runtime}
+      OUTPUT_VARIABLE path OUTPUT_STRIP_TRAILING_WHITESPACE)
+    if(NOT IS_ABSOLUTE "${path}")
+      find_file(MFX_${runtime} ${runtime} PATHS /usr/x86_64-w64-mingw32/lib REQUIRED NO_DEFAULT_PATH
+        NO_CMAKE_FIND_ROOT_PATH)
+      set(path "${MFX_${runtime}}")
+    endif()
+    file(COPY "${path}" DESTINATION "${MFX_BIN_DIR}")
+    install(FILES "${path}" DESTINATION bin)
+  endforeach()
+endif()

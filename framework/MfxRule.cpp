@@ -1,0 +1,180 @@
+#include "MfxRule.h"
+
+#include <algorithm>
+#include <memory>
+
+namespace {
+
+const wchar_t* CategoryText(MFXRuleCategory_e category) {
+    switch (category) {
+        case CategoryInjectionMoulding:
+            return L"Injection Moulding";
+        case CategorySandCasting:
+            return L"Sand Casting";
+        default:
+            return L"";
+    }
+}
+
+}  // namespace
+
+CMfxRule::CMfxRule() = default;
+
+CMfxRule::~CMfxRule() {
+    ClearConstraints();
+    DeleteParameters(m_paramArray);
+}
+
+void CMfxRule::InitializeParameters() {}
+int CMfxRule::Execute(MFXICadSys*, const CMfxData*, MFXResultSet*, int) {
+    return 0;
+}
+void CMfxRule::PopulateFromXML(MfxXMLNode*) {}
+MfxXMLNode* CMfxRule::BuildXMLNode() {
+    return nullptr;
+}
+void CMfxRule::PrepareRule() {}
+void CMfxRule::ConvertUnits(const UnitPair&, const UnitPair&) {}
+bool CMfxRule::AcceptRuleData(const CMfxData*) {
+    return true;
+}
+void CMfxRule::ConfigureRuleDialog() {}
+void CMfxRule::ConfigureRule(HBITMAP) {
+    ConfigureRuleDialog();
+}
+void CMfxRule::SetDialogImageInfo(CString strImage) {
+    m_strDialogImage = strImage;
+}
+int CMfxRule::ExecuteAlternate(MFXICadSys*, const CMfxData*, MFXResultSet*, int) {
+    return 0;
+}
+
+CMfxRule& CMfxRule::operator=(CMfxRule* pOther) {
+    if (!pOther || pOther == this) return *this;
+    m_strName = pOther->m_strName;
+    m_strDisplayName = pOther->m_strDisplayName;
+    m_strSummary = pOther->m_strSummary;
+    m_strModule = pOther->m_strModule;
+    m_strRuleCategory = pOther->m_strRuleCategory;
+    m_strRuleModule = pOther->m_strRuleModule;
+    m_strRuleModuleFileName = pOther->m_strRuleModuleFileName;
+    m_processList.RemoveAll();
+    for (POSITION pos = pOther->m_processList.GetHeadPosition(); pos;)
+        m_processList.AddTail(pOther->m_processList.GetNext(pos));
+    m_nStatus = pOther->m_nStatus;
+    m_nSeverity = pOther->m_nSeverity;
+    m_nLifeStatus = pOther->m_nLifeStatus;
+    m_bPopulated = pOther->m_bPopulated;
+    m_nRuleId = pOther->m_nRuleId;
+    m_nLengthUnit = pOther->m_nLengthUnit;
+    m_nAngleUnit = pOther->m_nAngleUnit;
+    m_strDescription = pOther->m_strDescription;
+    m_strDialogImage = pOther->m_strDialogImage;
+    m_bParametersCreated = pOther->m_bParametersCreated;
+    m_category = pOther->m_category;
+
+    DeleteParameters(m_paramArray);
+    m_paramArray = CloneParameters(pOther->m_paramArray);
+    ClearConstraints();
+    for (const CMFXConstraint* pConstraint : pOther->m_constraintArray) {
+        CMFXConstraint* pCopy =
+            CreateConstraintObject(pConstraint->m_type, pConstraint->m_strName, pConstraint->m_bActive);
+        pCopy->m_paramArray = CloneParameters(pConstraint->m_paramArray);
+    }
+    return *this;
+}
+
+CMfxParamStorage* CMfxRule::FindParameterInArray(long nParamId) {
+    return FindParameter(m_paramArray, nParamId);
+}
+void CMfxRule::SetRuleStatusForAssemblyModel(int nStatus) {
+    m_nStatus = nStatus;
+}
+bool CMfxRule::ValidateInputData() {
+    return true;
+}
+CString CMfxRule::GetRequiredInputData() const {
+    return CString();
+}
+void CMfxRule::SetInputData(CString&) {}
+void CMfxRule::SetPreExecutionData(CMfxData*&) {}
+int CMfxRule::GetRuleId() const {
+    return m_nRuleId;
+}
+int CMfxRule::GetMaterialStatus() const {
+    return -1;
+}
+void CMfxRule::PostPopulate() {}
+int CMfxRule::GetCutterStatus() const {
+    return 0;
+}
+void CMfxRule::Heal(MFXICadSys*, const CMfxData* const&, const MFXResultSet* const&) const {}
+bool CMfxRule::IsRuleParametric() const {
+    return !m_paramArray.IsEmpty();
+}
+
+bool CMfxRule::ValidateInputParameters(std::map<long, double> values) {
+    return std::all_of(values.begin(), values.end(),
+                       [this](const auto& value) { return FindParameterInArray(value.first) != nullptr; });
+}
+
+void CMfxRule::InitConstraints(MfxXMLNode*, const std::vector<long>&) {}
+
+void CMfxRule::GetConstraintParameters(
+    const std::vector<long>& paramIds,
+    std::map<CString, std::vector<ConstraintParametersStruct>>& parameters) {
+    for (const CMFXConstraint* pConstraint : m_constraintArray) {
+        if (!pConstraint->m_bActive) continue;
+        for (const long nParamId : paramIds) {
+            const CMfxParamStorage* pStorage = pConstraint->FindParameterInArray(nParamId);
+            if (!pStorage || pStorage->GetType() != TypeDouble) continue;
+            const MfxArray<double>& values = pStorage->GetValues<double>();
+            parameters[pConstraint->m_strName].push_back({nParamId, {values.begin(), values.end()}});
+        }
+    }
+}
+
+CMfxParamStorage* CMfxRule::FindParameterInConstraintArray(const CString& strConstraint, long nParamId) {
+    for (const CMFXConstraint* pConstraint : m_constraintArray)
+        if (pConstraint->m_strName == strConstraint) return pConstraint->FindParameterInArray(nParamId);
+    return nullptr;
+}
+
+void CMfxRule::SetRuleCategory(MFXRuleCategory_e category) {
+    m_category = category;
+    m_strRuleCategory = CategoryText(category);
+}
+
+int CMfxRule::GetRuleCategoryEnum() const {
+    return m_category;
+}
+
+CMfxParamStorage* CMfxRule::CreateParamStorageObject(Type_e type, long nParamId, MfxOperator_e op,
+                                                     MfxParamType_e paramType, bool bActive, bool bReadOnly) {
+    if (type < TypeBoolean || type > TypeTableRow) return nullptr;
+    auto pStorage = std::make_unique<CMfxParamStorage>(type);
+    pStorage->m_strName.LoadString(static_cast<UINT>(nParamId));
+    pStorage->m_nParamId = nParamId;
+    pStorage->m_operator = op;
+    pStorage->m_paramType = paramType;
+    pStorage->m_bStatus = bActive;
+    pStorage->m_bReadOnly = bReadOnly;
+    m_paramArray.Add({type, pStorage.get()});
+    return pStorage.release();
+}
+
+void CMfxRule::ReleaseParamStorageObject(CMfxParamStorage* pStorage) {
+    for (int i = 0; i < m_paramArray.GetCount(); ++i)
+        if (m_paramArray[i].m_pStorage == pStorage) return m_paramArray.RemoveAt(i);
+}
+
+CMFXConstraint* CMfxRule::CreateConstraintObject(MFXConstraintType_e type, CString strName, bool bActive) {
+    auto pConstraint = std::make_unique<CMFXConstraint>(*this, type, strName, bActive);
+    m_constraintArray.Add(pConstraint.get());
+    return pConstraint.release();
+}
+
+void CMfxRule::ClearConstraints() {
+    for (const CMFXConstraint* pConstraint : m_constraintArray) delete pConstraint;
+    m_constraintArray.RemoveAll();
+}

@@ -1,0 +1,28 @@
+// Inside the framework only: what the wrappers know of the XML library.
+#pragma once
+
+#include <afx.h>
+
+#include <pugixml.hpp>
+
+static_assert(sizeof(pugi::char_t) == sizeof(wchar_t), "pugixml has to be built with PUGIXML_WCHAR_MODE");
+
+namespace mfx_xml {
+
+// Tag of the document's child under which elements live until they are appended somewhere. The name can't be
+// written in a file, so no element of a user can have it.
+inline constexpr const wchar_t* kDetachedTag = L"<detached>";
+
+inline bool IsDetachedHolder(const pugi::xml_node& node) {
+    return node && node.type() == pugi::node_element && node.parent().type() == pugi::node_document &&
+           wcscmp(node.name(), kDetachedTag) == 0;
+}
+
+// Whether the text can be the name of an element or an attribute.
+inline bool IsXmlName(const CString& strName) {
+    if (strName.IsEmpty() || strName.FindOneOf(L" \t\r\n<>&'\"/=?!;") >= 0) return false;
+    const wchar_t first = strName[0];
+    return !(first >= L'0' && first <= L'9') && first != L'-' && first != L'.';
+}
+
+}  // namespace mfx_xml

@@ -1,0 +1,120 @@
+#include "MfxXMLNode.h"
+
+#include "MfxXMLInternal.h"
+#include "XmlNumber.h"
+
+#include <memory>
+
+using mfx_xml::IsDetachedHolder;
+using mfx_xml::IsXmlName;
+
+namespace {
+
+bool IsSameOrInside(pugi::xml_node node, pugi::xml_node ancestor) {
+    for (; node; node = node.parent())
+        if (node == ancestor) return true;
+    return false;
+}
+
+}  // namespace
+
+MfxXMLNode* MfxXMLNode::Wrap(pugi::xml_node_struct* pElement) {
+    return pElement ? new MfxXMLNode(pElement) : nullptr;
+}
+
+bool MfxXMLNode::AddAttribute(const CString& strName, const CString& strValue) {
+    if (!IsXmlName(strName)) return false;
+    pugi::xml_node element(m_pElement);
+    pugi::xml_attribute attribute = element.attribute(strName);
+    if (!attribute) attribute = element.append_attribute(strName);
+    return attribute.set_value(strValue);
+}
+
+void MfxXMLNode::AppendNode(MfxXMLNode* pChild) {
+    if (!pChild) return;
+    pugi::xml_node parent(m_pElement), child(pChild->m_pElement);
+    if (IsSameOrInside(parent, child)) return;
+    if (parent.append_move(child)) return;
+    // Elements can't move between documents: copy, then drop the original.
+    pugi::xml_node copy = parent.append_copy(child);
+    child.parent().remove_child(child);
+    pChild->m_pElement = copy.internal_object();
+}
+
+MfxXMLNode* MfxXMLNode::AppendNode(const CString& strTag) {
+    if (!IsXmlName(strTag)) return nullptr;
+    return Wrap(pugi::xml_node(m_pElement).append_child(strTag).internal_object());
+}
+
+bool MfxXMLNode::ReplaceWith(MfxXMLNode* pNew) {
+    pugi::xml_node old(m_pElement);
+    pugi::xml_node parent = old.parent();
+    if (!pNew || !parent || IsSameOrInside(old, pugi::xml_node(pNew->m_pElement))) return false;
+    if (!parent.insert_move_before(pugi::xml_node(pNew->m_pElement), old)) return false;
+    parent.remove_child(old);
+    m_pElement = pNew->m_pElement;
+    return true;
+}
+
+void MfxXMLNode::SetNodeValue(const CString& strValue) {
+    pugi::xml_node element(m_pElement);
+    for (pugi::xml_node child = element.first_child(); child;) {
+        const pugi::xml_node next = child.next_sibling();
+        if (child.type() == pugi::node_pcdata || child.type() == pugi::node_cdata)
+            element.remove_child(child);
+        child = next;
+    }
+    element.append_child(pugi::node_pcdata).set_value(strValue);
+}
+
+CString MfxXMLNode::GetNodeValue() const {
+    CString strValue;
+    for (const pugi::xml_node child : pugi::xml_node(m_pElement).children())
+        if (child.type() == pugi::node_pcdata || child.type() == pugi::node_cdata) strValue += child.value();
+    return strValue;
+}
+
+bool MfxXMLNode::GetNodeValueInInt(int& nValue) const {
+    return ParseInteger(GetNodeValue(), nValue);
+}
+
+bool MfxXMLNode::GetNodeValueInDouble(double& dValue) const {
+    return ParseReal(GetNodeValue(), dValue);
+}
+
+CString MfxXMLNode::GetNodeName() const {
+    return pugi::xml_node(m_pElement).name();
+}
+
+bool MfxXMLNode::GetAttributeValue(const CString& strName, CString& strValue) const {
+    const pugi::xml_attribute attribute = pugi::xml_node(m_pElement).attribute(strName);
+    if (!attribute) return false;
+    strValue = attribute.value();
+    return true;
+}
+
+MfxXMLNode* MfxXMLNode::SelectSingleNode(const CString& strTag) const {
+    return Wrap(pugi::xml_node(m_pElement).child(strTag).internal_object());
+}
+
+MfxXMLNodeList* MfxXMLNode::GetNodeList(const CString& strTag) const {
+    auto pList = std::make_unique<MfxXMLNodeList>();
+    for (const pugi::xml_node child : pugi::xml_node(m_pElement).children())
+        if (child.type() == pugi::node_element && (strTag.IsEmpty() || strTag == child.name()))
+            pList->m_nodes.push_back(MfxXMLNode(child.internal_object()));
+    return pList.release();
+}
+
+MfxXMLNode* MfxXMLNode::GetParentNode() const {
+    const pugi::xml_node parent = pugi::xml_node(m_pElement).parent();
+    if (parent.type() != pugi::node_element || IsDetachedHolder(parent)) return nullptr;
+    return Wrap(parent.internal_object());
+}
+
+long MfxXMLNodeList::GetSize() const {
+    return static_cast<long>(m_nodes.size());
+}
+
+MfxXMLNode* MfxXMLNodeList::operator[](long nIndex) {
+    return nIndex >= 0 && nIndex < GetSize() ? &m_nodes[static_cast<std::size_t>(nIndex)] : nullptr;
+}

@@ -1,0 +1,77 @@
+#pragma once
+
+#include "MfxKitExport.h"
+
+#include <afx.h>
+
+#include <vector>
+
+namespace pugi {
+struct xml_node_struct;
+}
+
+class MfxXMLNodeList;
+
+// Wrapper around one element of an MfxXMLDocument. Deleting the wrapper leaves the element where it is; the
+// document must outlive its wrappers. Wrappers that an operation returns are the caller's to delete.
+class MFXKIT_API MfxXMLNode {
+  public:
+    // Adds an attribute after the others, or gives an existing one a new value.
+    // Returns false when the name can't be an attribute's.
+    bool AddAttribute(const CString& strName, const CString& strValue);
+
+    // Makes the element the last child; null adds nothing. An element of another document is moved over here,
+    // and the given wrapper then stands for it in this document.
+    void AppendNode(MfxXMLNode* pChild);
+
+    // Creates an element with that tag as the last child; null when the tag can't be an element's.
+    MfxXMLNode* AppendNode(const CString& strTag);
+
+    // Puts pNew, an element of this document, in this element's place and deletes this element with all that
+    // is in it; this wrapper then stands for the new element. Returns false when nothing was replaced.
+    bool ReplaceWith(MfxXMLNode* pNew);
+
+    // The element's text; texts that comments separate are joined.
+    void SetNodeValue(const CString& strValue);
+    CString GetNodeValue() const;
+
+    // The text as a number; false, with the output unchanged, when it does not start with one.
+    bool GetNodeValueInInt(int& nValue) const;
+    bool GetNodeValueInDouble(double& dValue) const;
+
+    CString GetNodeName() const;
+
+    // False, with the output unchanged, when there is no such attribute.
+    bool GetAttributeValue(const CString& strName, CString& strValue) const;
+
+    // First child element with that tag, or null.
+    MfxXMLNode* SelectSingleNode(const CString& strTag) const;
+
+    // Child elements with that tag in document order, all of them for an empty tag.
+    MfxXMLNodeList* GetNodeList(const CString& strTag) const;
+
+    // The element that this one is attached to, or null.
+    MfxXMLNode* GetParentNode() const;
+
+  private:
+    friend class MfxXMLDocument;
+    friend class MfxXMLNodeList;
+    explicit MfxXMLNode(pugi::xml_node_struct* pElement) : m_pElement(pElement) {}
+
+    static MfxXMLNode* Wrap(pugi::xml_node_struct* pElement);
+
+    pugi::xml_node_struct* m_pElement;
+};
+
+// Elements found by MfxXMLNode::GetNodeList.
+class MFXKIT_API MfxXMLNodeList {
+  public:
+    long GetSize() const;
+
+    // Wrapper that the list owns; null for an index outside the list.
+    MfxXMLNode* operator[](long nIndex);
+
+  private:
+    friend class MfxXMLNode;
+    std::vector<MfxXMLNode> m_nodes;
+};

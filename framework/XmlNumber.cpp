@@ -1,0 +1,102 @@
+#include "XmlNumber.h"
+
+#include <charconv>
+#include <cmath>
+#include <limits>
+#include <string>
+
+namespace {
+
+CString FromAscii(const char* pFirst, const char* pLast) {
+    const std::wstring text(pFirst, pLast);
+    return CString(text.c_str(), static_cast<int>(text.size()));
+}
+
+// The text without leading blanks and plus sign, as far as it is ASCII.
+std::string NumberCandidate(const CString& strText) {
+    const wchar_t* p = strText;
+    while (*p == L' ' || (*p >= L'\t' && *p <= L'\r')) ++p;
+    if (*p == L'+' && p[1] != L'-') ++p;
+    std::string candidate;
+    for (; *p > 0 && *p < 0x80; ++p) candidate.push_back(static_cast<char>(*p));
+    return candidate;
+}
+
+template <class Integer>
+bool ParseIntegerAs(const CString& strText, Integer& value) {
+    const std::string text = NumberCandidate(strText);
+    Integer parsed = 0;
+    const auto result = std::from_chars(text.data(), text.data() + text.size(), parsed);
+    if (result.ec == std::errc::invalid_argument) return false;
+    if (result.ec == std::errc::result_out_of_range)
+        parsed = text[0] == '-' ? std::numeric_limits<Integer>::min() : std::numeric_limits<Integer>::max();
+    value = parsed;
+    return true;
+}
+
+// from_chars leaves the value alone when it is out of range; strtod's results there are infinity and zero.
+double OutOfRangeValue(const char* pFirst, const char* pLast) {
+    const std::string text(pFirst, pLast);
+    const std::size_t exponent = text.find_first_of("eE");
+    const bool bTiny = exponent != std::string::npos ? text.compare(exponent + 1, 1, "-") == 0
+                                                     : text.find_first_not_of("-0") == text.find('.');
+    const double magnitude = bTiny ? 0.0 : std::numeric_limits<double>::infinity();
+    return text[0] == '-' ? -magnitude : magnitude;
+}
+
+template <class Number>
+bool IsWholly(const CString& strText) {
+    CString strTrimmed(strText);
+    strTrimmed.TrimRight();
+    const std::string text = NumberCandidate(strTrimmed);
+    Number ignored{};
+    const auto result = std::from_chars(text.data(), text.data() + text.size(), ignored);
+    const bool bAscii =
+        strTrimmed.IsEmpty() || (!text.empty() && text.back() == strTrimmed[strTrimmed.GetLength() - 1]);
+    return result.ec != std::errc::invalid_argument && result.ptr == text.data() + text.size() && bAscii;
+}
+
+}  // namespace
+
+CString FormatShortest(double value) {
+    char text[32];
+    const auto result = std::to_chars(text, text + sizeof text, value);
+    return FromAscii(text, result.ptr);
+}
+
+CString FormatSixDecimals(double value) {
+    char text[std::numeric_limits<double>::max_exponent10 + 16];
+    const auto result = std::to_chars(text, text + sizeof text, value, std::chars_format::fixed, 6);
+    return FromAscii(text, result.ptr);
+}
+
+CString FormatInteger(std::int64_t value) {
+    char text[24];
+    const auto result = std::to_chars(text, text + sizeof text, value);
+    return FromAscii(text, result.ptr);
+}
+
+bool ParseInteger(const CString& strText, std::int32_t& value) {
+    return ParseIntegerAs(strText, value);
+}
+
+bool ParseInteger(const CString& strText, std::int64_t& value) {
+    return ParseIntegerAs(strText, value);
+}
+
+bool ParseReal(const CString& strText, double& value) {
+    const std::string text = NumberCandidate(strText);
+    double parsed = 0.0;
+    const auto result = std::from_chars(text.data(), text.data() + text.size(), parsed);
+    if (result.ec == std::errc::invalid_argument) return false;
+    value = result.ec == std::errc::result_out_of_range ? OutOfRangeValue(text.data(), result.ptr) : parsed;
+    return true;
+}
+
+bool IsInteger(const CString& strText) {
+    return IsWholly<std::int64_t>(strText);
+}
+
+bool IsReal(const CString& strText) {
+    return IsWholly<double>(strText);
+}

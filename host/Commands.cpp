@@ -1,0 +1,97 @@
+#include "Commands.h"
+
+#include "File.h"
+#include "RecordProblems.h"
+#include "RuleDocument.h"
+#include "RuleTable.h"
+#include "Text.h"
+#include "TextTable.h"
+#include "UnitNames.h"
+
+namespace {
+
+std::string UnitsText(const UnitPair& units) {
+    return LengthUnitSymbol(units.m_nLengthUnit) + " and " + AngleUnitSymbol(units.m_nAngleUnit);
+}
+
+std::string Joined(const CStringList& texts) {
+    std::string joined;
+    for (POSITION pos = texts.GetHeadPosition(); pos;)
+        joined += (joined.empty() ? "" : ", ") + ToUtf8(texts.GetNext(pos));
+    return joined;
+}
+
+int UnitOrThrow(std::optional<int> unit, const std::string& option, const std::string& name,
+                const std::string& known) {
+    if (!unit)
+        throw HostError(ExitCode::Usage, option + ": \"" + name + "\" is not a unit; known are " + known);
+    return *unit;
+}
+
+UnitPair TargetUnits(const UnitPair& own, const ConvertOptions& options) {
+    UnitPair units = own;
+    if (!options.lengthUnit.empty())
+        units.m_nLengthUnit = UnitOrThrow(FindLengthUnit(options.lengthUnit), "--length", options.lengthUnit,
+                                          LengthUnitSymbols());
+    if (!options.angleUnit.empty())
+        units.m_nAngleUnit =
+            UnitOrThrow(FindAngleUnit(options.angleUnit), "--angle", options.angleUnit, AngleUnitSymbols());
+    return units;
+}
+
+void PrintProblems(const std::vector<std::string>& problems) {
+    for (const std::string& problem : problems) PrintError(problem + "\n");
+}
+
+}  // namespace
+
+ExitCode ListRules(const RuleModule& module) {
+    Print(ToUtf8(module.GetName()) + "\n" + ToUtf8(module.GetSummary()) + "\n\n");
+    using Align = TextTable::Align;
+    TextTable table({Align::Right, Align::Left, Align::Left, Align::Left});
+    table.Add({"id", "rule", "process", "summary"});
+    for (const RulePtr& pRule : module.CreateAllRules())
+        table.Add({std::to_string(pRule->GetRuleId()), ToUtf8(pRule->m_strDisplayName),
+                   Joined(pRule->m_processList), ToUtf8(pRule->m_strSummary)});
+    Print(table.Format(0));
+    return ExitCode::Done;
+}
+
+ExitCode NewDocument(const RuleModule& module, const CString& strPath, bool bForce) {
+    if (!bForce && FileExists(strPath))
+        throw HostError(ExitCode::Usage, ToUtf8(strPath) + " exists already; --force replaces it");
+    RuleDocument document;
+    for (RulePtr& pRule : module.CreateAllRules()) document.Append(std::move(pRule), module);
+    document.Save(strPath);
+    Print(ToUtf8(strPath) + ": " + Count(document.GetEntries().size(), "rule") + ", lengths and angles in " +
+          UnitsText(document.GetUnits()) + "\n");
+    return ExitCode::Done;
+}
+
+ExitCode ShowDocument(const RuleModule& module, const CString& strPath) {
+    const RuleDocument document(strPath, module);
+    Print(ToUtf8(strPath) + ": " + Count(document.GetEntries().size(), "rule") + ", lengths and angles in " +
+          UnitsText(document.GetUnits()) + "\n");
+    for (const RuleDocument::Entry& entry : document.GetEntries())
+        if (entry.pRule) Print("\n" + FormatRule(*entry.pRule));
+    const std::vector<std::string> problems = FindRecordProblems(document);
+    PrintProblems(problems);
+    return problems.empty() ? ExitCode::Done : ExitCode::Findings;
+}
+
+ExitCode ConvertDocument(const RuleModule& module, const ConvertOptions& options) {
+    RuleDocument document(options.strInput, module);
+    const UnitPair from = document.GetUnits();
+    const UnitPair to = TargetUnits(from, options);
+    if (const std::vector<std::string> problems = FindRecordProblems(document); !problems.empty()) {
+        PrintProblems(problems);
+        PrintError("mfxhost: " + ToUtf8(options.strInput) + " was not converted\n");
+        return ExitCode::Findings;
+    }
+    document.ConvertUnits(to, module);
+    const CString& strOutput = options.strOutput.IsEmpty() ? options.strInput : options.strOutput;
+    document.Save(strOutput);
+    Print(ToUtf8(strOutput) + ": " + Count(document.GetEntries().size(), "rule") + " converted from " +
+          UnitsText(from) + " to " + UnitsText(to) + "\n");
+    return ExitCode::Done;
+}

@@ -1,0 +1,29 @@
+// The commands of the program. Each returns how the program ends; failures are thrown as HostError.
+#pragma once
+
+#include "HostError.h"
+#include "RuleModule.h"
+
+#include <afx.h>
+
+#include <string>
+
+// Prints the module's name and summary and its rules.
+ExitCode ListRules(const RuleModule& module);
+
+// Writes a rule document with a fresh instance of every rule; an existing file is left alone unless bForce.
+ExitCode NewDocument(const RuleModule& module, const CString& strPath, bool bForce);
+
+// Prints a rule document as tables. Findings when it holds something that the module passes over.
+ExitCode ShowDocument(const RuleModule& module, const CString& strPath);
+
+struct ConvertOptions {
+    CString strInput;
+    CString strOutput;       // empty: the input is replaced
+    std::string lengthUnit;  // as typed; empty: the document's own
+    std::string angleUnit;
+};
+
+// Converts a rule document to other units. Refuses, with Findings, a document of which it does not understand
+// everything: what it left alone would be taken for values in the new units.
+ExitCode ConvertDocument(const RuleModule& module, const ConvertOptions& options);

@@ -1,0 +1,112 @@
+#include "File.h"
+
+#include "HostError.h"
+#include "Text.h"
+
+#include <algorithm>
+
+namespace {
+
+class FileHandle {
+  public:
+    explicit FileHandle(HANDLE hFile) : m_hFile(hFile) {}
+    ~FileHandle() { Close(); }
+    FileHandle(const FileHandle&) = delete;
+    FileHandle& operator=(const FileHandle&) = delete;
+
+    bool IsOpen() const { return m_hFile != INVALID_HANDLE_VALUE; }
+    HANDLE Get() const { return m_hFile; }
+    bool Close() {
+        const HANDLE hFile = m_hFile;
+        m_hFile = INVALID_HANDLE_VALUE;
+        return hFile == INVALID_HANDLE_VALUE || CloseHandle(hFile) != 0;
+    }
+
+  private:
+    HANDLE m_hFile;
+};
+
+// Deletes the temporary file unless it became the real one.
+class TemporaryFile {
+  public:
+    explicit TemporaryFile(const CString& strPath) : m_strPath(strPath) {}
+    ~TemporaryFile() {
+        if (!m_strPath.IsEmpty()) DeleteFileW(m_strPath);
+    }
+    TemporaryFile(const TemporaryFile&) = delete;
+    TemporaryFile& operator=(const TemporaryFile&) = delete;
+
+    bool MoveOver(const CString& strTarget) {
+        if (!MoveFileExW(m_strPath, strTarget, MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH))
+            return false;
+        m_strPath.Empty();
+        return true;
+    }
+
+  private:
+    CString m_strPath;
+};
+
+bool WriteAll(HANDLE hFile, const std::string& bytes) {
+    constexpr std::size_t kBlock = 1 << 20;
+    for (std::size_t done = 0; done < bytes.size();) {
+        DWORD dwWritten = 0;
+        const auto nBlock = static_cast<DWORD>(std::min(kBlock, bytes.size() - done));
+        if (!WriteFile(hFile, bytes.data() + done, nBlock, &dwWritten, nullptr) || dwWritten == 0)
+            return false;
+        done += dwWritten;
+    }
+    return true;
+}
+
+[[noreturn]] void ThrowUnwritable(const CString& strPath, DWORD dwError) {
+    throw HostError(ExitCode::Missing, ToUtf8(strPath) + ": can't be written: " + WindowsErrorText(dwError));
+}
+
+}  // namespace
+
+std::string ReadFileBytes(const CString& strPath) {
+    const auto fail = [&](const std::string& reason) -> void {
+        throw HostError(ExitCode::UnreadableInput, ToUtf8(strPath) + ": can't be read: " + reason);
+    };
+    const DWORD dwAttributes = GetFileAttributesW(strPath);
+    if (dwAttributes != INVALID_FILE_ATTRIBUTES && (dwAttributes & FILE_ATTRIBUTE_DIRECTORY))
+        fail("it is a folder");
+
+    const FileHandle file(CreateFileW(strPath, GENERIC_READ,
+                                      FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
+                                      OPEN_EXISTING, 0, nullptr));
+    if (!file.IsOpen()) fail(WindowsErrorText(GetLastError()));
+    std::string bytes;
+    char block[1 << 16];
+    for (DWORD dwRead = 1; dwRead > 0;) {
+        if (!ReadFile(file.Get(), block, sizeof block, &dwRead, nullptr))
+            fail(WindowsErrorText(GetLastError()));
+        bytes.append(block, dwRead);
+    }
+    return bytes;
+}
+
+void ReplaceFileBytes(const CString& strPath, const std::string& bytes) {
+    // Moving a file over a read-only one succeeds on some systems.
+    const DWORD dwAttributes = GetFileAttributesW(strPath);
+    if (dwAttributes != INVALID_FILE_ATTRIBUTES && (dwAttributes & FILE_ATTRIBUTE_READONLY))
+        ThrowUnwritable(strPath, ERROR_FILE_READ_ONLY);
+
+    CString strTemporary;
+    strTemporary.Format(L"%s.%lu.tmp", strPath.GetString(), GetCurrentProcessId());
+    FileHandle file(
+        CreateFileW(strTemporary, GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr));
+    if (!file.IsOpen()) ThrowUnwritable(strPath, GetLastError());
+    TemporaryFile temporary(strTemporary);
+    if (!WriteAll(file.Get(), bytes) || !FlushFileBuffers(file.Get()) || !file.Close()) {
+        const DWORD dwError = GetLastError();
+        file.Close();  // an open file can't be deleted
+        ThrowUnwritable(strPath, dwError);
+    }
+    if (!temporary.MoveOver(strPath)) ThrowUnwritable(strPath, GetLastError());
+}
+
+bool FileExists(const CString& strPath) {
+    return GetFileAttributesW(strPath) != INVALID_FILE_ATTRIBUTES;
+}

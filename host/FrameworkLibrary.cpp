@@ -1,0 +1,53 @@
+#include "FrameworkLibrary.h"
+
+#include "HostError.h"
+#include "ProgramFolder.h"
+#include "Text.h"
+
+#include <afx.h>
+#include <delayimp.h>
+
+namespace {
+
+constexpr char kFrameworkFile[] = "MfxKitu.dll";
+
+}  // namespace
+
+#ifdef _MSC_VER
+
+static bool BindDelayedImports(HMODULE) {
+    return SUCCEEDED(__HrLoadAllImportsForDll(kFrameworkFile));
+}
+
+#else
+
+// Made by dlltool; the name is that of the delay-import library.
+extern "C" const ImgDelayDescr __DELAY_IMPORT_DESCRIPTOR_libMfxKitu_delay_a;
+
+// Fills in every import at once. Left to the first call of each function, dlltool's stubs would lose the
+// call's floating-point arguments: they save the integer registers only.
+static bool BindDelayedImports(HMODULE hLibrary) {
+    const ImgDelayDescr& descriptor = __DELAY_IMPORT_DESCRIPTOR_libMfxKitu_delay_a;
+    const auto base = reinterpret_cast<ULONG_PTR>(GetModuleHandleW(nullptr));
+    auto* pName = reinterpret_cast<const IMAGE_THUNK_DATA*>(base + descriptor.rvaINT);
+    auto* pAddress = reinterpret_cast<IMAGE_THUNK_DATA*>(base + descriptor.rvaIAT);
+    for (; pName->u1.AddressOfData; ++pName, ++pAddress) {
+        const auto* pImport = reinterpret_cast<const IMAGE_IMPORT_BY_NAME*>(base + pName->u1.AddressOfData);
+        const FARPROC address = GetProcAddress(hLibrary, pImport->Name);
+        if (!address) return false;
+        pAddress->u1.Function = reinterpret_cast<ULONGLONG>(address);
+    }
+    return true;
+}
+
+#endif
+
+void LoadFrameworkLibrary() {
+    const CString strPath = GetProgramFolder() + L"\\" + CString(kFrameworkFile);
+    const HMODULE hLibrary = LoadLibraryExW(strPath, nullptr, LOAD_WITH_ALTERED_SEARCH_PATH);
+    if (!hLibrary)
+        throw HostError(ExitCode::Missing,
+                        ToUtf8(strPath) + " can't be loaded: " + WindowsErrorText(GetLastError()));
+    if (!BindDelayedImports(hLibrary))
+        throw HostError(ExitCode::Missing, ToUtf8(strPath) + " belongs to another version of this program");
+}

@@ -1,0 +1,108 @@
+// mfxhost: lists, shows and converts rule documents with the rules module, without the CAD system.
+
+#include "Commands.h"
+#include "CrashReport.h"
+#include "FrameworkLibrary.h"
+#include "LanguageUtil.h"
+#include "Text.h"
+#include "UnitNames.h"
+
+#include <afxwin.h>
+
+#include <CLI/CLI.hpp>
+
+#include <functional>
+#include <vector>
+
+namespace {
+
+CWinApp theApp(L"mfxhost");
+
+std::vector<std::string> LanguageWords() {
+    std::vector<std::string> words;
+    for (const CString& strWord : CLanguageUtil::GetLanguageWords()) words.push_back(ToUtf8(strWord));
+    return words;
+}
+
+// Reads the command line and runs the command it names.
+int Run(int argc, const char* const* argv) {
+    CLI::App cli("Lists, shows and converts rule documents of the sand casting rules.", "mfxhost");
+    cli.require_subcommand(1);
+    cli.allow_windows_style_options(false);  // "/file" is a file
+    cli.footer(
+        "Exit codes: 0 done, 1 findings, 2 wrong usage, 3 input that can't be read,\n"
+        "4 something missing on the machine or a file that can't be written.");
+
+    std::string language;
+    std::function<ExitCode(const RuleModule&)> command;
+    const auto add = [&](const char* name, const char* description, auto run) {
+        CLI::App* sub = cli.add_subcommand(name, description);
+        sub->add_option("--lang", language, "Language of the rules' texts")
+            ->check(CLI::IsMember(LanguageWords()));
+        sub->callback([&command, run] { command = run; });
+        return sub;
+    };
+
+    add("list", "Print the module's name, summary and rules",
+        [](const RuleModule& module) { return ListRules(module); });
+
+    std::string path;
+    bool bForce = false;
+    CLI::App* create =
+        add("new", "Write a rule document with every rule as it is by default",
+            [&](const RuleModule& module) { return NewDocument(module, FromUtf8(path), bForce); });
+    create->add_option("FILE", path, "Rule document to write")->required();
+    create->add_flag("--force", bForce, "Replace an existing file");
+
+    CLI::App* show = add("show", "Print the rules, parameters and constraints of a rule document",
+                         [&](const RuleModule& module) { return ShowDocument(module, FromUtf8(path)); });
+    show->add_option("FILE", path, "Rule document to read")->required();
+
+    std::string output;
+    ConvertOptions options;
+    CLI::App* convert =
+        add("convert", "Convert a rule document to other units", [&](const RuleModule& module) {
+            options.strInput = FromUtf8(path);
+            options.strOutput = FromUtf8(output);
+            return ConvertDocument(module, options);
+        });
+    convert->add_option("FILE", path, "Rule document to read")->required();
+    convert->add_option("--length", options.lengthUnit, "New length unit: " + LengthUnitSymbols());
+    convert->add_option("--angle", options.angleUnit, "New angle unit: " + AngleUnitSymbols());
+    convert->add_option("-o,--output", output, "File to write instead of FILE");
+
+    try {
+        cli.parse(argc, argv);
+    } catch (const CLI::CallForHelp&) {
+        const auto chosen = cli.get_subcommands();
+        Print(chosen.empty() ? cli.help() : chosen.front()->help("mfxhost"));
+        return static_cast<int>(ExitCode::Done);
+    } catch (const CLI::ParseError& error) {
+        throw HostError(ExitCode::Usage, std::string(error.what()) + "; mfxhost --help tells the usage");
+    }
+    CLanguageUtil::SetMfxKitLang(FromUtf8(language));
+    const RuleModule module;
+    return static_cast<int>(command(module));
+}
+
+}  // namespace
+
+int wmain(int argc, wchar_t** argv) {
+    InstallCrashReport();
+    PrepareConsole();
+    AfxWinInit(GetModuleHandleW(nullptr), nullptr, GetCommandLineW(), 0);
+    std::vector<std::string> arguments;
+    for (int i = 0; i < argc; ++i) arguments.push_back(ToUtf8(argv[i]));
+    std::vector<const char*> pointers;
+    for (const std::string& argument : arguments) pointers.push_back(argument.c_str());
+    try {
+        LoadFrameworkLibrary();
+        return Run(argc, pointers.data());
+    } catch (const HostError& error) {
+        PrintError(std::string("mfxhost: ") + error.what() + "\n");
+        return static_cast<int>(error.Code());
+    } catch (const std::exception& error) {
+        PrintError(std::string("mfxhost: unexpected failure: ") + error.what() + "\n");
+        return static_cast<int>(ExitCode::Missing);
+    }
+}

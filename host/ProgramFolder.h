@@ -1,0 +1,6 @@
+#pragma once
+
+#include <afx.h>
+
+// Folder that the program runs from, without a backslash at its end.
+CString GetProgramFolder();

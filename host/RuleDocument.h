@@ -1,0 +1,59 @@
+#pragma once
+
+#include "MfxTypes.h"
+#include "MfxXMLDocument.h"
+#include "RuleModule.h"
+
+#include <memory>
+#include <string>
+#include <vector>
+
+// A rule document: the rules that a company saved, of this and of other modules.
+//
+//   <?xml version="1.0" encoding="UTF-8"?>
+//   <MfxRules Version="1" Unit="1" AngleUnit="0">     unit codes of every rule: framework/MFXUnitConvertor.h
+//     <Rule .../>                                     module/RuleRecord.h
+//   </MfxRules>
+//
+// What the host does not understand stays as it was.
+class RuleDocument {
+  public:
+    // One "Rule" element and the rule made of it.
+    struct Entry {
+        std::unique_ptr<MfxXMLNode> pRecord;
+        RulePtr pRule;  // null when no rule of the module was recognised
+        int nLine = 0;
+    };
+
+    // An empty document, in millimetres and degrees.
+    RuleDocument();
+
+    // Reads a document and makes its rules. Throws HostError (UnreadableInput) that names file, line and
+    // reason.
+    RuleDocument(const CString& strPath, const RuleModule& module);
+
+    UnitPair GetUnits() const { return m_units; }
+    const std::vector<Entry>& GetEntries() const { return m_entries; }
+
+    // Appends the record of a rule, which the document takes over.
+    void Append(RulePtr pRule, const RuleModule& module);
+
+    // Converts every rule to other units and puts its new record in the old one's place.
+    void ConvertUnits(const UnitPair& units, const RuleModule& module);
+
+    // "file:line: ", the line only where it is known.
+    std::string Place(int nLine) const;
+    int GetLine(const MfxXMLNode& element) const { return m_pXml->GetLine(element); }
+
+    // Throws HostError (Missing) when the file can't be written.
+    void Save(const CString& strPath) const;
+
+  private:
+    void ReadUnits(const MfxXMLNode& root);
+    void ReadRules(const MfxXMLNode& root, const RuleModule& module);
+
+    CString m_strPath;
+    std::unique_ptr<MfxXMLDocument> m_pXml = std::make_unique<MfxXMLDocument>();
+    UnitPair m_units;
+    std::vector<Entry> m_entries;
+};

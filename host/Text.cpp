@@ -1,0 +1,51 @@
+#include "Text.h"
+
+#include <fcntl.h>
+#include <io.h>
+
+#include <cstdio>
+
+std::string ToUtf8(const CString& strText) {
+    const int nChars = strText.GetLength();
+    const int nBytes = WideCharToMultiByte(CP_UTF8, 0, strText, nChars, nullptr, 0, nullptr, nullptr);
+    std::string text(static_cast<std::size_t>(nBytes), '\0');
+    WideCharToMultiByte(CP_UTF8, 0, strText, nChars, text.data(), nBytes, nullptr, nullptr);
+    return text;
+}
+
+CString FromUtf8(const std::string& text) {
+    const int nBytes = static_cast<int>(text.size());
+    const int nChars = MultiByteToWideChar(CP_UTF8, 0, text.data(), nBytes, nullptr, 0);
+    std::wstring wide(static_cast<std::size_t>(nChars), L'\0');
+    MultiByteToWideChar(CP_UTF8, 0, text.data(), nBytes, wide.data(), nChars);
+    return CString(wide.c_str(), nChars);
+}
+
+void Print(const std::string& text) {
+    fwrite(text.data(), 1, text.size(), stdout);
+}
+
+void PrintError(const std::string& text) {
+    fwrite(text.data(), 1, text.size(), stderr);
+}
+
+void PrepareConsole() {
+    SetConsoleOutputCP(CP_UTF8);
+    // The same bytes on the console, in a file and in a pipe.
+    _setmode(_fileno(stdout), _O_BINARY);
+    _setmode(_fileno(stderr), _O_BINARY);
+}
+
+std::string WindowsErrorText(DWORD dwError) {
+    wchar_t szText[512] = L"";
+    FormatMessageW(FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS, nullptr, dwError, 0, szText,
+                   static_cast<DWORD>(std::size(szText)), nullptr);
+    CString strText(szText);
+    strText.TrimRight();
+    strText.TrimRight(L'.');
+    return ToUtf8(strText) + " (error " + std::to_string(dwError) + ")";
+}
+
+std::string Count(std::size_t nCount, const std::string& noun) {
+    return std::to_string(nCount) + " " + noun + (nCount == 1 ? "" : "s");
+}

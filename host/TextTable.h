@@ -1,0 +1,24 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+// A table of text with aligned columns, for the console. Cells are UTF-8; East Asian characters count as two
+// columns.
+class TextTable {
+  public:
+    enum class Align { Left, Right };
+
+    // One alignment per column.
+    explicit TextTable(std::vector<Align> columns) : m_columns(std::move(columns)) {}
+
+    // A row may have fewer cells than there are columns.
+    void Add(std::vector<std::string> cells) { m_rows.push_back(std::move(cells)); }
+
+    // The rows, each indented and ended by a line feed, columns two blanks apart.
+    std::string Format(int nIndent) const;
+
+  private:
+    std::vector<Align> m_columns;
+    std::vector<std::vector<std::string>> m_rows;
+};

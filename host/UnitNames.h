@@ -1,0 +1,19 @@
+// Units as people type and read them.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+// The code for a name or symbol ("mm", "Inch", "millimeters"), without regard to letter case; nothing for a
+// name that is none of the units that a rule document can be in.
+std::optional<int> FindLengthUnit(std::string_view name);
+std::optional<int> FindAngleUnit(std::string_view name);
+
+// Symbol for a unit code; empty for a code that a rule document can't be in.
+std::string LengthUnitSymbol(int nLengthUnit);
+std::string AngleUnitSymbol(int nAngleUnit);
+
+// The symbols that FindLengthUnit and FindAngleUnit know, for help texts: "mm, cm, in".
+std::string LengthUnitSymbols();
+std::string AngleUnitSymbols();

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <windows.h>
+#include <tchar.h>
+
+#include <cassert>
+
+#include "atlstr.h"
+#include "mfxmfcapi.h"
+
+#define ASSERT(booleanExpression) assert(booleanExpression)
+
+namespace mfx {
+struct CListPosition {};
+}  // namespace mfx
+
+// Place of an element in a list; null is no place. It stays valid until its element is removed.
+typedef mfx::CListPosition* POSITION;
+
+// Base of all classes with an identity. Objects can't be copied.
+class MFX_MFC_API CObject {
+  public:
+    virtual ~CObject();
+
+  protected:
+    CObject() = default;
+
+  private:
+    CObject(const CObject&) = delete;
+    void operator=(const CObject&) = delete;
+};

@@ -1,0 +1,5 @@
+#include "ccmdtarget.h"
+
+CCmdTarget::CCmdTarget() = default;
+
+CCmdTarget::~CCmdTarget() = default;

@@ -1,0 +1,67 @@
+#include <utility>
+
+#include "afxwin.h"
+
+namespace {
+
+// The plain vswprintf of MinGW takes %s as narrow text; these two functions follow Microsoft's rules
+// everywhere.
+bool FormatText(LPCWSTR format, va_list args, std::wstring& result) {
+    if (!format) return false;
+    va_list countArgs;
+    va_copy(countArgs, args);
+    const int length = ::_vscwprintf(format, countArgs);
+    va_end(countArgs);
+    if (length < 0) return false;
+
+    std::wstring text(static_cast<size_t>(length), L'\0');
+    if (::_vsnwprintf(text.data(), text.size() + 1, format, args) != length) return false;
+    result = std::move(text);
+    return true;
+}
+
+}  // namespace
+
+void CString::FormatV(LPCWSTR pszFormat, va_list args) {
+    std::wstring text;
+    if (!FormatText(pszFormat, args, text)) text.clear();
+    m_text = std::move(text);
+}
+
+void CString::Format(LPCWSTR pszFormat, ...) {
+    va_list args;
+    va_start(args, pszFormat);
+    FormatV(pszFormat, args);
+    va_end(args);
+}
+
+void CString::Format(UINT nFormatID, ...) {
+    CString format;
+    format.LoadString(nFormatID);
+    va_list args;
+    va_start(args, nFormatID);
+    FormatV(format, args);
+    va_end(args);
+}
+
+void CString::AppendFormat(LPCWSTR pszFormat, ...) {
+    std::wstring text;
+    va_list args;
+    va_start(args, pszFormat);
+    if (FormatText(pszFormat, args, text)) m_text += text;
+    va_end(args);
+}
+
+BOOL CString::LoadString(UINT nID) {
+    return LoadString(AfxGetResourceHandle(), nID);
+}
+
+BOOL CString::LoadString(HINSTANCE hInstance, UINT nID) {
+    // With a buffer size of 0 Windows hands out the resource itself, so the length has no limit. It has no
+    // terminator.
+    LPCWSTR resource = nullptr;
+    const int length = ::LoadStringW(hInstance, nID, reinterpret_cast<LPWSTR>(&resource), 0);
+    if (length <= 0 || !resource) return FALSE;
+    m_text.assign(resource, static_cast<size_t>(length));
+    return TRUE;
+}

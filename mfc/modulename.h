@@ -1,0 +1,10 @@
+#pragma once
+
+#include <windows.h>
+
+#include <string>
+
+namespace mfx {
+// File name of a loaded module (null: the program) without folder and extension.
+std::wstring ModuleBaseName(HMODULE module);
+}  // namespace mfx

@@ -1,0 +1,59 @@
+#include "RuleFactory.h"
+
+#include "RuleHeader.h"
+#include "SCVariableDraftAngleRule.h"
+#include "SandCastingRulesApp.h"
+#include "resource.h"
+
+#include <memory>
+#include <new>
+
+namespace {
+
+using RulePtr = std::unique_ptr<CMfxRule>;
+
+struct FactoryRow {
+    UINT nNameStringId;
+    RulePtr (*create)(const CString& strProcess, MfxXMLNode* pNode);
+};
+
+// In the order in which rules are created and in which a record's name is compared.
+constexpr FactoryRow kRules[] = {
+    {IDS_DRAFT_RULE_NAME,
+     [](const CString&, MfxXMLNode*) -> RulePtr { return std::make_unique<CMFXSCVariableDraftAngleRule>(); }},
+};
+
+RulePtr CreateRule(const FactoryRow& row, MfxXMLNode* pNode) {
+    try {
+        return row.create(LoadLocalizedString(IDS_PROCESS), pNode);
+    } catch (const std::bad_alloc&) {
+        return nullptr;
+    }
+}
+
+}  // namespace
+
+void AppendAllRules(MfxRuleArray& rules) {
+    for (const FactoryRow& row : kRules) {
+        RulePtr pRule = CreateRule(row, nullptr);
+        if (!pRule) continue;
+        rules.Add(pRule.get());
+        pRule.release();
+    }
+}
+
+bool IsRecordOfThisModule(const MfxXMLNode& record) {
+    CString strModule;
+    record.GetAttributeValue(L"Module", strModule);
+    return strModule.CompareNoCase(kModuleName) == 0;
+}
+
+CMfxRule* CreateRuleForRecord(MfxXMLNode& record) {
+    CString strName;
+    record.GetAttributeValue(L"Name", strName);
+    for (const FactoryRow& row : kRules) {
+        if (strName.CompareNoCase(LoadDefaultLanguageString(row.nNameStringId)) != 0) continue;
+        if (RulePtr pRule = CreateRule(row, &record)) return pRule.release();
+    }
+    return nullptr;
+}

@@ -1,0 +1,115 @@
+#include "SandCastingRulesApp.h"
+
+#include "LanguageUtil.h"
+#include "LocationHelper.h"
+
+CMFXSandCastingRulesApp* g_pSandCastingRulesApp = nullptr;
+
+namespace {
+
+constexpr wchar_t kResourceLibrary[] = L"\\MFXSandCastingRulesResu.dll";
+constexpr wchar_t kHelpFile[] = L"\\mfxkit.chm";
+constexpr wchar_t kFallBackLanguage[] = L"english";
+
+constexpr wchar_t kOptionsKey[] = L"SOFTWARE\\Quillmark\\KPT_PRODUCT\\MfxKit\\NX\\Add-in";
+constexpr wchar_t kLanguageOption[] = L"OptionsLanguage";
+
+CString LoadStringFrom(HINSTANCE hLibrary, UINT nStringId) {
+    CString strText;
+    if (hLibrary) strText.LoadString(hLibrary, nStringId);  // a null handle would mean the host's own strings
+    return strText;
+}
+
+CString SystemLocaleName(LCTYPE type) {
+    wchar_t szName[9] = L"";
+    GetLocaleInfoW(LOCALE_SYSTEM_DEFAULT, type, szName, static_cast<int>(std::size(szName)));
+    return szName;
+}
+
+}  // namespace
+
+CMFXSandCastingRulesApp::CMFXSandCastingRulesApp() = default;
+
+BOOL CMFXSandCastingRulesApp::InitInstance() {
+    CWinApp::InitInstance();
+    OpenResourceLibraries();
+    g_pSandCastingRulesApp = this;
+    return TRUE;
+}
+
+int CMFXSandCastingRulesApp::ExitInstance() {
+    g_pSandCastingRulesApp = nullptr;
+    if (m_hResDll) FreeLibrary(m_hResDll);
+    if (m_hDefaultResDll) FreeLibrary(m_hDefaultResDll);
+    m_hResDll = m_hDefaultResDll = nullptr;
+    return CWinApp::ExitInstance();
+}
+
+void CMFXSandCastingRulesApp::OpenResourceLibraries() {
+    m_hPrevResource = AfxGetResourceHandle();
+    m_strResPath = CLocationHelper::GetLocalizedResPath();
+    m_strLanguage = CLanguageUtil::GetMfxKitLang();
+    m_strResDllPath = m_strResPath + kResourceLibrary;
+    m_hResDll = LoadLibraryW(m_strResDllPath);
+
+    const CString strDefaultFolder = CLocationHelper::GetDefaultResPath();
+    if (!m_hResDll) {
+        m_strResPath = strDefaultFolder;
+        m_strResDllPath = strDefaultFolder + kResourceLibrary;
+        m_hResDll = LoadLibraryW(m_strResDllPath);
+        m_strLanguage = kFallBackLanguage;
+    }
+    // Opened also when it is the same file: the two handles are freed independently.
+    m_hDefaultResDll = LoadLibraryW(strDefaultFolder + kResourceLibrary);
+
+    m_strHelpPath = m_strResPath + kHelpFile;
+    if (m_hResDll) AfxSetResourceHandle(m_hResDll);
+}
+
+CString CMFXSandCastingRulesApp::LoadDefaultLanguageString(UINT nStringId) const {
+    return LoadStringFrom(m_hDefaultResDll, nStringId);
+}
+
+CString CMFXSandCastingRulesApp::LoadLocalizedString(UINT nStringId) const {
+    return LoadStringFrom(m_hResDll, nStringId);
+}
+
+CString CMFXSandCastingRulesApp::GetLanguage() const {
+    return m_strLanguage;
+}
+
+CString CMFXSandCastingRulesApp::GetRegistryLanguage() {
+    DWORD dwOption = static_cast<DWORD>(-1);
+    DWORD dwSize = sizeof dwOption;
+    RegGetValueW(HKEY_CURRENT_USER, kOptionsKey, kLanguageOption, RRF_RT_REG_DWORD, nullptr, &dwOption,
+                 &dwSize);
+    switch (dwOption) {
+        case 0:
+            return L"english";
+        case 1:
+            return L"japanese";
+        case 2:
+            return L"korean";
+        case 4:
+            return L"french";
+        // 3 has no language on purpose.
+        default:
+            return CLanguageUtil::GetLanguageWord(GetSystemDefaultLangID());
+    }
+}
+
+CString CMFXSandCastingRulesApp::GetLocaleCode() const {
+    if (m_strLanguageCode == L"chinese-simplified" || m_strLanguageCode == L"chinese")
+        return SystemLocaleName(LOCALE_SISO639LANGNAME) + L"_" + SystemLocaleName(LOCALE_SISO3166CTRYNAME);
+    if (m_strLanguageCode == L"japanese" || m_strLanguageCode == L"korean" || m_strLanguageCode == L"french")
+        return m_strLanguageCode;
+    return kFallBackLanguage;
+}
+
+CString LoadLocalizedString(UINT nStringId) {
+    return g_pSandCastingRulesApp ? g_pSandCastingRulesApp->LoadLocalizedString(nStringId) : CString();
+}
+
+CString LoadDefaultLanguageString(UINT nStringId) {
+    return g_pSandCastingRulesApp ? g_pSandCastingRulesApp->LoadDefaultLanguageString(nStringId) : CString();
+}

@@ -1,0 +1,33 @@
+#include "NumberText.h"
+
+#include "XmlNumber.h"
+
+#include <cmath>
+
+namespace {
+
+constexpr wchar_t kNumberCharacters[] = L".0123456789";
+
+}  // namespace
+
+bool IsNoUpperLimit(double value) {
+    return std::fabs(value - NoUpperLimitValue) <= kTolerance;
+}
+
+CString FormatDouble(double value) {
+    CString strText = FormatSixDecimals(value);
+    if (!std::isfinite(value)) return strText;
+    strText.TrimRight(L'0');
+    if (strText[strText.GetLength() - 1] == L'.') strText += L'0';
+    return strText;
+}
+
+double ParseDouble(const CString& strText) {
+    double value = 0.0;
+    ParseReal(strText.SpanIncluding(kNumberCharacters), value);
+    return value;
+}
+
+BOOL IsNumericText(const CString& strText) {
+    return strText.SpanIncluding(kNumberCharacters).GetLength() == strText.GetLength();
+}

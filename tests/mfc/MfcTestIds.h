@@ -1,0 +1,6 @@
+#pragma once
+
+#define IDS_TEST_GREETING 101
+#define IDS_TEST_FORMAT 102
+#define IDS_TEST_LONG 103
+#define IDS_TEST_MISSING 999
