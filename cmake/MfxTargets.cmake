@@ -78,7 +78,11 @@ endfunction()
 # The MinGW runtime stands beside the programs: one copy for all of them, so that objects and exceptions can cross
 # from one library to another.
 if(MINGW)
-  foreach(runtime libstdc++-6.dll libgcc_s_seh-1.dll libwinpthread-1.dll)
+  set(MFX_RUNTIME libstdc++-6.dll libgcc_s_seh-1.dll libwinpthread-1.dll)
+  if(MFX_HARDENED)
+    list(APPEND MFX_RUNTIME libssp-0.dll)
+  endif()
+  foreach(runtime IN LISTS MFX_RUNTIME)
     execute_process(COMMAND ${CMAKE_CXX_COMPILER} -print-file-name=${runtime}
       OUTPUT_VARIABLE path OUTPUT_STRIP_TRAILING_WHITESPACE)
     if(NOT IS_ABSOLUTE "${path}")
