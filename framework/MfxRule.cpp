@@ -174,6 +174,15 @@ CMFXConstraint* CMfxRule::CreateConstraintObject(MFXConstraintType_e type, CStri
     return pConstraint.release();
 }
 
+void CMfxRule::DeleteConstraintObject(CMFXConstraint* pConstraint) {
+    for (int i = 0; i < m_constraintArray.GetCount(); ++i) {
+        if (m_constraintArray[i] != pConstraint) continue;
+        m_constraintArray.RemoveAt(i);
+        delete pConstraint;
+        return;
+    }
+}
+
 void CMfxRule::ClearConstraints() {
     for (const CMFXConstraint* pConstraint : m_constraintArray) delete pConstraint;
     m_constraintArray.RemoveAll();

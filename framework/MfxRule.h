@@ -136,6 +136,9 @@ class MFXKIT_API CMfxRule {
     // Creates a constraint, appends it to the rule's constraints and returns it; the rule owns it.
     CMFXConstraint* CreateConstraintObject(MFXConstraintType_e type, CString strName, bool bActive);
 
+    // Deletes one constraint of the rule, parameters included.
+    void DeleteConstraintObject(CMFXConstraint* pConstraint);
+
     // Deletes all constraints.
     void ClearConstraints();
 

@@ -21,46 +21,47 @@ constexpr unsigned kParseOptions = pugi::parse_comments | pugi::parse_pi | pugi:
 
 constexpr wchar_t kIndent[] = L"  ";
 
-bool DecodeUtf8(std::string_view bytes, std::wstring& text) {
-    if (bytes.empty()) return true;
-    const int nBytes = static_cast<int>(bytes.size());
-    const int nChars = MultiByteToWideChar(CP_UTF8, MB_ERR_INVALID_CHARS, bytes.data(), nBytes, nullptr, 0);
-    if (nChars == 0) return false;
-    const std::size_t nOld = text.size();
-    text.resize(nOld + static_cast<std::size_t>(nChars));
-    MultiByteToWideChar(CP_UTF8, MB_ERR_INVALID_CHARS, bytes.data(), nBytes, &text[nOld], nChars);
-    return true;
+bool IsUtf8(std::string_view bytes) {
+    return bytes.empty() ||
+           (bytes.size() <= INT_MAX && MultiByteToWideChar(CP_UTF8, MB_ERR_INVALID_CHARS, bytes.data(),
+                                                           static_cast<int>(bytes.size()), nullptr, 0) > 0);
 }
 
-std::wstring DecodeUtf16(std::string_view bytes, bool bBigEndian) {
+std::string Utf16ToUtf8(std::string_view bytes, bool bBigEndian) {
     std::wstring text(bytes.size() / 2, L'\0');
     for (std::size_t i = 0; i < text.size(); ++i) {
         const auto first = static_cast<unsigned char>(bytes[2 * i]);
         const auto second = static_cast<unsigned char>(bytes[2 * i + 1]);
         text[i] = static_cast<wchar_t>(bBigEndian ? first << 8 | second : second << 8 | first);
     }
-    return text;
+    std::string utf8(text.size() * 3, '\0');
+    utf8.resize(static_cast<std::size_t>(
+        WideCharToMultiByte(CP_UTF8, 0, text.data(), static_cast<int>(text.size()), utf8.data(),
+                            static_cast<int>(utf8.size()), nullptr, nullptr)));
+    return utf8;
 }
 
-// Line of the first bytes that are not UTF-8, from 1.
-int FirstUndecodableLine(std::string_view bytes) {
+// The text without its byte-order mark, as UTF-8 wherever it is valid.
+std::string ToPlainUtf8(std::string_view bytes) {
+    constexpr std::string_view kUtf8Mark = "\xEF\xBB\xBF", kLittleEndian = "\xFF\xFE",
+                               kBigEndian = "\xFE\xFF";
+    if (bytes.starts_with(kLittleEndian) || bytes.starts_with(kBigEndian))
+        return Utf16ToUtf8(bytes.substr(2), bytes.starts_with(kBigEndian));
+    return std::string(bytes.substr(bytes.starts_with(kUtf8Mark) ? kUtf8Mark.size() : 0));
+}
+
+// Line of the first bytes that are not UTF-8 or are NUL, from 1; 0 when there are none. pugixml takes a text
+// up to its first NUL for the whole of it: the rest would be lost without a word.
+int FindUnreadableLine(const std::string& utf8) {
+    if (IsUtf8(utf8) && utf8.find('\0') == std::string::npos) return 0;
     int nLine = 1;
-    for (std::size_t start = 0; start < bytes.size(); ++nLine) {
-        const std::size_t end = std::min(bytes.find('\n', start), bytes.size() - 1) + 1;
-        std::wstring ignored;
-        if (!DecodeUtf8(bytes.substr(start, end - start), ignored)) break;
+    for (std::size_t start = 0; start < utf8.size(); ++nLine) {
+        const std::size_t end = std::min(utf8.find('\n', start), utf8.size() - 1) + 1;
+        const std::string_view line = std::string_view(utf8).substr(start, end - start);
+        if (!IsUtf8(line) || line.find('\0') != std::string_view::npos) break;
         start = end;
     }
     return nLine;
-}
-
-bool Decode(std::string_view bytes, std::wstring& text) {
-    if (bytes.starts_with("\xFF\xFE") || bytes.starts_with("\xFE\xFF")) {
-        text = DecodeUtf16(bytes.substr(2), bytes[0] == '\xFE');
-        return bytes.size() % 2 == 0;
-    }
-    if (bytes.starts_with("\xEF\xBB\xBF")) bytes.remove_prefix(3);
-    return bytes.size() <= INT_MAX && DecodeUtf8(bytes, text);
 }
 
 // Encodings that a declaration may name; pure ASCII is UTF-8 too.
@@ -104,6 +105,7 @@ MfxXMLDocument::~MfxXMLDocument() = default;
 
 void MfxXMLDocument::Clear() {
     m_pDocument->reset();
+    m_source.clear();
     m_lineStarts.clear();
 }
 
@@ -116,27 +118,15 @@ MfxXMLNode* MfxXMLDocument::CreateNode(const CString& strTag) {
 
 MfxXmlParseResult MfxXMLDocument::Parse(std::string_view bytes) {
     Clear();
-    std::wstring text;
-    if (!Decode(bytes, text)) {
-        MfxXmlParseResult result;
-        result.nLine = FirstUndecodableLine(bytes);
-        result.nColumn = 1;
-        result.strReason = L"the text is not valid UTF-8";
-        return result;
-    }
-    m_lineStarts.push_back(0);
-    for (std::size_t i = text.find(L'\n'); i != std::wstring::npos; i = text.find(L'\n', i + 1))
-        m_lineStarts.push_back(static_cast<std::ptrdiff_t>(i + 1));
-    // pugixml takes a text up to its first NUL for the whole of it; the rest would be lost without a word.
-    if (const std::size_t nNul = text.find(L'\0'); nNul != std::wstring::npos)
-        return Fail(static_cast<std::ptrdiff_t>(nNul), L"the text holds a NUL character");
+    m_source = ToPlainUtf8(bytes);
+    if (const int nLine = FindUnreadableLine(m_source))
+        return Fail(nLine, 1, L"the text is not valid UTF-8, or holds a NUL character");
 
-    const pugi::xml_parse_result parsed = m_pDocument->load_buffer(text.data(), text.size() * sizeof(wchar_t),
-                                                                   kParseOptions, pugi::encoding_wchar);
+    const pugi::xml_parse_result parsed =
+        m_pDocument->load_buffer(m_source.data(), m_source.size(), kParseOptions, pugi::encoding_utf8);
     if (!parsed) return Fail(parsed.offset, CString(parsed.description()));
     if (pugi::xml_attribute encoding = m_pDocument->first_child().attribute(L"encoding")) {
-        if (!IsReadableEncoding(encoding.value()))
-            return Fail(0, CString(L"the encoding is not UTF-8 or UTF-16"));
+        if (!IsReadableEncoding(encoding.value())) return Fail(1, 1, L"the encoding is not UTF-8 or UTF-16");
         encoding.set_value(L"UTF-8");  // what ToUtf8 writes
     }
     if (const pugi::xml_node deep = FindTooDeep(*m_pDocument, kMaxDepth))
@@ -152,18 +142,31 @@ MfxXmlParseResult MfxXMLDocument::Parse(std::string_view bytes) {
 }
 
 MfxXmlParseResult MfxXMLDocument::Fail(std::ptrdiff_t nOffset, const CString& strReason) {
-    MfxXmlParseResult result;
-    result.strReason = strReason;
-    if (nOffset >= 0) {
-        result.nLine = LineAt(nOffset);
-        result.nColumn =
-            static_cast<int>(nOffset - m_lineStarts[static_cast<std::size_t>(result.nLine - 1)]) + 1;
-    }
+    if (nOffset < 0) return Fail(0, 0, strReason);
+    const int nLine = LineAt(nOffset);
+    return Fail(nLine, static_cast<int>(nOffset - m_lineStarts[static_cast<std::size_t>(nLine - 1)]) + 1,
+                strReason);
+}
+
+MfxXmlParseResult MfxXMLDocument::Fail(int nLine, int nColumn, const CString& strReason) {
     Clear();
-    return result;
+    return {false, nLine, nColumn, strReason};
+}
+
+// The library counts in UTF-16 units, of which a character of four bytes makes two.
+void MfxXMLDocument::IndexLines() const {
+    std::ptrdiff_t nOffset = 0;
+    m_lineStarts.push_back(0);
+    for (const char ch : m_source) {
+        const auto value = static_cast<unsigned char>(ch);
+        const bool bContinues = (value & 0xC0) == 0x80;
+        if (!bContinues) nOffset += value >= 0xF0 ? 2 : 1;
+        if (ch == '\n') m_lineStarts.push_back(nOffset);
+    }
 }
 
 int MfxXMLDocument::LineAt(std::ptrdiff_t nOffset) const {
+    if (m_lineStarts.empty()) IndexLines();
     const auto next = std::upper_bound(m_lineStarts.begin(), m_lineStarts.end(), nOffset);
     return static_cast<int>(next - m_lineStarts.begin());
 }

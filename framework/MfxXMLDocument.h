@@ -61,10 +61,13 @@ class MFXKIT_API MfxXMLDocument {
 
     void Clear();
     MfxXmlParseResult Fail(std::ptrdiff_t nOffset, const CString& strReason);
+    MfxXmlParseResult Fail(int nLine, int nColumn, const CString& strReason);
+    void IndexLines() const;
     int LineAt(std::ptrdiff_t nOffset) const;
 
     std::unique_ptr<pugi::xml_document> m_pDocument;
-    std::vector<std::ptrdiff_t> m_lineStarts;  // offsets in the parsed text, in characters
+    std::string m_source;                              // the parsed text, UTF-8
+    mutable std::vector<std::ptrdiff_t> m_lineStarts;  // offsets in UTF-16 units; made on the first question
 };
 
 // Makes a document the current one for the life of the scope.

@@ -1,6 +1,8 @@
 // Inside the framework only: what the wrappers know of the XML library.
 #pragma once
 
+#include "MfxXMLNode.h"
+
 #include <afx.h>
 
 #include <pugixml.hpp>
@@ -9,6 +11,14 @@ static_assert(sizeof(pugi::char_t) == sizeof(wchar_t), "pugixml has to be built 
 
 namespace mfx_xml {
 
+// Between wrappers and the library's nodes, for code that handles many elements at once.
+struct Access {
+    static pugi::xml_node Element(const MfxXMLNode& node) { return pugi::xml_node(node.m_pElement); }
+    static MfxXMLNode* Wrap(const pugi::xml_node& element) {
+        return MfxXMLNode::Wrap(element.internal_object());
+    }
+};
+
 // Tag of the document's child under which elements live until they are appended somewhere. The name can't be
 // written in a file, so no element of a user can have it.
 inline constexpr const wchar_t* kDetachedTag = L"<detached>";
@@ -16,6 +26,14 @@ inline constexpr const wchar_t* kDetachedTag = L"<detached>";
 inline bool IsDetachedHolder(const pugi::xml_node& node) {
     return node && node.type() == pugi::node_element && node.parent().type() == pugi::node_document &&
            wcscmp(node.name(), kDetachedTag) == 0;
+}
+
+// An element's text; texts that comments separate are joined.
+inline CString TextOf(const pugi::xml_node& element) {
+    CString strText;
+    for (const pugi::xml_node child : element.children())
+        if (child.type() == pugi::node_pcdata || child.type() == pugi::node_cdata) strText += child.value();
+    return strText;
 }
 
 // Whether the text can be the name of an element or an attribute.

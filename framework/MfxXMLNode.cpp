@@ -68,10 +68,7 @@ void MfxXMLNode::SetNodeValue(const CString& strValue) {
 }
 
 CString MfxXMLNode::GetNodeValue() const {
-    CString strValue;
-    for (const pugi::xml_node child : pugi::xml_node(m_pElement).children())
-        if (child.type() == pugi::node_pcdata || child.type() == pugi::node_cdata) strValue += child.value();
-    return strValue;
+    return mfx_xml::TextOf(pugi::xml_node(m_pElement));
 }
 
 bool MfxXMLNode::GetNodeValueInInt(int& nValue) const {

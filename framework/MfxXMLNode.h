@@ -10,6 +10,10 @@ namespace pugi {
 struct xml_node_struct;
 }
 
+namespace mfx_xml {
+struct Access;
+}
+
 class MfxXMLNodeList;
 
 // Wrapper around one element of an MfxXMLDocument. Deleting the wrapper leaves the element where it is; the
@@ -56,6 +60,7 @@ class MFXKIT_API MfxXMLNode {
   private:
     friend class MfxXMLDocument;
     friend class MfxXMLNodeList;
+    friend struct mfx_xml::Access;
     explicit MfxXMLNode(pugi::xml_node_struct* pElement) : m_pElement(pElement) {}
 
     static MfxXMLNode* Wrap(pugi::xml_node_struct* pElement);

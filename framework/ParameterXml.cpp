@@ -1,21 +1,26 @@
 #include "ParameterXml.h"
 
 #include "MfxXMLDocument.h"
+#include "MfxXMLInternal.h"
 #include "ValueText.h"
 #include "XmlNumber.h"
 
-#include <memory>
+#include <algorithm>
+#include <charconv>
 
 namespace {
 
-using NodePtr = std::unique_ptr<MfxXMLNode>;
-using NodeListPtr = std::unique_ptr<MfxXMLNodeList>;
+using mfx_xml::Access;
+using pugi::xml_node;
 
-// ---- writing; every step does nothing for a null element
+// ---- writing
 
-void AppendTextChild(MfxXMLNode* pElement, const CString& strTag, const CString& strText) {
-    if (!pElement) return;
-    if (const NodePtr pChild{pElement->AppendNode(strTag)}) pChild->SetNodeValue(strText);
+void AppendTextChild(xml_node element, const wchar_t* pszTag, const CString& strText) {
+    element.append_child(pszTag).append_child(pugi::node_pcdata).set_value(strText);
+}
+
+void AppendAttribute(xml_node element, const wchar_t* pszName, const CString& strValue) {
+    element.append_attribute(pszName).set_value(strValue);
 }
 
 // Values that can't be right are dropped from the live parameter, not only from the record: those under
@@ -29,36 +34,47 @@ void DropUselessValues(CMfxParamStorage& storage) {
     if (bNothingSaid || bOddRanges) values = MfxArray<T>(10, 1);
 }
 
-void WriteIdentity(MfxXMLNode* pElement, const CMfxParamStorage& storage) {
-    if (!pElement) return;
-    pElement->AddAttribute(L"Name", storage.m_strName);
-    pElement->AddAttribute(L"Type", FormatInteger(storage.m_nParamId));
-    pElement->AddAttribute(L"Status", storage.m_bStatus ? L"1" : L"0");
+void WriteIdentity(xml_node element, const CMfxParamStorage& storage) {
+    AppendAttribute(element, L"Name", storage.m_strName);
+    AppendAttribute(element, L"Type", FormatInteger(storage.m_nParamId));
+    AppendAttribute(element, L"Status", storage.m_bStatus ? L"1" : L"0");
 }
 
-void WriteOperator(MfxXMLNode* pElement, const CMfxParamStorage& storage) {
-    AppendTextChild(pElement, L"Operator", FormatInteger(storage.m_operator));
+void WriteOperator(xml_node element, const CMfxParamStorage& storage) {
+    AppendTextChild(element, L"Operator", FormatInteger(storage.m_operator));
     for (const std::int32_t nOption : storage.m_operatorOptions)
-        AppendTextChild(pElement, L"OperatorOption", FormatInteger(nOption));
+        AppendTextChild(element, L"OperatorOption", FormatInteger(nOption));
 }
+
+// Name of a table cell's attribute: "Attribute1" for the first.
+class CellName {
+  public:
+    explicit CellName(std::size_t nCell) {
+        char digits[24];
+        const char* pEnd = std::to_chars(digits, digits + sizeof digits, nCell + 1).ptr;
+        std::copy(const_cast<const char*>(digits), pEnd, m_szName + kPrefixLength);
+    }
+    operator const wchar_t*() const { return m_szName; }
+
+  private:
+    static constexpr std::size_t kPrefixLength = 9;
+    wchar_t m_szName[kPrefixLength + 24] = L"Attribute";
+};
 
 // A row without cells is not written.
-void WriteTableRow(MfxXMLNode* pElement, const MfxTableRow& row) {
-    if (!pElement || row.cells.empty()) return;
-    const NodePtr pValue{pElement->AppendNode(L"Value")};
-    if (!pValue) return;
-    int nCell = 0;
-    for (const CString& strCell : row.cells)
-        pValue->AddAttribute(L"Attribute" + FormatInteger(++nCell), strCell);
+void WriteTableRow(xml_node element, const MfxTableRow& row) {
+    if (row.cells.empty()) return;
+    xml_node value = element.append_child(L"Value");
+    for (std::size_t i = 0; i < row.cells.size(); ++i) AppendAttribute(value, CellName(i), row.cells[i]);
 }
 
 template <class T>
-void WriteValues(MfxXMLNode* pElement, const CMfxParamStorage& storage) {
+void WriteValues(xml_node element, const CMfxParamStorage& storage) {
     for (const T& value : storage.GetValues<T>()) {
         if (storage.m_paramType == ParamTable)
-            WriteTableRow(pElement, ToRow(value));
+            WriteTableRow(element, ToRow(value));
         else
-            AppendTextChild(pElement, L"Value", ToText(value));
+            AppendTextChild(element, L"Value", ToText(value));
     }
 }
 
@@ -73,170 +89,139 @@ const wchar_t* SeverityTag(int nSeverity) {
     }
 }
 
-void WriteSeverityMap(MfxXMLNode* pCriteria, const CString& strTag, const MfxSeverityMap& map) {
-    if (!pCriteria) return;
-    const NodePtr pMap{pCriteria->AppendNode(strTag)};
-    if (!pMap) return;
+void WriteSeverityMap(xml_node criteria, const wchar_t* pszTag, const MfxSeverityMap& map) {
+    xml_node entries = criteria.append_child(pszTag);
     for (const auto& [nSeverity, deviation] : map) {
-        const NodePtr pEntry{pMap->AppendNode(SeverityTag(nSeverity))};
-        AppendTextChild(pEntry.get(), L"Value", FormatSixDecimals(deviation.first));
-        if (deviation.second > 0.0)
-            AppendTextChild(pEntry.get(), L"Value", FormatSixDecimals(deviation.second));
+        xml_node entry = entries.append_child(SeverityTag(nSeverity));
+        AppendTextChild(entry, L"Value", FormatSixDecimals(deviation.first));
+        if (deviation.second > 0.0) AppendTextChild(entry, L"Value", FormatSixDecimals(deviation.second));
     }
 }
 
-void WriteResultCriteria(MfxXMLNode* pElement, const CMfxParamStorage& storage) {
-    if (!pElement) return;
-    const NodePtr pCriteria{pElement->AppendNode(L"ResultCriteria")};
-    if (!pCriteria) return;
-    pCriteria->AddAttribute(L"Status", storage.m_bCriteriaStatus ? L"1" : L"0");
-    pCriteria->AddAttribute(L"CriteriaType", FormatInteger(storage.m_nCriteriaType));
-    WriteSeverityMap(pCriteria.get(), L"PercentDeviation", storage.m_percentDeviation);
-    WriteSeverityMap(pCriteria.get(), L"AbsoluteDeviation", storage.m_absoluteDeviation);
-    WriteSeverityMap(pCriteria.get(), L"AbsoluteValue", storage.m_absoluteValue);
+void WriteResultCriteria(xml_node element, const CMfxParamStorage& storage) {
+    xml_node criteria = element.append_child(L"ResultCriteria");
+    AppendAttribute(criteria, L"Status", storage.m_bCriteriaStatus ? L"1" : L"0");
+    AppendAttribute(criteria, L"CriteriaType", FormatInteger(storage.m_nCriteriaType));
+    WriteSeverityMap(criteria, L"PercentDeviation", storage.m_percentDeviation);
+    WriteSeverityMap(criteria, L"AbsoluteDeviation", storage.m_absoluteDeviation);
+    WriteSeverityMap(criteria, L"AbsoluteValue", storage.m_absoluteValue);
 }
 
 template <class T>
 MfxXMLNode* WriteParameter(CMfxParamStorage& storage) {
     DropUselessValues<T>(storage);
     MfxXMLDocument* pDocument = MfxXMLDocument::GetCurrent();
-    NodePtr pElement{pDocument ? pDocument->CreateNode(L"Parameter") : nullptr};
-    WriteIdentity(pElement.get(), storage);
-    WriteOperator(pElement.get(), storage);
-    AppendTextChild(pElement.get(), L"ParameterType", FormatInteger(storage.m_paramType));
-    WriteValues<T>(pElement.get(), storage);
-    WriteResultCriteria(pElement.get(), storage);
-    AppendTextChild(pElement.get(), L"Remarks", storage.m_strRemarks);
+    std::unique_ptr<MfxXMLNode> pElement(pDocument ? pDocument->CreateNode(L"Parameter") : nullptr);
+    if (!pElement) return nullptr;
+    const xml_node element = Access::Element(*pElement);
+    WriteIdentity(element, storage);
+    WriteOperator(element, storage);
+    AppendTextChild(element, L"ParameterType", FormatInteger(storage.m_paramType));
+    WriteValues<T>(element, storage);
+    WriteResultCriteria(element, storage);
+    AppendTextChild(element, L"Remarks", storage.m_strRemarks);
     return pElement.release();
 }
 
-// ---- reading; every step does nothing for a null element
+// ---- reading; a null node reads as empty
 
-NodePtr FindParameterElement(const MfxXMLNode* pParent, std::int32_t nParamId) {
-    if (!pParent) return nullptr;
-    const NodeListPtr pElements{pParent->GetNodeList(L"Parameter")};
-    for (long i = 0; i < pElements->GetSize(); ++i) {
-        CString strType;
-        (*pElements)[i]->GetAttributeValue(L"Type", strType);
-        std::int32_t nType = 0;  // a "Type" that is no number counts as 0
-        ParseInteger(strType, nType);
-        if (nType == nParamId) return std::make_unique<MfxXMLNode>(*(*pElements)[i]);
-    }
-    return nullptr;
-}
-
-// The number in the first such child, 0 without one.
-int ReadNumberChild(const MfxXMLNode* pElement, const CString& strTag) {
-    int nNumber = 0;
-    if (!pElement) return nNumber;
-    if (const NodePtr pChild{pElement->SelectSingleNode(strTag)}) pChild->GetNodeValueInInt(nNumber);
+// A number that is missing or unreadable is 0.
+std::int32_t ToNumber(const CString& strText) {
+    std::int32_t nNumber = 0;
+    ParseInteger(strText, nNumber);
     return nNumber;
 }
 
-void ReadOperatorOptions(const MfxXMLNode* pElement, CMfxParamStorage& storage) {
-    if (!pElement) return;
+xml_node FindElement(xml_node parent, std::int32_t nParamId) {
+    for (const xml_node element : parent.children(L"Parameter"))
+        if (ToNumber(element.attribute(L"Type").value()) == nParamId) return element;
+    return {};
+}
+
+void ReadOperatorOptions(xml_node element, CMfxParamStorage& storage) {
     storage.m_operatorOptions.RemoveAll();
-    const NodeListPtr pOptions{pElement->GetNodeList(L"OperatorOption")};
-    for (long i = 0; i < pOptions->GetSize(); ++i) {
-        int nOption = 0;
-        (*pOptions)[i]->GetNodeValueInInt(nOption);
-        storage.m_operatorOptions.Add(nOption);
-    }
+    for (const xml_node option : element.children(L"OperatorOption"))
+        storage.m_operatorOptions.Add(ToNumber(mfx_xml::TextOf(option)));
 }
 
 // Only "0" switches a parameter off: records without the attribute, or with a word in it, mean an active one.
-void ReadStatus(const MfxXMLNode* pElement, CMfxParamStorage& storage) {
-    if (!pElement) return;
-    CString strStatus;
-    pElement->GetAttributeValue(L"Status", strStatus);
-    storage.m_bStatus = strStatus != L"0";
+void ReadStatus(xml_node element, CMfxParamStorage& storage) {
+    storage.m_bStatus = wcscmp(element.attribute(L"Status").value(), L"0") != 0;
 }
 
 // The cells up to the first number that is missing.
-MfxTableRow ReadTableRow(const MfxXMLNode& element) {
+MfxTableRow ReadTableRow(xml_node element) {
     MfxTableRow row;
-    CString strCell;
-    while (element.GetAttributeValue(L"Attribute" + FormatInteger(static_cast<int>(row.cells.size()) + 1),
-                                     strCell))
-        row.cells.push_back(strCell);
+    pugi::xml_attribute hint;  // cells mostly stand in their order
+    while (const pugi::xml_attribute cell = element.attribute(CellName(row.cells.size()), hint))
+        row.cells.emplace_back(cell.value());
     return row;
 }
 
 template <class T>
-void ReadValues(const MfxXMLNode* pElement, CMfxParamStorage& storage) {
-    if (!pElement) return;
+void ReadValues(xml_node element, CMfxParamStorage& storage) {
     MfxArray<T>& values = storage.GetValues<T>();
     values.RemoveAll();
-    const NodeListPtr pElements{pElement->GetNodeList(L"Value")};
-    for (long i = 0; i < pElements->GetSize(); ++i) {
+    for (const xml_node child : element.children(L"Value")) {
         T value{};
         if (storage.m_paramType == ParamTable)
-            FromRow(ReadTableRow(*(*pElements)[i]), value);
+            FromRow(ReadTableRow(child), value);
         else
-            FromText((*pElements)[i]->GetNodeValue(), value);
-        values.Add(value);
+            FromText(mfx_xml::TextOf(child), value);
+        values.Add(std::move(value));
     }
 }
 
-int SeverityOfTag(const CString& strTag) {
-    if (strTag == SeverityTag(SeverityWarning)) return SeverityWarning;
-    return strTag == SeverityTag(SeverityInfo) ? SeverityInfo : SeverityUnknown;
+int SeverityOfTag(const wchar_t* pszTag) {
+    if (wcscmp(pszTag, SeverityTag(SeverityWarning)) == 0) return SeverityWarning;
+    return wcscmp(pszTag, SeverityTag(SeverityInfo)) == 0 ? SeverityInfo : SeverityUnknown;
 }
 
 // An entry's numbers that are missing or no numbers are 0.
-MfxDeviation ReadDeviation(const MfxXMLNode& entry) {
-    double numbers[2] = {};
-    const NodeListPtr pValues{entry.GetNodeList(L"Value")};
-    for (long i = 0; i < 2 && i < pValues->GetSize(); ++i) (*pValues)[i]->GetNodeValueInDouble(numbers[i]);
-    return {numbers[0], numbers[1]};
+MfxDeviation ReadDeviation(xml_node entry) {
+    const xml_node first = entry.child(L"Value");
+    MfxDeviation deviation;
+    ParseReal(mfx_xml::TextOf(first), deviation.first);
+    ParseReal(mfx_xml::TextOf(first.next_sibling(L"Value")), deviation.second);
+    return deviation;
 }
 
-void ReadSeverityMap(const MfxXMLNode* pCriteria, const CString& strTag, MfxSeverityMap& map) {
-    if (!pCriteria) return;
+void ReadSeverityMap(xml_node entries, MfxSeverityMap& map) {
     map.clear();
-    const NodePtr pMap{pCriteria->SelectSingleNode(strTag)};
-    if (!pMap) return;
-    const NodeListPtr pEntries{pMap->GetNodeList(L"")};
-    for (long i = 0; i < pEntries->GetSize(); ++i) {
-        const MfxXMLNode& entry = *(*pEntries)[i];
-        map.emplace(SeverityOfTag(entry.GetNodeName()), ReadDeviation(entry));
-    }
+    for (const xml_node entry : entries.children())
+        if (entry.type() == pugi::node_element)
+            map.emplace(SeverityOfTag(entry.name()), ReadDeviation(entry));
 }
 
 // Without the element the criteria stay as they are; an attribute that is missing means off and type 0.
-void ReadResultCriteria(const MfxXMLNode* pElement, CMfxParamStorage& storage) {
-    if (!pElement) return;
-    const NodePtr pCriteria{pElement->SelectSingleNode(L"ResultCriteria")};
-    if (!pCriteria) return;
-    CString strStatus, strType;
-    pCriteria->GetAttributeValue(L"Status", strStatus);
-    pCriteria->GetAttributeValue(L"CriteriaType", strType);
-    storage.m_bCriteriaStatus = strStatus == L"1";
-    storage.m_nCriteriaType = 0;
-    ParseInteger(strType, storage.m_nCriteriaType);
-    ReadSeverityMap(pCriteria.get(), L"PercentDeviation", storage.m_percentDeviation);
-    ReadSeverityMap(pCriteria.get(), L"AbsoluteDeviation", storage.m_absoluteDeviation);
-    ReadSeverityMap(pCriteria.get(), L"AbsoluteValue", storage.m_absoluteValue);
+void ReadResultCriteria(xml_node element, CMfxParamStorage& storage) {
+    const xml_node criteria = element.child(L"ResultCriteria");
+    if (!criteria) return;
+    storage.m_bCriteriaStatus = wcscmp(criteria.attribute(L"Status").value(), L"1") == 0;
+    storage.m_nCriteriaType = ToNumber(criteria.attribute(L"CriteriaType").value());
+    ReadSeverityMap(criteria.child(L"PercentDeviation"), storage.m_percentDeviation);
+    ReadSeverityMap(criteria.child(L"AbsoluteDeviation"), storage.m_absoluteDeviation);
+    ReadSeverityMap(criteria.child(L"AbsoluteValue"), storage.m_absoluteValue);
 }
 
-void ReadRemarks(const MfxXMLNode* pElement, CMfxParamStorage& storage) {
-    if (!pElement) return;
-    if (const NodePtr pRemarks{pElement->SelectSingleNode(L"Remarks")})
-        storage.m_strRemarks = pRemarks->GetNodeValue();
+void ReadRemarks(xml_node element, CMfxParamStorage& storage) {
+    if (const xml_node remarks = element.child(L"Remarks")) storage.m_strRemarks = mfx_xml::TextOf(remarks);
 }
 
 // The name is not read: it is the label in the user's language, which the parameter's creator set.
 template <class T>
 void ReadParameter(CMfxParamStorage& storage, const MfxXMLNode* pParent) {
-    const NodePtr pElement = FindParameterElement(pParent, storage.m_nParamId);
-    if (!pElement) return;
-    storage.m_operator = static_cast<MfxOperator_e>(ReadNumberChild(pElement.get(), L"Operator"));
-    ReadOperatorOptions(pElement.get(), storage);
-    storage.m_paramType = static_cast<MfxParamType_e>(ReadNumberChild(pElement.get(), L"ParameterType"));
-    ReadStatus(pElement.get(), storage);
-    ReadValues<T>(pElement.get(), storage);
-    ReadResultCriteria(pElement.get(), storage);
-    ReadRemarks(pElement.get(), storage);
+    const xml_node element =
+        pParent ? FindElement(Access::Element(*pParent), storage.m_nParamId) : xml_node();
+    if (!element) return;
+    storage.m_operator = static_cast<MfxOperator_e>(ToNumber(mfx_xml::TextOf(element.child(L"Operator"))));
+    ReadOperatorOptions(element, storage);
+    storage.m_paramType =
+        static_cast<MfxParamType_e>(ToNumber(mfx_xml::TextOf(element.child(L"ParameterType"))));
+    ReadStatus(element, storage);
+    ReadValues<T>(element, storage);
+    ReadResultCriteria(element, storage);
+    ReadRemarks(element, storage);
 }
 
 template <class T>
@@ -253,4 +238,8 @@ static_assert(std::size(kSerializers) == TypeTableRow);
 
 const ParameterSerializer* FindParameterSerializer(int nType) {
     return nType >= TypeBoolean && nType <= TypeTableRow ? kSerializers[nType - 1] : nullptr;
+}
+
+std::unique_ptr<MfxXMLNode> FindParameterElement(const MfxXMLNode& parent, std::int32_t nParamId) {
+    return std::unique_ptr<MfxXMLNode>(Access::Wrap(FindElement(Access::Element(parent), nParamId)));
 }

@@ -23,6 +23,8 @@
 #include "MfxParamStorage.h"
 #include "MfxXMLNode.h"
 
+#include <memory>
+
 // Writer and reader of the parameters of one value type.
 struct ParameterSerializer {
     // A new "Parameter" element in the current document, or null when there is no current document. The
@@ -35,3 +37,6 @@ struct ParameterSerializer {
 
 // The pair for a value type, or null for a number outside Type_e.
 MFXKIT_API const ParameterSerializer* FindParameterSerializer(int nType);
+
+// The first "Parameter" child of a rule's or constraint's element with that id, or null.
+MFXKIT_API std::unique_ptr<MfxXMLNode> FindParameterElement(const MfxXMLNode& parent, std::int32_t nParamId);

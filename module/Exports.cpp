@@ -63,7 +63,10 @@ extern "C" void GetRule(MfxXMLNode* pRecord, CMfxRule** ppRule) {
         if (!pRecord || !ppRule) return;
         const ResourceSwitch resources;
         if (!IsRecordOfThisModule(*pRecord)) return;
-        if (!*ppRule) *ppRule = CreateRuleForRecord(*pRecord);
+        if (*ppRule)
+            PrepareForRecord(**ppRule);
+        else
+            *ppRule = CreateRuleForRecord(*pRecord);
         if (*ppRule) (*ppRule)->PopulateFromXML(pRecord);
     });
 }

@@ -2,7 +2,10 @@
 
 #include "RuleHeader.h"
 #include "SCVariableDraftAngleRule.h"
+#include "SCWTVariationRule.h"
 #include "SandCastingRulesApp.h"
+#include "UniformThicknessRule.h"
+#include "WTBasedOnCastSizeAndWeightRule.h"
 #include "resource.h"
 
 #include <memory>
@@ -17,10 +20,26 @@ struct FactoryRow {
     RulePtr (*create)(const CString& strProcess, MfxXMLNode* pNode);
 };
 
+template <class Rule>
+RulePtr CreateWithRecord(const CString& strProcess, MfxXMLNode* pNode) {
+    return std::make_unique<Rule>(strProcess, kModuleName, CategorySandCasting, Rule::kRuleId, pNode);
+}
+
+RulePtr CreateDraftAngleRule(const CString&, MfxXMLNode*) {
+    return std::make_unique<CMFXSCVariableDraftAngleRule>();
+}
+
+RulePtr CreateVariationRule(const CString& strProcess, MfxXMLNode*) {
+    return std::make_unique<CMFXSCWTVariationRule>(strProcess, kModuleName, CategorySandCasting,
+                                                   CMFXSCWTVariationRule::kRuleId);
+}
+
 // In the order in which rules are created and in which a record's name is compared.
 constexpr FactoryRow kRules[] = {
-    {IDS_DRAFT_RULE_NAME,
-     [](const CString&, MfxXMLNode*) -> RulePtr { return std::make_unique<CMFXSCVariableDraftAngleRule>(); }},
+    {IDS_UNIFORM_RULE_NAME, &CreateWithRecord<CMFXUniformThicknessRule>},
+    {IDS_SIZE_WEIGHT_RULE_NAME, &CreateWithRecord<CMFXWTBasedOnCastSizeAndWeightRule>},
+    {IDS_DRAFT_RULE_NAME, &CreateDraftAngleRule},
+    {IDS_VARIATION_RULE_NAME, &CreateVariationRule},
 };
 
 RulePtr CreateRule(const FactoryRow& row, MfxXMLNode* pNode) {
@@ -56,4 +75,9 @@ CMfxRule* CreateRuleForRecord(MfxXMLNode& record) {
         if (RulePtr pRule = CreateRule(row, &record)) return pRule.release();
     }
     return nullptr;
+}
+
+void PrepareForRecord(CMfxRule& rule) {
+    if (auto* pRule = dynamic_cast<CMFXWTBasedOnCastSizeAndWeightRule*>(&rule))
+        pRule->m_nReloadMode = CMFXWTBasedOnCastSizeAndWeightRule::kRebuildConstraints;
 }

@@ -10,5 +10,8 @@ void AppendAllRules(MfxRuleArray& rules);
 // names no rule of this one. Names are compared in the default language and without regard to letter case.
 CMfxRule* CreateRuleForRecord(MfxXMLNode& record);
 
+// Makes a rule that is already there take a record that may hold other constraints than the rule has.
+void PrepareForRecord(CMfxRule& rule);
+
 // Whether the record is this module's.
 bool IsRecordOfThisModule(const MfxXMLNode& record);

@@ -9,15 +9,17 @@ namespace {
 
 constexpr wchar_t kResourceLibrary[] = L"\\MFXSandCastingRulesResu.dll";
 constexpr wchar_t kHelpFile[] = L"\\mfxkit.chm";
+const CString kNoText;
 constexpr wchar_t kFallBackLanguage[] = L"english";
 
 constexpr wchar_t kOptionsKey[] = L"SOFTWARE\\Quillmark\\KPT_PRODUCT\\MfxKit\\NX\\Add-in";
 constexpr wchar_t kLanguageOption[] = L"OptionsLanguage";
 
-CString LoadStringFrom(HINSTANCE hLibrary, UINT nStringId) {
-    CString strText;
-    if (hLibrary) strText.LoadString(hLibrary, nStringId);  // a null handle would mean the host's own strings
-    return strText;
+const CString& LoadStringFrom(HINSTANCE hLibrary, UINT nStringId, std::unordered_map<UINT, CString>& cache) {
+    const auto [entry, bNew] = cache.try_emplace(nStringId);
+    if (bNew && hLibrary)
+        entry->second.LoadString(hLibrary, nStringId);  // a null handle would mean the host's strings
+    return entry->second;
 }
 
 CString SystemLocaleName(LCTYPE type) {
@@ -66,12 +68,12 @@ void CMFXSandCastingRulesApp::OpenResourceLibraries() {
     if (m_hResDll) AfxSetResourceHandle(m_hResDll);
 }
 
-CString CMFXSandCastingRulesApp::LoadDefaultLanguageString(UINT nStringId) const {
-    return LoadStringFrom(m_hDefaultResDll, nStringId);
+const CString& CMFXSandCastingRulesApp::LoadDefaultLanguageString(UINT nStringId) const {
+    return LoadStringFrom(m_hDefaultResDll, nStringId, m_defaultStrings);
 }
 
-CString CMFXSandCastingRulesApp::LoadLocalizedString(UINT nStringId) const {
-    return LoadStringFrom(m_hResDll, nStringId);
+const CString& CMFXSandCastingRulesApp::LoadLocalizedString(UINT nStringId) const {
+    return LoadStringFrom(m_hResDll, nStringId, m_localizedStrings);
 }
 
 CString CMFXSandCastingRulesApp::GetLanguage() const {
@@ -106,10 +108,10 @@ CString CMFXSandCastingRulesApp::GetLocaleCode() const {
     return kFallBackLanguage;
 }
 
-CString LoadLocalizedString(UINT nStringId) {
-    return g_pSandCastingRulesApp ? g_pSandCastingRulesApp->LoadLocalizedString(nStringId) : CString();
+const CString& LoadLocalizedString(UINT nStringId) {
+    return g_pSandCastingRulesApp ? g_pSandCastingRulesApp->LoadLocalizedString(nStringId) : kNoText;
 }
 
-CString LoadDefaultLanguageString(UINT nStringId) {
-    return g_pSandCastingRulesApp ? g_pSandCastingRulesApp->LoadDefaultLanguageString(nStringId) : CString();
+const CString& LoadDefaultLanguageString(UINT nStringId) {
+    return g_pSandCastingRulesApp ? g_pSandCastingRulesApp->LoadDefaultLanguageString(nStringId) : kNoText;
 }

@@ -2,6 +2,8 @@
 
 #include <afxwin.h>
 
+#include <unordered_map>
+
 // The module's application object. At load it opens the resource library of the user's language and that of
 // the default language (MFXSandCastingRulesResu.dll in the folders of CLocationHelper); at unload it frees
 // both.
@@ -13,10 +15,10 @@ class CMFXSandCastingRulesApp : public CWinApp {
     int ExitInstance() override;
 
     // String of the default-language resource library; empty when there is none.
-    CString LoadDefaultLanguageString(UINT nStringId) const;
+    const CString& LoadDefaultLanguageString(UINT nStringId) const;
 
     // String of the resource library in the user's language; empty when there is none.
-    CString LoadLocalizedString(UINT nStringId) const;
+    const CString& LoadLocalizedString(UINT nStringId) const;
 
     CString GetLanguage() const;
 
@@ -39,12 +41,18 @@ class CMFXSandCastingRulesApp : public CWinApp {
     CString m_strLanguage;                 // language word; "english" after a fall-back
 
   private:
+    // A library's strings as they were loaded; rules ask for the same few again and again.
+    using StringCache = std::unordered_map<UINT, CString>;
+
     void OpenResourceLibraries();
+
+    mutable StringCache m_localizedStrings;
+    mutable StringCache m_defaultStrings;
 };
 
 // The application object between its start-up and its shut-down, null outside.
 extern CMFXSandCastingRulesApp* g_pSandCastingRulesApp;
 
 // The strings of the application object; empty while there is none.
-CString LoadLocalizedString(UINT nStringId);
-CString LoadDefaultLanguageString(UINT nStringId);
+const CString& LoadLocalizedString(UINT nStringId);
+const CString& LoadDefaultLanguageString(UINT nStringId);

@@ -29,3 +29,35 @@
 #define IDS_DRAFT_ANGLE_TABLE 29183 /* also the parameter's id */
 #define IDS_DRAFT_RULE_NAME 29192
 #define IDS_DRAFT_RULE_SUMMARY 29193
+
+/* Uniform wall thickness; the ids of the limits are also the parameters' ids */
+#define IDS_UNIFORM_RULE_NAME 10063
+#define IDS_UNIFORM_SUMMARY_MINIMUM 10065 /* label, value, unit */
+#define IDS_UNIFORM_SUMMARY_MAXIMUM 10066 /* label, value, unit */
+#define IDS_UNIFORM_MINIMUM 10067
+#define IDS_UNIFORM_MAXIMUM 10068
+#define IDS_UNIFORM_SUMMARY_LABEL 10069
+#define IDS_UNIFORM_SUMMARY_BY_MATERIAL 10072
+
+/* Wall thickness by cast size and weight; the ids of limits and mass unit are also the parameters' ids */
+#define IDS_SIZE_WEIGHT_RULE_NAME 10122
+#define IDS_SIZE_WEIGHT_SUMMARY 10123
+#define IDS_SIZE_WEIGHT_MASS_UNIT 10165
+#define IDS_SIZE_WEIGHT_THICKNESS 29118
+#define IDS_SIZE_WEIGHT_SIZE_MIN 29119
+#define IDS_SIZE_WEIGHT_SIZE_MAX 29120
+#define IDS_SIZE_WEIGHT_WEIGHT_MIN 29121
+#define IDS_SIZE_WEIGHT_WEIGHT_MAX 29122
+
+/* Mass units; records store the label, so it is the same in every language */
+#define IDS_MASS_TONNE 29100
+#define IDS_MASS_GRAM 29101
+#define IDS_MASS_KILOGRAM 29102
+#define IDS_MASS_MILLIGRAM 29103
+#define IDS_MASS_POUND 29109
+
+/* Wall-thickness variation */
+#define IDS_VARIATION_VALUE 29167 /* also the parameter's id */
+#define IDS_VARIATION_RULE_NAME 29168
+#define IDS_VARIATION_SUMMARY 29169 /* value */
+#define IDS_VARIATION_DESCRIPTION 29170

@@ -5,6 +5,7 @@
 #include "NumberText.h"
 #include "ResourceSwitch.h"
 #include "RuleHeader.h"
+#include "RuleParameters.h"
 #include "RuleRecord.h"
 #include "SandCastingRulesApp.h"
 #include "resource.h"

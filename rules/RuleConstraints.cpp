@@ -1,0 +1,44 @@
+#include "RuleConstraints.h"
+
+#include <algorithm>
+#include <memory>
+
+bool ReadConstraintAttributes(const MfxXMLNode& element, ConstraintAttributes& attributes) {
+    CString strType;
+    return element.GetAttributeValue(L"Type", strType) &&
+           element.GetAttributeValue(L"Value", attributes.strName) &&
+           element.GetAttributeValue(L"Status", attributes.strStatus);
+}
+
+CMFXConstraint* CreateConstraintWithParameters(CMfxRule& rule, const CString& strName, bool bActive,
+                                               std::span<const ParameterSpec> specs, bool bParametersActive) {
+    CMFXConstraint* pConstraint = rule.CreateConstraintObject(ConstraintByMaterial, strName, bActive);
+    if (!pConstraint) return nullptr;
+    for (const ParameterSpec& spec : specs) {
+        CMfxParamStorage* pStorage = rule.CreateParamStorageObject(TypeDouble, spec.nParamId, spec.op,
+                                                                   spec.paramType, bParametersActive, false);
+        if (!pStorage) {
+            rule.DeleteConstraintObject(pConstraint);
+            return nullptr;
+        }
+        pConstraint->AddParameter(pStorage);
+    }
+    return pConstraint;
+}
+
+bool HasParameters(const CMFXConstraint& constraint, std::span<const ParameterSpec> specs) {
+    return std::all_of(specs.begin(), specs.end(), [&](const ParameterSpec& spec) {
+        return constraint.FindParameterInArray(spec.nParamId) != nullptr;
+    });
+}
+
+void EmptyConstraintsForReading(CMfxRule& rule, const MfxXMLNode& record,
+                                std::span<const ParameterSpec> specs) {
+    const std::unique_ptr<MfxXMLNodeList> pElements(record.GetNodeList(L"Constraint"));
+    if (pElements->GetSize() != rule.m_constraintArray.GetCount()) return;
+    for (const CMFXConstraint* pConstraint : rule.m_constraintArray) {
+        if (!HasParameters(*pConstraint, specs)) continue;
+        for (const ParameterSpec& spec : specs)
+            pConstraint->FindParameterInArray(spec.nParamId)->GetValues<double>().RemoveAll();
+    }
+}

@@ -1,0 +1,50 @@
+// The parameters of the module's rules: ids and quantities. The ids are also the string ids of the labels.
+#pragma once
+
+#include "MfxTypes.h"
+
+// Variable draft angle
+inline constexpr long kDraftAngleTableId = 29183;
+
+// Uniform wall thickness; the last two are of records of older versions
+inline constexpr long kThicknessMinId = 10067;
+inline constexpr long kThicknessMaxId = 10068;
+inline constexpr long kLegacyMaterialTableId = 10070;
+inline constexpr long kLegacyMaterialSwitchId = 10071;
+
+// Wall thickness by cast size and weight
+inline constexpr long kSizeMinId = 29119;
+inline constexpr long kSizeMaxId = 29120;
+inline constexpr long kWeightMinId = 29121;
+inline constexpr long kWeightMaxId = 29122;
+inline constexpr long kThicknessId = 29118;
+inline constexpr long kMassUnitId = 10165;
+
+// Wall-thickness variation
+inline constexpr long kVariationId = 29167;
+
+// How a parameter of numbers is created.
+struct ParameterSpec {
+    long nParamId;
+    MfxOperator_e op;
+    MfxParamType_e paramType;
+};
+
+enum class ParameterQuantity { None, Length, Mass };
+
+// What a parameter's numbers measure; None for the variation and for parameters of texts.
+constexpr ParameterQuantity QuantityOfParameter(long nParamId) {
+    switch (nParamId) {
+        case kThicknessMinId:
+        case kThicknessMaxId:
+        case kSizeMinId:
+        case kSizeMaxId:
+        case kThicknessId:
+            return ParameterQuantity::Length;
+        case kWeightMinId:
+        case kWeightMaxId:
+            return ParameterQuantity::Mass;
+        default:
+            return ParameterQuantity::None;
+    }
+}

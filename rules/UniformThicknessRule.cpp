@@ -1,0 +1,257 @@
+#include "UniformThicknessRule.h"
+
+#include "MFXUnitConvertor.h"
+#include "NoThrow.h"
+#include "NumberText.h"
+#include "ResourceSwitch.h"
+#include "RuleConstraints.h"
+#include "RuleHeader.h"
+#include "RuleRecord.h"
+#include "SandCastingRulesApp.h"
+#include "UnitLabels.h"
+#include "XmlNumber.h"
+#include "resource.h"
+
+#include <cmath>
+#include <memory>
+
+namespace {
+
+struct ThicknessLimits {
+    double minimumMm;
+    double maximumMm;
+};
+
+constexpr ThicknessLimits kSandCastingLimits{6.0, 16.0};
+constexpr ThicknessLimits kOtherLimits{2.0, 3.0};
+
+constexpr ParameterSpec kLimitSpecs[] = {
+    {kThicknessMinId, OperatorAtLeast, ParamLimit},
+    {kThicknessMaxId, OperatorAtMost, ParamLimit},
+};
+
+ThicknessLimits DefaultLimits(int nCategory) {
+    return nCategory == CategorySandCasting ? kSandCastingLimits : kOtherLimits;
+}
+
+std::unique_ptr<MfxXMLNode> FindLastParameter(const MfxXMLNode& record, long nParamId) {
+    const std::unique_ptr<MfxXMLNodeList> pElements(record.GetNodeList(L"Parameter"));
+    for (long i = pElements->GetSize() - 1; i >= 0; --i) {
+        CString strType;
+        (*pElements)[i]->GetAttributeValue(L"Type", strType);
+        std::int32_t nType = 0;
+        ParseInteger(strType, nType);
+        if (nType == nParamId) return std::make_unique<MfxXMLNode>(*(*pElements)[i]);
+    }
+    return nullptr;
+}
+
+// Older records switch their material table on by a parameter of its own.
+bool IsOlderTableOn(const MfxXMLNode& record) {
+    const std::unique_ptr<MfxXMLNode> pSwitch = FindLastParameter(record, kLegacyMaterialSwitchId);
+    const std::unique_ptr<MfxXMLNode> pValue(pSwitch ? pSwitch->SelectSingleNode(L"Value") : nullptr);
+    double value = 0.0;
+    if (pValue) pValue->GetNodeValueInDouble(value);
+    return std::fabs(value - 1.0) < kTolerance;
+}
+
+CString AttributeOf(const MfxXMLNode& element, const CString& strName) {
+    CString strValue;
+    element.GetAttributeValue(strName, strValue);
+    return strValue;
+}
+
+// Older records keep a switch before the limit: two numbers are switch and limit, three switch and two
+// limits. Only exactly 1 means on.
+void NormalizeLegacyValues(CMfxParamStorage& limit) {
+    MfxArray<double>& values = limit.GetValues<double>();
+    if (values.GetCount() != 2 && values.GetCount() != 3) return;
+    limit.m_bStatus = values[0] == 1.0;
+    values.RemoveAt(0);
+}
+
+// One half of the summary; empty for a limit that is off or has no number.
+CString LimitSummary(const CMfxParamStorage& limit, MfxOperator_e op, UINT nFormatId,
+                     const CString& strUnit) {
+    const MfxArray<double>& values = limit.GetValues<double>();
+    if (!limit.m_bStatus || values.IsEmpty()) return CString();
+    const CString strLabel =
+        limit.m_operator == op ? LoadLocalizedString(IDS_UNIFORM_SUMMARY_LABEL) : CString();
+    CString strSummary;
+    strSummary.Format(LoadLocalizedString(nFormatId), strLabel.GetString(),
+                      FormatDouble(values[0]).GetString(), strUnit.GetString());
+    return strSummary;
+}
+
+void ConvertLimit(CMfxParamStorage& limit, int nFromUnit, int nToUnit) {
+    MfxArray<double>& values = limit.GetValues<double>();
+    if (values.IsEmpty()) return;
+    values[0] =
+        CMFXUnitConvertor().ConversionFromOneUnitToAnother(values[0], QuantityLength, nFromUnit, nToUnit);
+}
+
+// The unit of the document that the record stands in. Only the first character counts, by contract with
+// documents in use: code 10 reads as 1. Without a parent, or a digit, the code is 0.
+int ReadParentUnit(const MfxXMLNode& record) {
+    const std::unique_ptr<MfxXMLNode> pParent(record.GetParentNode());
+    const CString strUnit = pParent ? AttributeOf(*pParent, L"Unit") : CString();
+    std::int32_t nUnit = 0;
+    if (IsNumericText(strUnit.Left(1))) ParseInteger(strUnit.Left(1), nUnit);
+    return nUnit;
+}
+
+}  // namespace
+
+CMFXUniformThicknessRule::CMFXUniformThicknessRule(int nRuleId) {
+    SetHeader(LoadLocalizedString(IDS_PROCESS), kModuleName, CategorySandCasting, nRuleId);
+    InitializeParameters(nullptr);
+}
+
+CMFXUniformThicknessRule::CMFXUniformThicknessRule(const CString& strProcess, const CString& strModule,
+                                                   MFXRuleCategory_e category, int nRuleId,
+                                                   MfxXMLNode* pRecord) {
+    SetHeader(strProcess, strModule, category, nRuleId);
+    InitializeParameters(pRecord);
+}
+
+void CMFXUniformThicknessRule::SetHeader(const CString& strProcess, const CString& strModule,
+                                         MFXRuleCategory_e category, int nRuleId) {
+    if (!g_pSandCastingRulesApp) return;
+    SetRuleHeader(*this, IDS_UNIFORM_RULE_NAME, strProcess, strModule, category, nRuleId);
+    m_strSummary.Format(
+        LoadLocalizedString(IDS_UNIFORM_SUMMARY_MINIMUM) + LoadLocalizedString(IDS_UNIFORM_SUMMARY_MAXIMUM),
+        L"", L"", L"", L"", L"", L"");
+}
+
+void CMFXUniformThicknessRule::InitializeParameters(const MfxXMLNode* pRecord) {
+    const ResourceSwitch resources;  // the parameters' labels
+    CreateLimits();
+    UpdateSummary();  // of the default limits: the record's constraints count only once it is read
+    if (pRecord) {
+        CreateConstraintsOfOlderTable(*pRecord);
+        CreateConstraints(*pRecord);
+    }
+    m_bParametersCreated = true;
+}
+
+void CMFXUniformThicknessRule::CreateLimits() {
+    const ThicknessLimits limits = DefaultLimits(GetRuleCategoryEnum());
+    for (const ParameterSpec& spec : kLimitSpecs)
+        if (CMfxParamStorage* pLimit =
+                CreateParamStorageObject(TypeDouble, spec.nParamId, spec.op, spec.paramType, true, false))
+            pLimit->GetValues<double>().SetFirst(spec.nParamId == kThicknessMinId ? limits.minimumMm
+                                                                                  : limits.maximumMm);
+}
+
+// Older records keep the materials as rows of a table: name, lower limit, upper limit.
+void CMFXUniformThicknessRule::CreateConstraintsOfOlderTable(const MfxXMLNode& record) {
+    const std::unique_ptr<MfxXMLNode> pTable = FindLastParameter(record, kLegacyMaterialTableId);
+    if (!pTable) return;
+    const bool bActive = IsOlderTableOn(record);
+    const std::unique_ptr<MfxXMLNodeList> pRows(pTable->GetNodeList(L"Value"));
+    for (long i = 0; i < pRows->GetSize(); ++i) {
+        const MfxXMLNode& row = *(*pRows)[i];
+        const CMFXConstraint* pConstraint = CreateConstraintWithParameters(
+            *this, AttributeOf(row, L"Attribute1"), bActive, kLimitSpecs, bActive);
+        if (!pConstraint) continue;
+        pConstraint->FindParameterInArray(kThicknessMinId)
+            ->GetValues<double>()
+            .SetFirst(ParseDouble(AttributeOf(row, L"Attribute2")));
+        pConstraint->FindParameterInArray(kThicknessMaxId)
+            ->GetValues<double>()
+            .SetFirst(ParseDouble(AttributeOf(row, L"Attribute3")));
+    }
+}
+
+void CMFXUniformThicknessRule::CreateConstraints(const MfxXMLNode& record) {
+    const std::unique_ptr<MfxXMLNodeList> pElements(record.GetNodeList(L"Constraint"));
+    for (long i = 0; i < pElements->GetSize(); ++i) {
+        ConstraintAttributes attributes;
+        if (!ReadConstraintAttributes(*(*pElements)[i], attributes)) continue;
+        const bool bActive = attributes.strStatus == L"1";
+        CreateConstraintWithParameters(*this, attributes.strName, bActive, kLimitSpecs, bActive);
+    }
+}
+
+// The constructors do the work: they know the record.
+void CMFXUniformThicknessRule::InitializeParameters() {}
+
+int CMFXUniformThicknessRule::Execute(MFXICadSys*, const CMfxData*, MFXResultSet*, int) {
+    return -3;
+}
+
+void CMFXUniformThicknessRule::PopulateFromXML(MfxXMLNode* pNode) {
+    NoThrow([&] {
+        if (!pNode) return;
+        for (const ParameterSpec& spec : kLimitSpecs)
+            if (CMfxParamStorage* pLimit = FindParameterInArray(spec.nParamId))
+                pLimit->GetValues<double>().RemoveAll();
+        EmptyConstraintsForReading(*this, *pNode, kLimitSpecs);
+        ReadRuleRecord(this, pNode);
+        m_nLengthUnit = ReadParentUnit(*pNode);
+        UpdateSummary();
+    });
+}
+
+MfxXMLNode* CMFXUniformThicknessRule::BuildXMLNode() {
+    MfxXMLNode* pNode = nullptr;
+    NoThrow([&] {
+        pNode = WriteRuleRecord(this);
+        UpdateSummary();
+    });
+    return pNode;
+}
+
+void CMFXUniformThicknessRule::PrepareRule() {}
+
+void CMFXUniformThicknessRule::ConvertUnits(const UnitPair& from, const UnitPair& to) {
+    NoThrow([&] {
+        CMfxParamStorage* pMinimum = FindParameterInArray(kThicknessMinId);
+        CMfxParamStorage* pMaximum = FindParameterInArray(kThicknessMaxId);
+        if (!pMinimum || !pMaximum) return;
+        NormalizeLegacyValues(*pMinimum);
+        NormalizeLegacyValues(*pMaximum);
+        if (from.m_nLengthUnit != to.m_nLengthUnit) {
+            ConvertLimit(*pMinimum, from.m_nLengthUnit, to.m_nLengthUnit);
+            ConvertLimit(*pMaximum, from.m_nLengthUnit, to.m_nLengthUnit);
+            for (const CMFXConstraint* pConstraint : m_constraintArray) {
+                if (!HasParameters(*pConstraint, kLimitSpecs)) continue;
+                for (const ParameterSpec& spec : kLimitSpecs)
+                    ConvertLimit(*pConstraint->FindParameterInArray(spec.nParamId), from.m_nLengthUnit,
+                                 to.m_nLengthUnit);
+            }
+        }
+        m_nLengthUnit = to.m_nLengthUnit;
+        m_nAngleUnit = to.m_nAngleUnit;
+        UpdateSummary();
+    });
+}
+
+bool CMFXUniformThicknessRule::AcceptRuleData(const CMfxData*) {
+    return true;
+}
+
+int CMFXUniformThicknessRule::ExecuteAlternate(MFXICadSys*, const CMfxData*, MFXResultSet*, int) {
+    return 0;
+}
+
+void CMFXUniformThicknessRule::SetRuleStatusForAssemblyModel(int) {}
+
+int CMFXUniformThicknessRule::GetMaterialStatus() const {
+    return 0;
+}
+
+// Says the limits that are on, or that there are limits by material; of the materials only the first one
+// decides.
+void CMFXUniformThicknessRule::UpdateSummary() {
+    CMfxParamStorage* pMinimum = FindParameterInArray(kThicknessMinId);
+    CMfxParamStorage* pMaximum = FindParameterInArray(kThicknessMaxId);
+    if (!g_pSandCastingRulesApp || !pMinimum || !pMaximum) return;
+    NormalizeLegacyValues(*pMinimum);
+    NormalizeLegacyValues(*pMaximum);
+    const CString strUnit = GetLengthUnitLabel(m_nLengthUnit);
+    m_strSummary = LimitSummary(*pMinimum, OperatorAtLeast, IDS_UNIFORM_SUMMARY_MINIMUM, strUnit) +
+                   LimitSummary(*pMaximum, OperatorAtMost, IDS_UNIFORM_SUMMARY_MAXIMUM, strUnit);
+    if (!m_constraintArray.IsEmpty() && m_constraintArray[0]->m_bActive)
+        m_strSummary = LoadLocalizedString(IDS_UNIFORM_SUMMARY_BY_MATERIAL);
+}

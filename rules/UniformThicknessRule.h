@@ -1,0 +1,41 @@
+#pragma once
+
+#include "MfxRule.h"
+
+// Wall thickness between two limits, in the rule's length unit m_nLengthUnit; optionally limits per material,
+// each a constraint named after the material with a pair of limits of its own.
+class CMFXUniformThicknessRule : public CMfxRule {
+  public:
+    static constexpr int kRuleId = 19010;
+
+    // A rule of this module with the default limits.
+    explicit CMFXUniformThicknessRule(int nRuleId);
+
+    // A rule with the given header. With a record its constraints are created from it, also those of older
+    // records; PopulateFromXML fills them. Without an application object the header stays empty.
+    CMFXUniformThicknessRule(const CString& strProcess, const CString& strModule, MFXRuleCategory_e category,
+                             int nRuleId, MfxXMLNode* pRecord);
+
+    void InitializeParameters() override;
+    int Execute(MFXICadSys* pCadSys, const CMfxData* pData, MFXResultSet* pResults, int nMode) override;
+    void PopulateFromXML(MfxXMLNode* pNode) override;
+    MfxXMLNode* BuildXMLNode() override;
+    void PrepareRule() override;
+    void ConvertUnits(const UnitPair& from, const UnitPair& to) override;
+    bool AcceptRuleData(const CMfxData* pData) override;
+    int ExecuteAlternate(MFXICadSys* pCadSys, const CMfxData* pData, MFXResultSet* pResults,
+                         int nMode) override;
+    void SetRuleStatusForAssemblyModel(int nStatus) override;
+    int GetMaterialStatus() const override;
+
+    using CMfxRule::operator=;
+
+  private:
+    void SetHeader(const CString& strProcess, const CString& strModule, MFXRuleCategory_e category,
+                   int nRuleId);
+    void CreateLimits();
+    void CreateConstraintsOfOlderTable(const MfxXMLNode& record);
+    void CreateConstraints(const MfxXMLNode& record);
+    void InitializeParameters(const MfxXMLNode* pRecord);
+    void UpdateSummary();
+};

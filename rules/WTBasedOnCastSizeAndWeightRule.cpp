@@ -1,0 +1,173 @@
+#include "WTBasedOnCastSizeAndWeightRule.h"
+
+#include "MFXUnitConvertor.h"
+#include "NoThrow.h"
+#include "NumberText.h"
+#include "ResourceSwitch.h"
+#include "RuleConstraints.h"
+#include "RuleHeader.h"
+#include "RuleRecord.h"
+#include "SandCastingRulesApp.h"
+#include "resource.h"
+
+#include <memory>
+
+namespace {
+
+// The group whose limits hold from the start.
+constexpr wchar_t kDefaultGroup[] = L"Default";
+
+constexpr ParameterSpec kBandSpecs[] = {
+    {kSizeMinId, OperatorEqual, ParamLimit},    {kSizeMaxId, OperatorAtMost, ParamLimit},
+    {kWeightMinId, OperatorAtMost, ParamMass},  {kWeightMaxId, OperatorAtMost, ParamMass},
+    {kThicknessId, OperatorAtMost, ParamLimit},
+};
+
+// The lists that a change of the length unit converts; weights keep their unit.
+constexpr ParameterSpec kLengthSpecs[] = {kBandSpecs[0], kBandSpecs[1], kBandSpecs[4]};
+static_assert(QuantityOfParameter(kLengthSpecs[2].nParamId) == ParameterQuantity::Length);
+
+MfxArray<double>& NumbersOf(const CMFXConstraint& constraint, long nParamId) {
+    return constraint.FindParameterInArray(nParamId)->GetValues<double>();
+}
+
+void FillBands(const CMFXConstraint& constraint, const std::vector<CastSizeAndWeightBand>& bands) {
+    for (const CastSizeAndWeightBand& band : bands) {
+        NumbersOf(constraint, kSizeMinId).Add(band.sizeMin);
+        NumbersOf(constraint, kSizeMaxId).Add(band.sizeMax);
+        NumbersOf(constraint, kWeightMinId).Add(band.weightMin);
+        NumbersOf(constraint, kWeightMaxId).Add(band.weightMax);
+        NumbersOf(constraint, kThicknessId).Add(band.thickness);
+    }
+}
+
+// Whether a number stands for something that has no unit: a value not given, or no upper limit.
+bool IsMarker(double value) {
+    return value < -kTolerance || IsNoUpperLimit(value);
+}
+
+void ConvertBands(const CMFXConstraint& constraint, int nFromUnit, int nToUnit) {
+    const int nBands = NumbersOf(constraint, kSizeMinId).GetCount();
+    const CMFXUnitConvertor convertor;
+    for (const ParameterSpec& spec : kLengthSpecs) {
+        MfxArray<double>& values = NumbersOf(constraint, spec.nParamId);
+        for (int i = 0; i < nBands && i < values.GetCount(); ++i)
+            if (!IsMarker(values[i]))
+                values[i] =
+                    convertor.ConversionFromOneUnitToAnother(values[i], QuantityLength, nFromUnit, nToUnit);
+    }
+}
+
+}  // namespace
+
+CMFXWTBasedOnCastSizeAndWeightRule::CMFXWTBasedOnCastSizeAndWeightRule(MfxXMLNode* pRecord) {
+    SetHeader(LoadLocalizedString(IDS_PROCESS), kModuleName, CategorySandCasting, kRuleId);
+    CreateParameters(pRecord);
+}
+
+CMFXWTBasedOnCastSizeAndWeightRule::CMFXWTBasedOnCastSizeAndWeightRule(const CString& strProcess,
+                                                                       const CString& strModule,
+                                                                       MFXRuleCategory_e category,
+                                                                       int nRuleId, MfxXMLNode* pRecord) {
+    SetHeader(strProcess, strModule, category, nRuleId);
+    CreateParameters(pRecord);
+}
+
+void CMFXWTBasedOnCastSizeAndWeightRule::SetHeader(const CString& strProcess, const CString& strModule,
+                                                   MFXRuleCategory_e category, int nRuleId) {
+    if (!g_pSandCastingRulesApp) return;
+    SetRuleHeader(*this, IDS_SIZE_WEIGHT_RULE_NAME, strProcess, strModule, category, nRuleId);
+    m_strSummary = LoadLocalizedString(IDS_SIZE_WEIGHT_SUMMARY);
+}
+
+void CMFXWTBasedOnCastSizeAndWeightRule::CreateParameters(const MfxXMLNode* pRecord) {
+    if (!pRecord) return CMFXWTBasedOnCastSizeAndWeightRule::InitializeParameters();
+    const ResourceSwitch resources;  // the parameters' labels
+    CreateConstraints(*pRecord);
+    CreateMassUnit();
+    m_bParametersCreated = true;
+}
+
+// A fresh rule has no groups on purpose: they come from a record or from the dialog.
+void CMFXWTBasedOnCastSizeAndWeightRule::InitializeParameters() {
+    NoThrow([this] {
+        const ResourceSwitch resources;  // the parameters' labels
+        for (const auto& [strGroup, bands] : m_mapGroupRows) {
+            const bool bActive = strGroup == kDefaultGroup;
+            if (const CMFXConstraint* pConstraint =
+                    CreateConstraintWithParameters(*this, strGroup, bActive, kBandSpecs, true))
+                FillBands(*pConstraint, bands);
+        }
+        CreateMassUnit();
+        m_bParametersCreated = true;
+    });
+}
+
+void CMFXWTBasedOnCastSizeAndWeightRule::CreateMassUnit() {
+    if (CMfxParamStorage* pUnit =
+            CreateParamStorageObject(TypeText, kMassUnitId, OperatorEqual, ParamText, true, false))
+        pUnit->GetValues<CString>().SetFirst(LoadLocalizedString(IDS_MASS_KILOGRAM));
+}
+
+// Every constraint of a record is active, whatever its status says, unlike those of the uniform thickness.
+void CMFXWTBasedOnCastSizeAndWeightRule::CreateConstraints(const MfxXMLNode& record) {
+    const std::unique_ptr<MfxXMLNodeList> pElements(record.GetNodeList(L"Constraint"));
+    for (long i = 0; i < pElements->GetSize(); ++i) {
+        ConstraintAttributes attributes;
+        if (ReadConstraintAttributes(*(*pElements)[i], attributes))
+            CreateConstraintWithParameters(*this, attributes.strName, true, kBandSpecs, true);
+    }
+}
+
+int CMFXWTBasedOnCastSizeAndWeightRule::Execute(MFXICadSys*, const CMfxData*, MFXResultSet*, int) {
+    return 0;
+}
+
+void CMFXWTBasedOnCastSizeAndWeightRule::PopulateFromXML(MfxXMLNode* pNode) {
+    NoThrow([&] {
+        if (!pNode) return;
+        const ResourceSwitch resources;  // the parameters' labels
+        if (m_nReloadMode == kRebuildConstraints) {
+            ClearConstraints();
+            CreateConstraints(*pNode);
+            if (!FindParameterInArray(kMassUnitId)) CreateMassUnit();
+            m_bParametersCreated = true;
+        }
+        EmptyConstraintsForReading(*this, *pNode, kBandSpecs);
+        if (CMfxParamStorage* pUnit = FindParameterInArray(kMassUnitId)) {
+            pUnit->GetValues<CString>().RemoveAll();
+            ReadRuleRecord(this, pNode);
+        }
+    });
+}
+
+MfxXMLNode* CMFXWTBasedOnCastSizeAndWeightRule::BuildXMLNode() {
+    MfxXMLNode* pNode = nullptr;
+    NoThrow([&] { pNode = WriteRuleRecord(this); });
+    return pNode;
+}
+
+void CMFXWTBasedOnCastSizeAndWeightRule::PrepareRule() {}
+
+void CMFXWTBasedOnCastSizeAndWeightRule::ConvertUnits(const UnitPair& from, const UnitPair& to) {
+    NoThrow([&] {
+        m_nLengthUnit = to.m_nLengthUnit;
+        m_nAngleUnit = to.m_nAngleUnit;
+        if (from.m_nLengthUnit == to.m_nLengthUnit) return;
+        for (const CMFXConstraint* pConstraint : m_constraintArray)
+            if (HasParameters(*pConstraint, kLengthSpecs))
+                ConvertBands(*pConstraint, from.m_nLengthUnit, to.m_nLengthUnit);
+    });
+}
+
+bool CMFXWTBasedOnCastSizeAndWeightRule::AcceptRuleData(const CMfxData*) {
+    return true;
+}
+
+int CMFXWTBasedOnCastSizeAndWeightRule::ExecuteAlternate(MFXICadSys*, const CMfxData*, MFXResultSet*, int) {
+    return -3;
+}
+
+int CMFXWTBasedOnCastSizeAndWeightRule::GetMaterialStatus() const {
+    return 0;
+}
