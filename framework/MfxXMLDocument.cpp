@@ -17,14 +17,15 @@ MfxXMLDocument* g_pCurrentDocument = nullptr;
 // Everything is kept that can be, and nothing is changed: no line ends turned, no blanks dropped from texts.
 constexpr unsigned kParseOptions = pugi::parse_comments | pugi::parse_pi | pugi::parse_declaration |
                                    pugi::parse_doctype | pugi::parse_cdata | pugi::parse_escapes |
-                                   pugi::parse_ws_pcdata_single;
+                                   pugi::parse_ws_pcdata_single | pugi::parse_fragment;
 
 constexpr wchar_t kIndent[] = L"  ";
 
 bool IsUtf8(std::string_view bytes) {
-    return bytes.empty() ||
-           (bytes.size() <= INT_MAX && MultiByteToWideChar(CP_UTF8, MB_ERR_INVALID_CHARS, bytes.data(),
-                                                           static_cast<int>(bytes.size()), nullptr, 0) > 0);
+    if (std::all_of(bytes.begin(), bytes.end(), [](char ch) { return static_cast<signed char>(ch) >= 0; }))
+        return true;
+    return bytes.size() <= INT_MAX && MultiByteToWideChar(CP_UTF8, MB_ERR_INVALID_CHARS, bytes.data(),
+                                                          static_cast<int>(bytes.size()), nullptr, 0) > 0;
 }
 
 std::string Utf16ToUtf8(std::string_view bytes, bool bBigEndian) {
@@ -74,7 +75,7 @@ bool IsReadableEncoding(const CString& strEncoding) {
 pugi::xml_node FindTooDeep(const pugi::xml_node& document, int nMaxDepth) {
     int nDepth = 0;
     for (pugi::xml_node node = document.first_child(); node;) {
-        if (nDepth >= nMaxDepth) return node;
+        if (nDepth >= nMaxDepth && node.type() == pugi::node_element) return node;
         if (node.first_child()) {
             node = node.first_child();
             ++nDepth;
@@ -125,16 +126,23 @@ MfxXmlParseResult MfxXMLDocument::Parse(std::string_view bytes) {
     const pugi::xml_parse_result parsed =
         m_pDocument->load_buffer(m_source.data(), m_source.size(), kParseOptions, pugi::encoding_utf8);
     if (!parsed) return Fail(parsed.offset, CString(parsed.description()));
-    if (pugi::xml_attribute encoding = m_pDocument->first_child().attribute(L"encoding")) {
+    const pugi::xml_node declaration = m_pDocument->first_child();
+    pugi::xml_attribute encoding = declaration.attribute(L"encoding");
+    if (encoding && declaration.type() == pugi::node_declaration) {
         if (!IsReadableEncoding(encoding.value())) return Fail(1, 1, L"the encoding is not UTF-8 or UTF-16");
         encoding.set_value(L"UTF-8");  // what ToUtf8 writes
     }
+    const pugi::xml_node root = m_pDocument->document_element();
+    if (!root) return Fail(0, 0, L"there is no element");
+    for (const pugi::xml_node child : m_pDocument->children()) {
+        const bool bText = child.type() == pugi::node_pcdata || child.type() == pugi::node_cdata;
+        if (bText && !CString(child.value()).Trim().IsEmpty())
+            return Fail(child.offset_debug(), L"there is text outside the outermost element");
+        if (child.type() == pugi::node_element && child != root)
+            return Fail(child.offset_debug(), L"there is more than one outermost element");
+    }
     if (const pugi::xml_node deep = FindTooDeep(*m_pDocument, kMaxDepth))
         return Fail(deep.offset_debug(), L"elements are nested too deep");
-    for (pugi::xml_node extra = m_pDocument->document_element().next_sibling(); extra;
-         extra = extra.next_sibling())
-        if (extra.type() == pugi::node_element)
-            return Fail(extra.offset_debug(), L"there is more than one outermost element");
 
     MfxXmlParseResult result;
     result.bOk = true;

@@ -23,8 +23,8 @@ struct MfxXmlParseResult {
 };
 
 // An XML document. It also keeps the elements that were created in it and not appended anywhere; those are
-// never written. Comments, processing instructions and texts, blank ones included, are kept as they were
-// read.
+// never written. Comments, processing instructions and texts are kept as they were read, also a blank text
+// that is all of an element's content.
 class MFXKIT_API MfxXMLDocument {
   public:
     MfxXMLDocument();

@@ -5,6 +5,8 @@
 
 #include <afx.h>
 
+#include <algorithm>
+
 #include <pugixml.hpp>
 
 static_assert(sizeof(pugi::char_t) == sizeof(wchar_t), "pugixml has to be built with PUGIXML_WCHAR_MODE");
@@ -36,11 +38,18 @@ inline CString TextOf(const pugi::xml_node& element) {
     return strText;
 }
 
-// Whether the text can be the name of an element or an attribute.
+// Whether the text can be the name of an element or an attribute. Beyond ASCII every character is taken for a
+// letter.
 inline bool IsXmlName(const CString& strName) {
-    if (strName.IsEmpty() || strName.FindOneOf(L" \t\r\n<>&'\"/=?!;") >= 0) return false;
-    const wchar_t first = strName[0];
-    return !(first >= L'0' && first <= L'9') && first != L'-' && first != L'.';
+    const auto isStart = [](wchar_t ch) {
+        return (ch >= L'a' && ch <= L'z') || (ch >= L'A' && ch <= L'Z') || ch == L'_' || ch == L':' ||
+               ch >= 0x80;
+    };
+    const auto isFurther = [&](wchar_t ch) {
+        return isStart(ch) || (ch >= L'0' && ch <= L'9') || ch == L'-' || ch == L'.';
+    };
+    const wchar_t* pszName = strName;
+    return isStart(pszName[0]) && std::all_of(pszName, pszName + strName.GetLength(), isFurther);
 }
 
 }  // namespace mfx_xml

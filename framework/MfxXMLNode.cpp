@@ -46,14 +46,19 @@ MfxXMLNode* MfxXMLNode::AppendNode(const CString& strTag) {
     return Wrap(pugi::xml_node(m_pElement).append_child(strTag).internal_object());
 }
 
-bool MfxXMLNode::ReplaceWith(MfxXMLNode* pNew) {
-    pugi::xml_node old(m_pElement);
-    pugi::xml_node parent = old.parent();
-    if (!pNew || !parent || IsSameOrInside(old, pugi::xml_node(pNew->m_pElement))) return false;
-    if (!parent.insert_move_before(pugi::xml_node(pNew->m_pElement), old)) return false;
-    parent.remove_child(old);
-    m_pElement = pNew->m_pElement;
-    return true;
+bool MfxXMLNode::InsertAfter(MfxXMLNode* pChild, const MfxXMLNode* pAfter) {
+    pugi::xml_node parent(m_pElement), child(pChild->m_pElement);
+    if (IsSameOrInside(parent, child)) return false;
+    if (!pAfter) return static_cast<bool>(parent.prepend_move(child));
+    return static_cast<bool>(parent.insert_move_after(child, pugi::xml_node(pAfter->m_pElement)));
+}
+
+void MfxXMLNode::RemoveNode(const MfxXMLNode& child) {
+    pugi::xml_node(m_pElement).remove_child(pugi::xml_node(child.m_pElement));
+}
+
+void MfxXMLNode::RemoveAttribute(const CString& strName) {
+    pugi::xml_node(m_pElement).remove_attribute(strName);
 }
 
 void MfxXMLNode::SetNodeValue(const CString& strValue) {
@@ -91,7 +96,9 @@ bool MfxXMLNode::GetAttributeValue(const CString& strName, CString& strValue) co
 }
 
 MfxXMLNode* MfxXMLNode::SelectSingleNode(const CString& strTag) const {
-    return Wrap(pugi::xml_node(m_pElement).child(strTag).internal_object());
+    for (const pugi::xml_node child : pugi::xml_node(m_pElement).children(strTag))
+        if (child.type() == pugi::node_element) return Wrap(child.internal_object());
+    return nullptr;
 }
 
 MfxXMLNodeList* MfxXMLNode::GetNodeList(const CString& strTag) const {
@@ -100,6 +107,13 @@ MfxXMLNodeList* MfxXMLNode::GetNodeList(const CString& strTag) const {
         if (child.type() == pugi::node_element && (strTag.IsEmpty() || strTag == child.name()))
             pList->m_nodes.push_back(MfxXMLNode(child.internal_object()));
     return pList.release();
+}
+
+std::vector<CString> MfxXMLNode::GetAttributeNames() const {
+    std::vector<CString> names;
+    for (const pugi::xml_attribute attribute : pugi::xml_node(m_pElement).attributes())
+        names.emplace_back(attribute.name());
+    return names;
 }
 
 MfxXMLNode* MfxXMLNode::GetParentNode() const {

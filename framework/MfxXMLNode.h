@@ -31,9 +31,13 @@ class MFXKIT_API MfxXMLNode {
     // Creates an element with that tag as the last child; null when the tag can't be an element's.
     MfxXMLNode* AppendNode(const CString& strTag);
 
-    // Puts pNew, an element of this document, in this element's place and deletes this element with all that
-    // is in it; this wrapper then stands for the new element. Returns false when nothing was replaced.
-    bool ReplaceWith(MfxXMLNode* pNew);
+    // Makes the element, one of this document, the child next after pAfter, the first one for null. Returns
+    // false when nothing was moved.
+    bool InsertAfter(MfxXMLNode* pChild, const MfxXMLNode* pAfter);
+
+    // Deletes a child element with all that is in it; its wrappers must not be used any more.
+    void RemoveNode(const MfxXMLNode& child);
+    void RemoveAttribute(const CString& strName);
 
     // The element's text; texts that comments separate are joined.
     void SetNodeValue(const CString& strValue);
@@ -53,6 +57,9 @@ class MFXKIT_API MfxXMLNode {
 
     // Child elements with that tag in document order, all of them for an empty tag.
     MfxXMLNodeList* GetNodeList(const CString& strTag) const;
+
+    // Names of the attributes, in their order.
+    std::vector<CString> GetAttributeNames() const;
 
     // The element that this one is attached to, or null.
     MfxXMLNode* GetParentNode() const;

@@ -1,5 +1,7 @@
 #include "XmlNumber.h"
 
+#include <algorithm>
+#include <cctype>
 #include <charconv>
 #include <cmath>
 #include <limits>
@@ -34,14 +36,23 @@ bool ParseIntegerAs(const CString& strText, Integer& value) {
     return true;
 }
 
-// from_chars leaves the value alone when it is out of range; strtod's results there are infinity and zero.
-double OutOfRangeValue(const char* pFirst, const char* pLast) {
-    const std::string text(pFirst, pLast);
-    const std::size_t exponent = text.find_first_of("eE");
-    const bool bTiny = exponent != std::string::npos ? text.compare(exponent + 1, 1, "-") == 0
-                                                     : text.find_first_not_of("-0") == text.find('.');
-    const double magnitude = bTiny ? 0.0 : std::numeric_limits<double>::infinity();
+// from_chars leaves the value alone when it is out of range: infinity where the first digit that counts
+// stands far before the point, zero where it stands far behind it.
+double OutOfRangeValue(const std::string& text) {
+    const std::size_t nExponent = std::min(text.find_first_of("eE"), text.size());
+    const std::size_t nPoint = std::min(text.find('.'), nExponent);
+    const std::size_t nFirst = text.find_first_of("123456789");
+    std::int32_t nPower = 0;
+    if (nExponent < text.size()) ParseInteger(CString(text.c_str() + nExponent + 1), nPower);
+    const auto nPlace = static_cast<std::int64_t>(nPoint) - static_cast<std::int64_t>(nFirst) + nPower;
+    const double magnitude = nPlace > 0 ? std::numeric_limits<double>::infinity() : 0.0;
     return text[0] == '-' ? -magnitude : magnitude;
+}
+
+// from_chars also reads words, "nan" and "inf", and then ignores the rest of "information".
+bool IsWordThatIsNoNumber(const std::string& text, const char* pEnd) {
+    const bool bWord = std::isalpha(static_cast<unsigned char>(text[text[0] == '-' ? 1 : 0])) != 0;
+    return bWord && pEnd != text.data() + text.size();
 }
 
 template <class Number>
@@ -88,8 +99,8 @@ bool ParseReal(const CString& strText, double& value) {
     const std::string text = NumberCandidate(strText);
     double parsed = 0.0;
     const auto result = std::from_chars(text.data(), text.data() + text.size(), parsed);
-    if (result.ec == std::errc::invalid_argument) return false;
-    value = result.ec == std::errc::result_out_of_range ? OutOfRangeValue(text.data(), result.ptr) : parsed;
+    if (result.ec == std::errc::invalid_argument || IsWordThatIsNoNumber(text, result.ptr)) return false;
+    value = result.ec == std::errc::result_out_of_range ? OutOfRangeValue({text.data(), result.ptr}) : parsed;
     return true;
 }
 

@@ -10,8 +10,9 @@
 
 namespace {
 
-std::string UnitsText(const UnitPair& units) {
-    return LengthUnitSymbol(units.m_nLengthUnit) + " and " + AngleUnitSymbol(units.m_nAngleUnit);
+std::string Heading(const CString& strPath, const RuleDocument& document) {
+    return ToUtf8(strPath) + ": " + Count(document.GetEntries().size(), "rule") + " in " +
+           UnitWords(document.GetUnits()) + "\n";
 }
 
 std::string Joined(const CStringList& texts) {
@@ -30,12 +31,12 @@ int UnitOrThrow(std::optional<int> unit, const std::string& option, const std::s
 
 UnitPair TargetUnits(const UnitPair& own, const ConvertOptions& options) {
     UnitPair units = own;
-    if (!options.lengthUnit.empty())
-        units.m_nLengthUnit = UnitOrThrow(FindLengthUnit(options.lengthUnit), "--length", options.lengthUnit,
-                                          LengthUnitSymbols());
-    if (!options.angleUnit.empty())
+    if (options.lengthUnit)
+        units.m_nLengthUnit = UnitOrThrow(FindLengthUnit(*options.lengthUnit), "--length",
+                                          *options.lengthUnit, LengthUnitSymbols());
+    if (options.angleUnit)
         units.m_nAngleUnit =
-            UnitOrThrow(FindAngleUnit(options.angleUnit), "--angle", options.angleUnit, AngleUnitSymbols());
+            UnitOrThrow(FindAngleUnit(*options.angleUnit), "--angle", *options.angleUnit, AngleUnitSymbols());
     return units;
 }
 
@@ -63,15 +64,13 @@ ExitCode NewDocument(const RuleModule& module, const CString& strPath, bool bFor
     RuleDocument document;
     for (RulePtr& pRule : module.CreateAllRules()) document.Append(std::move(pRule), module);
     document.Save(strPath);
-    Print(ToUtf8(strPath) + ": " + Count(document.GetEntries().size(), "rule") + ", lengths and angles in " +
-          UnitsText(document.GetUnits()) + "\n");
+    Print(Heading(strPath, document));
     return ExitCode::Done;
 }
 
 ExitCode ShowDocument(const RuleModule& module, const CString& strPath) {
     const RuleDocument document(strPath, module);
-    Print(ToUtf8(strPath) + ": " + Count(document.GetEntries().size(), "rule") + ", lengths and angles in " +
-          UnitsText(document.GetUnits()) + "\n");
+    Print(Heading(strPath, document));
     for (const RuleDocument::Entry& entry : document.GetEntries())
         if (entry.pRule) Print("\n" + FormatRule(*entry.pRule));
     const std::vector<std::string> problems = FindRecordProblems(document);
@@ -80,6 +79,8 @@ ExitCode ShowDocument(const RuleModule& module, const CString& strPath) {
 }
 
 ExitCode ConvertDocument(const RuleModule& module, const ConvertOptions& options) {
+    if (!options.lengthUnit && !options.angleUnit)
+        throw HostError(ExitCode::Usage, "convert: give the new units by --length, --angle or both");
     RuleDocument document(options.strInput, module);
     const UnitPair from = document.GetUnits();
     const UnitPair to = TargetUnits(from, options);
@@ -92,6 +93,6 @@ ExitCode ConvertDocument(const RuleModule& module, const ConvertOptions& options
     const CString& strOutput = options.strOutput.IsEmpty() ? options.strInput : options.strOutput;
     document.Save(strOutput);
     Print(ToUtf8(strOutput) + ": " + Count(document.GetEntries().size(), "rule") + " converted from " +
-          UnitsText(from) + " to " + UnitsText(to) + "\n");
+          UnitWords(from) + " to " + UnitWords(to) + "\n");
     return ExitCode::Done;
 }

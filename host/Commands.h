@@ -6,6 +6,7 @@
 
 #include <afx.h>
 
+#include <optional>
 #include <string>
 
 // Prints the module's name and summary and its rules.
@@ -19,9 +20,9 @@ ExitCode ShowDocument(const RuleModule& module, const CString& strPath);
 
 struct ConvertOptions {
     CString strInput;
-    CString strOutput;       // empty: the input is replaced
-    std::string lengthUnit;  // as typed; empty: the document's own
-    std::string angleUnit;
+    CString strOutput;                      // empty: the input is replaced
+    std::optional<std::string> lengthUnit;  // as typed; nothing: the document's own
+    std::optional<std::string> angleUnit;
 };
 
 // Converts a rule document to other units. Refuses, with Findings, a document of which it does not understand

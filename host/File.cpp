@@ -59,8 +59,13 @@ bool WriteAll(HANDLE hFile, const std::string& bytes) {
     return true;
 }
 
-[[noreturn]] void ThrowUnwritable(const CString& strPath, DWORD dwError) {
-    throw HostError(ExitCode::Missing, ToUtf8(strPath) + ": can't be written: " + WindowsErrorText(dwError));
+[[noreturn]] void ThrowUnwritable(const CString& strPath, const std::string& reason) {
+    throw HostError(ExitCode::Missing, ToUtf8(strPath) + ": can't be written: " + reason);
+}
+
+bool HasAttribute(const CString& strPath, DWORD dwAttribute) {
+    const DWORD dwAttributes = GetFileAttributesW(strPath);
+    return dwAttributes != INVALID_FILE_ATTRIBUTES && (dwAttributes & dwAttribute);
 }
 
 }  // namespace
@@ -69,9 +74,7 @@ std::string ReadFileBytes(const CString& strPath) {
     const auto fail = [&](const std::string& reason) -> void {
         throw HostError(ExitCode::UnreadableInput, ToUtf8(strPath) + ": can't be read: " + reason);
     };
-    const DWORD dwAttributes = GetFileAttributesW(strPath);
-    if (dwAttributes != INVALID_FILE_ATTRIBUTES && (dwAttributes & FILE_ATTRIBUTE_DIRECTORY))
-        fail("it is a folder");
+    if (HasAttribute(strPath, FILE_ATTRIBUTE_DIRECTORY)) fail("it is a folder");
 
     const FileHandle file(CreateFileW(strPath, GENERIC_READ,
                                       FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
@@ -88,23 +91,22 @@ std::string ReadFileBytes(const CString& strPath) {
 }
 
 void ReplaceFileBytes(const CString& strPath, const std::string& bytes) {
+    if (HasAttribute(strPath, FILE_ATTRIBUTE_DIRECTORY)) ThrowUnwritable(strPath, "it is a folder");
     // Moving a file over a read-only one succeeds on some systems.
-    const DWORD dwAttributes = GetFileAttributesW(strPath);
-    if (dwAttributes != INVALID_FILE_ATTRIBUTES && (dwAttributes & FILE_ATTRIBUTE_READONLY))
-        ThrowUnwritable(strPath, ERROR_FILE_READ_ONLY);
+    if (HasAttribute(strPath, FILE_ATTRIBUTE_READONLY)) ThrowUnwritable(strPath, "it is read-only");
 
     CString strTemporary;
     strTemporary.Format(L"%s.%lu.tmp", strPath.GetString(), GetCurrentProcessId());
     FileHandle file(
         CreateFileW(strTemporary, GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr));
-    if (!file.IsOpen()) ThrowUnwritable(strPath, GetLastError());
+    if (!file.IsOpen()) ThrowUnwritable(strPath, WindowsErrorText(GetLastError()));
     TemporaryFile temporary(strTemporary);
     if (!WriteAll(file.Get(), bytes) || !FlushFileBuffers(file.Get()) || !file.Close()) {
         const DWORD dwError = GetLastError();
         file.Close();  // an open file can't be deleted
-        ThrowUnwritable(strPath, dwError);
+        ThrowUnwritable(strPath, WindowsErrorText(dwError));
     }
-    if (!temporary.MoveOver(strPath)) ThrowUnwritable(strPath, GetLastError());
+    if (!temporary.MoveOver(strPath)) ThrowUnwritable(strPath, WindowsErrorText(GetLastError()));
 }
 
 bool FileExists(const CString& strPath) {

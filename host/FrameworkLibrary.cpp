@@ -46,8 +46,9 @@ void LoadFrameworkLibrary() {
     const CString strPath = GetProgramFolder() + L"\\" + CString(kFrameworkFile);
     const HMODULE hLibrary = LoadLibraryExW(strPath, nullptr, LOAD_WITH_ALTERED_SEARCH_PATH);
     if (!hLibrary)
-        throw HostError(ExitCode::Missing,
-                        ToUtf8(strPath) + " can't be loaded: " + WindowsErrorText(GetLastError()));
+        throw HostError(ExitCode::Missing, ToUtf8(strPath) + " can't be loaded, install the program again: " +
+                                               WindowsErrorText(GetLastError()));
     if (!BindDelayedImports(hLibrary))
-        throw HostError(ExitCode::Missing, ToUtf8(strPath) + " belongs to another version of this program");
+        throw HostError(ExitCode::Missing,
+                        ToUtf8(strPath) + " belongs to another version, install the program again");
 }

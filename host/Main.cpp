@@ -24,21 +24,41 @@ std::vector<std::string> LanguageWords() {
     return words;
 }
 
+// A file name; an empty one is a slip of whoever wrote the command line, not the absence of the option.
+CLI::Option* AddFile(CLI::App& cli, const char* name, std::string& path, const char* description) {
+    const auto isNotEmpty = [](const std::string& text) {
+        return text.empty() ? "the file name is empty" : "";
+    };
+    return cli.add_option(name, path, description)->type_name("")->check(CLI::Validator(isNotEmpty, ""));
+}
+
+// The library's own words for a wrong command line, but for those that would not help.
+std::string UsageError(const CLI::ParseError& error, const CLI::App& cli, int argc, const char* const* argv) {
+    std::string reason = error.what();
+    if (cli.get_subcommands().empty() && argc > 1 && argv[1][0] != '-')
+        reason = "\"" + std::string(argv[1]) + "\" is not a command";
+    return reason + "; mfxhost --help tells the usage";
+}
+
 // Reads the command line and runs the command it names.
 int Run(int argc, const char* const* argv) {
     CLI::App cli("Lists, shows and converts rule documents of the sand casting rules.", "mfxhost");
     cli.require_subcommand(1);
+    cli.fallthrough();                       // --lang stands before or behind the command
     cli.allow_windows_style_options(false);  // "/file" is a file
+    cli.set_version_flag("--version", "mfxhost " MFX_VERSION);
     cli.footer(
         "Exit codes: 0 done, 1 findings, 2 wrong usage, 3 input that can't be read,\n"
         "4 something missing on the machine or a file that can't be written.");
 
     std::string language;
+    cli.add_option("--lang", language, "Language of the rules' texts, also of those that are saved")
+        ->type_name("LANGUAGE")
+        ->check(CLI::IsMember(LanguageWords(), CLI::ignore_case));
+
     std::function<ExitCode(const RuleModule&)> command;
     const auto add = [&](const char* name, const char* description, auto run) {
         CLI::App* sub = cli.add_subcommand(name, description);
-        sub->add_option("--lang", language, "Language of the rules' texts")
-            ->check(CLI::IsMember(LanguageWords()));
         sub->callback([&command, run] { command = run; });
         return sub;
     };
@@ -51,12 +71,12 @@ int Run(int argc, const char* const* argv) {
     CLI::App* create =
         add("new", "Write a rule document with every rule as it is by default",
             [&](const RuleModule& module) { return NewDocument(module, FromUtf8(path), bForce); });
-    create->add_option("FILE", path, "Rule document to write")->required();
+    AddFile(*create, "FILE", path, "Rule document to write")->required();
     create->add_flag("--force", bForce, "Replace an existing file");
 
     CLI::App* show = add("show", "Print the rules, parameters and constraints of a rule document",
                          [&](const RuleModule& module) { return ShowDocument(module, FromUtf8(path)); });
-    show->add_option("FILE", path, "Rule document to read")->required();
+    AddFile(*show, "FILE", path, "Rule document to read")->required();
 
     std::string output;
     ConvertOptions options;
@@ -66,10 +86,13 @@ int Run(int argc, const char* const* argv) {
             options.strOutput = FromUtf8(output);
             return ConvertDocument(module, options);
         });
-    convert->add_option("FILE", path, "Rule document to read")->required();
-    convert->add_option("--length", options.lengthUnit, "New length unit: " + LengthUnitSymbols());
-    convert->add_option("--angle", options.angleUnit, "New angle unit: " + AngleUnitSymbols());
-    convert->add_option("-o,--output", output, "File to write instead of FILE");
+    AddFile(*convert, "FILE", path, "Rule document to read, and to replace unless -o is given")->required();
+    convert->add_option("--length", options.lengthUnit, "New length unit: " + LengthUnitSymbols())
+        ->type_name("UNIT");
+    convert->add_option("--angle", options.angleUnit, "New angle unit: " + AngleUnitSymbols())
+        ->type_name("UNIT");
+    AddFile(*convert, "-o,--output", output, "File to write instead of FILE; replaces an existing one")
+        ->type_name("FILE");
 
     try {
         cli.parse(argc, argv);
@@ -77,8 +100,11 @@ int Run(int argc, const char* const* argv) {
         const auto chosen = cli.get_subcommands();
         Print(chosen.empty() ? cli.help() : chosen.front()->help("mfxhost"));
         return static_cast<int>(ExitCode::Done);
+    } catch (const CLI::CallForVersion& version) {
+        Print(std::string(version.what()) + "\n");
+        return static_cast<int>(ExitCode::Done);
     } catch (const CLI::ParseError& error) {
-        throw HostError(ExitCode::Usage, std::string(error.what()) + "; mfxhost --help tells the usage");
+        throw HostError(ExitCode::Usage, UsageError(error, cli, argc, argv));
     }
     CLanguageUtil::SetMfxKitLang(FromUtf8(language));
     const RuleModule module;
@@ -97,7 +123,9 @@ int wmain(int argc, wchar_t** argv) {
     for (const std::string& argument : arguments) pointers.push_back(argument.c_str());
     try {
         LoadFrameworkLibrary();
-        return Run(argc, pointers.data());
+        const int nExitCode = Run(argc, pointers.data());
+        if (!FlushOutput()) throw HostError(ExitCode::Missing, "standard output can't be written");
+        return nExitCode;
     } catch (const HostError& error) {
         PrintError(std::string("mfxhost: ") + error.what() + "\n");
         return static_cast<int>(error.Code());

@@ -5,6 +5,7 @@
 #include "XmlNumber.h"
 
 #include <memory>
+#include <set>
 
 namespace {
 
@@ -47,23 +48,46 @@ class ProblemFinder {
         }
     }
 
+    // The rule keeps its own constraints when the record has another number of them.
     void CheckConstraints(const RuleDocument::Entry& entry) {
         const std::unique_ptr<MfxXMLNodeList> pElements(entry.pRecord->GetNodeList(L"Constraint"));
         const auto& constraints = entry.pRule->m_constraintArray;
+        if (pElements->GetSize() > 0 && pElements->GetSize() != constraints.GetCount())
+            Add(*entry.pRecord,
+                "the record has " + Count(static_cast<std::size_t>(pElements->GetSize()), "constraint") +
+                    ", the rule " + std::to_string(constraints.GetCount()) + "; they were not read");
         for (int i = 0; i < pElements->GetSize() && i < constraints.GetCount(); ++i)
             CheckParameters(*(*pElements)[i], constraints[i]->m_paramArray);
     }
 
     void CheckParameters(const MfxXMLNode& parent, const MfxParamArray& params) {
+        std::set<std::int32_t> seen;
         const std::unique_ptr<MfxXMLNodeList> pElements(parent.GetNodeList(L"Parameter"));
         for (long i = 0; i < pElements->GetSize(); ++i) {
+            const MfxXMLNode& parameter = *(*pElements)[i];
             CString strType;
             std::int32_t nParamId = 0;
-            (*pElements)[i]->GetAttributeValue(L"Type", strType);
+            parameter.GetAttributeValue(L"Type", strType);
             ParseInteger(strType, nParamId);
-            if (const CMfxParamStorage* pStorage = FindParameter(params, nParamId))
-                CheckValues(*(*pElements)[i], *pStorage);
+            const CMfxParamStorage* pStorage = FindParameter(params, nParamId);
+            if (!pStorage) continue;
+            if (!seen.insert(nParamId).second) {
+                Add(parameter, "parameter " + std::to_string(nParamId) +
+                                   " stands here again; only the first one is read");
+                continue;
+            }
+            CheckKind(parameter, *pStorage);
+            CheckValues(parameter, *pStorage);
+            CheckDeviations(parameter, *pStorage);
         }
+    }
+
+    // With such an operator or type the rule would not write the parameter, or its values, again.
+    void CheckKind(const MfxXMLNode& parameter, const CMfxParamStorage& storage) {
+        if (!storage.IsSaved())
+            Add(parameter, Describe(storage, "Operator") + "there is none that can be kept");
+        if ((storage.GetType() == TypeTableRow) != (storage.m_paramType == ParamTable))
+            Add(parameter, Describe(storage, "ParameterType") + "it does not fit the parameter's values");
     }
 
     void CheckValues(const MfxXMLNode& parameter, const CMfxParamStorage& storage) {
@@ -72,19 +96,52 @@ class ProblemFinder {
             const MfxXMLNode& value = *(*pValues)[i];
             if (storage.m_paramType == ParamTable)
                 CheckCells(value, storage);
-            else if (storage.GetType() == TypeDouble && !IsReal(value.GetNodeValue()))
-                Add(value,
-                    Describe(storage, "Value") + "\"" + ToUtf8(value.GetNodeValue()) + "\" is not a number");
+            else if (storage.GetType() == TypeDouble)
+                CheckReal(value, Describe(storage, "Value"));
         }
     }
 
-    // Tables hold numbers in text form; an empty cell is a value not given.
-    void CheckCells(const MfxXMLNode& value, const CMfxParamStorage& storage) {
+    void CheckDeviations(const MfxXMLNode& parameter, const CMfxParamStorage& storage) {
+        const std::unique_ptr<MfxXMLNode> pCriteria(parameter.SelectSingleNode(L"ResultCriteria"));
+        if (!pCriteria) return;
+        const std::unique_ptr<MfxXMLNodeList> pMaps(pCriteria->GetNodeList(L""));
+        for (long i = 0; i < pMaps->GetSize(); ++i) {
+            const std::unique_ptr<MfxXMLNodeList> pEntries((*pMaps)[i]->GetNodeList(L""));
+            for (long j = 0; j < pEntries->GetSize(); ++j) {
+                const std::unique_ptr<MfxXMLNodeList> pValues((*pEntries)[j]->GetNodeList(L"Value"));
+                for (long k = 0; k < pValues->GetSize(); ++k)
+                    CheckReal(*(*pValues)[k], Describe(storage, ToUtf8((*pMaps)[i]->GetNodeName())));
+            }
+        }
+    }
+
+    void CheckReal(const MfxXMLNode& element, const std::string& description) {
+        if (!IsReal(element.GetNodeValue()))
+            Add(element, description + "\"" + ToUtf8(element.GetNodeValue()) + "\" is not a number");
+    }
+
+    // Tables hold numbers in text form; an empty cell is a value not given. Cells are read up to the first
+    // number that is missing, and rows of fewer than four are never converted.
+    void CheckCells(const MfxXMLNode& row, const CMfxParamStorage& storage) {
+        constexpr std::size_t kFewestCells = 4;
+        std::size_t nCells = 0;
         CString strCell;
-        for (int nCell = 1; value.GetAttributeValue(L"Attribute" + FormatInteger(nCell), strCell); ++nCell)
+        while (row.GetAttributeValue(L"Attribute" + FormatInteger(static_cast<std::int64_t>(nCells) + 1),
+                                     strCell)) {
+            ++nCells;
             if (!strCell.IsEmpty() && !(IsNumericText(strCell) && IsReal(strCell)))
-                Add(value, Describe(storage, "Attribute" + std::to_string(nCell)) + "\"" + ToUtf8(strCell) +
-                               "\" is not a number");
+                Add(row, Describe(storage, "Attribute" + std::to_string(nCells)) + "\"" + ToUtf8(strCell) +
+                             "\" is not a number");
+        }
+        if (nCells < kFewestCells)
+            Add(row,
+                Describe(storage, "Value") + "the row has " + Count(nCells, "cell") + " instead of five");
+        std::size_t nCellAttributes = 0;
+        for (const CString& strName : row.GetAttributeNames())
+            nCellAttributes += strName.Left(9) == L"Attribute";
+        if (nCellAttributes != nCells)
+            Add(row, Describe(storage, "Attribute" + std::to_string(nCells + 1)) +
+                         "it is missing, and the cells after it are not read");
     }
 
     static std::string Describe(const CMfxParamStorage& storage, const std::string& element) {

@@ -2,7 +2,7 @@
 
 #include "File.h"
 #include "HostError.h"
-#include "NumberText.h"
+#include "RecordUpdate.h"
 #include "Text.h"
 #include "UnitNames.h"
 #include "XmlNumber.h"
@@ -10,7 +10,7 @@
 namespace {
 
 constexpr wchar_t kRootTag[] = L"MfxRules";
-constexpr wchar_t kVersion[] = L"1";
+constexpr int kVersion = 1;
 
 std::unique_ptr<MfxXMLNode> WriteRecord(CMfxRule& rule) {
     std::unique_ptr<MfxXMLNode> pRecord(rule.BuildXMLNode());
@@ -37,25 +37,29 @@ class WritingScope {
 
 RuleDocument::RuleDocument() {
     const std::unique_ptr<MfxXMLNode> pRoot(m_pXml->CreateRootNode(kRootTag));
-    pRoot->AddAttribute(L"Version", kVersion);
+    pRoot->AddAttribute(L"Version", FormatInteger(kVersion));
     pRoot->AddAttribute(L"Unit", FormatInteger(m_units.m_nLengthUnit));
     pRoot->AddAttribute(L"AngleUnit", FormatInteger(m_units.m_nAngleUnit));
 }
 
 RuleDocument::RuleDocument(const CString& strPath, const RuleModule& module) : m_strPath(strPath) {
-    const MfxXmlParseResult parsed = m_pXml->Parse(ReadFileBytes(strPath));
+    const std::string bytes = ReadFileBytes(strPath);
+    if (bytes.empty()) Refuse(0, "the file is empty");
+    const MfxXmlParseResult parsed = m_pXml->Parse(bytes);
     if (!parsed.bOk)
-        throw HostError(ExitCode::UnreadableInput,
-                        Place(parsed.nLine) +
-                            (parsed.nLine ? "column " + std::to_string(parsed.nColumn) + ": " : "") +
-                            "not a well-formed XML document: " + ToUtf8(parsed.strReason));
+        Refuse(parsed.nLine, (parsed.nColumn > 1 ? "column " + std::to_string(parsed.nColumn) + ": " : "") +
+                                 "can't be read as XML: " + ToUtf8(parsed.strReason));
     const std::unique_ptr<MfxXMLNode> pRoot(m_pXml->GetRootNode());
     if (pRoot->GetNodeName() != kRootTag)
-        throw HostError(ExitCode::UnreadableInput,
-                        Place(m_pXml->GetLine(*pRoot)) + "not a rule document: the outermost element is \"" +
-                            ToUtf8(pRoot->GetNodeName()) + "\", not \"" + ToUtf8(kRootTag) + "\"");
+        Refuse(m_pXml->GetLine(*pRoot), "not a rule document: the outermost element is \"" +
+                                            ToUtf8(pRoot->GetNodeName()) + "\", not \"" + ToUtf8(kRootTag) +
+                                            "\"");
     ReadUnits(*pRoot);
     ReadRules(*pRoot, module);
+}
+
+void RuleDocument::Refuse(int nLine, const std::string& reason) const {
+    throw HostError(ExitCode::UnreadableInput, Place(nLine) + reason);
 }
 
 std::string RuleDocument::Place(int nLine) const {
@@ -64,24 +68,23 @@ std::string RuleDocument::Place(int nLine) const {
 
 // A missing attribute means what a fresh document has.
 void RuleDocument::ReadUnits(const MfxXMLNode& root) {
-    const auto fail = [&](const char* attribute, const CString& strValue) {
-        throw HostError(ExitCode::UnreadableInput, Place(m_pXml->GetLine(root)) + attribute + "=\"" +
-                                                       ToUtf8(strValue) +
-                                                       "\" is nothing this program can read");
+    const auto read = [&](const CString& strName, int nDefault, auto isKnown, const std::string& known) {
+        CString strValue;
+        if (!root.GetAttributeValue(strName, strValue)) return nDefault;
+        std::int32_t nValue = -1;
+        if (!IsInteger(strValue) || !ParseInteger(strValue, nValue) || !isKnown(nValue))
+            Refuse(m_pXml->GetLine(root), ToUtf8(strName) + "=\"" + ToUtf8(strValue) + "\" is not " + known);
+        return nValue;
     };
-    CString strVersion = kVersion;
-    root.GetAttributeValue(L"Version", strVersion);
-    if (strVersion != kVersion) fail("Version", strVersion);
-
-    CString strUnit = FormatInteger(m_units.m_nLengthUnit),
-            strAngleUnit = FormatInteger(m_units.m_nAngleUnit);
-    root.GetAttributeValue(L"Unit", strUnit);
-    root.GetAttributeValue(L"AngleUnit", strAngleUnit);
-    m_units = {-1, -1};
-    if (IsNumericText(strUnit)) ParseInteger(strUnit, m_units.m_nLengthUnit);
-    if (IsNumericText(strAngleUnit)) ParseInteger(strAngleUnit, m_units.m_nAngleUnit);
-    if (LengthUnitSymbol(m_units.m_nLengthUnit).empty()) fail("Unit", strUnit);
-    if (AngleUnitSymbol(m_units.m_nAngleUnit).empty()) fail("AngleUnit", strAngleUnit);
+    read(
+        L"Version", kVersion, [](int nVersion) { return nVersion == kVersion; },
+        "the version that this program reads, " + std::to_string(kVersion));
+    m_units.m_nLengthUnit = read(
+        L"Unit", m_units.m_nLengthUnit, [](int nUnit) { return !LengthUnitSymbol(nUnit).empty(); },
+        "a length unit, 1 to 9");
+    m_units.m_nAngleUnit = read(
+        L"AngleUnit", m_units.m_nAngleUnit, [](int nUnit) { return !AngleUnitSymbol(nUnit).empty(); },
+        "an angle unit, 0 to 3");
 }
 
 void RuleDocument::ReadRules(const MfxXMLNode& root, const RuleModule& module) {
@@ -115,7 +118,7 @@ void RuleDocument::ConvertUnits(const UnitPair& units, const RuleModule& module)
         if (!entry.pRule) continue;
         entry.pRule->ConvertUnits(m_units, units);
         const std::unique_ptr<MfxXMLNode> pRecord = WriteRecord(*entry.pRule);
-        entry.pRecord->ReplaceWith(pRecord.get());
+        UpdateRecord(*entry.pRecord, *pRecord);
     }
     m_units = units;
     const std::unique_ptr<MfxXMLNode> pRoot(m_pXml->GetRootNode());

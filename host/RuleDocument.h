@@ -38,7 +38,7 @@ class RuleDocument {
     // Appends the record of a rule, which the document takes over.
     void Append(RulePtr pRule, const RuleModule& module);
 
-    // Converts every rule to other units and puts its new record in the old one's place.
+    // Converts every rule to other units and brings its record up to date.
     void ConvertUnits(const UnitPair& units, const RuleModule& module);
 
     // "file:line: ", the line only where it is known.
@@ -49,6 +49,7 @@ class RuleDocument {
     void Save(const CString& strPath) const;
 
   private:
+    [[noreturn]] void Refuse(int nLine, const std::string& reason) const;
     void ReadUnits(const MfxXMLNode& root);
     void ReadRules(const MfxXMLNode& root, const RuleModule& module);
 

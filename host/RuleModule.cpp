@@ -3,7 +3,6 @@
 #include "HostError.h"
 #include "LocationHelper.h"
 #include "ProgramFolder.h"
-#include "File.h"
 #include "Text.h"
 
 namespace {
@@ -11,15 +10,21 @@ namespace {
 constexpr wchar_t kModuleFile[] = L"MFXSandCastingRulesu.dll";
 constexpr wchar_t kResourceFile[] = L"\\MFXSandCastingRulesResu.dll";
 
+bool IsLibrary(const CString& strPath) {
+    const HMODULE hLibrary = LoadLibraryExW(strPath, nullptr, LOAD_LIBRARY_AS_DATAFILE);
+    return hLibrary && FreeLibrary(hLibrary);
+}
+
 // The module falls back silently from a missing language; a user who asked for it should know. Without the
 // default language no record's rule name can be recognised.
 void CheckResourceLibraries() {
     const CString strDefault = CLocationHelper::GetDefaultResPath() + kResourceFile;
     const CString strLocalized = CLocationHelper::GetLocalizedResPath() + kResourceFile;
-    if (!FileExists(strDefault))
-        throw HostError(ExitCode::Missing, ToUtf8(strDefault) + " is missing; install the program again");
-    if (!FileExists(strLocalized))
-        PrintError("mfxhost: " + ToUtf8(strLocalized) + " is missing; the texts are in English\n");
+    if (!IsLibrary(strDefault))
+        throw HostError(ExitCode::Missing,
+                        ToUtf8(strDefault) + " is missing or damaged; install the program again");
+    if (!IsLibrary(strLocalized))
+        PrintError("mfxhost: " + ToUtf8(strLocalized) + " is missing or damaged; the texts are in English\n");
 }
 
 }  // namespace
@@ -28,8 +33,9 @@ RuleModule::RuleModule() : m_strPath(GetProgramFolder() + L"\\" + kModuleFile) {
     CheckResourceLibraries();
     m_hModule = LoadLibraryExW(m_strPath, nullptr, LOAD_WITH_ALTERED_SEARCH_PATH);
     if (!m_hModule)
-        throw HostError(ExitCode::Missing,
-                        ToUtf8(m_strPath) + " can't be loaded: " + WindowsErrorText(GetLastError()));
+        throw HostError(ExitCode::Missing, ToUtf8(m_strPath) +
+                                               " can't be loaded, install the program again: " +
+                                               WindowsErrorText(GetLastError()));
 
     const auto find = [this](auto& function, const char* name) {
         const FARPROC address = GetProcAddress(m_hModule, name);

@@ -29,6 +29,10 @@ void PrintError(const std::string& text) {
     fwrite(text.data(), 1, text.size(), stderr);
 }
 
+bool FlushOutput() {
+    return fflush(stdout) == 0 && ferror(stdout) == 0;
+}
+
 void PrepareConsole() {
     SetConsoleOutputCP(CP_UTF8);
     // The same bytes on the console, in a file and in a pipe.
@@ -43,7 +47,8 @@ std::string WindowsErrorText(DWORD dwError) {
     CString strText(szText);
     strText.TrimRight();
     strText.TrimRight(L'.');
-    return ToUtf8(strText) + " (error " + std::to_string(dwError) + ")";
+    strText.Replace(L"%1", L"the file");
+    return (strText.IsEmpty() ? "" : ToUtf8(strText) + " ") + "(error " + std::to_string(dwError) + ")";
 }
 
 std::string Count(std::size_t nCount, const std::string& noun) {

@@ -12,6 +12,9 @@ CString FromUtf8(const std::string& text);
 void Print(const std::string& text);
 void PrintError(const std::string& text);
 
+// Ends the output; false when not all of it could be written.
+bool FlushOutput();
+
 // Puts the console in a state in which it shows what Print writes.
 void PrepareConsole();
 

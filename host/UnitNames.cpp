@@ -11,27 +11,28 @@ namespace {
 // Names: the symbol first, then other spellings, separated by blanks. Plurals in "s" are understood too.
 struct Unit {
     int nCode;
+    const char* words;  // as it is read in a sentence
     const char* names;
 };
 
 // Kilometre (code 10) is missing on purpose: of a document's unit, rules read one digit.
 constexpr Unit kLengthUnits[] = {
-    {LengthMillimetre, "mm millimetre millimeter"},
-    {LengthCentimetre, "cm centimetre centimeter"},
-    {LengthInch, "in inch inches \" zoll"},
-    {LengthMetre, "m metre meter"},
-    {LengthFoot, "ft foot feet '"},
-    {LengthMicrometre, "um \u00b5m \u03bcm micrometre micrometer micron"},
-    {LengthThou, "thou mil"},
-    {LengthDecimetre, "dm decimetre decimeter"},
-    {LengthYard, "yd yard"},
+    {LengthMillimetre, "millimetres", "mm millimetre millimeter"},
+    {LengthCentimetre, "centimetres", "cm centimetre centimeter"},
+    {LengthInch, "inches", "in inch inches \""},
+    {LengthMetre, "metres", "m metre meter"},
+    {LengthFoot, "feet", "ft foot feet '"},
+    {LengthMicrometre, "micrometres", "um \u00b5m \u03bcm micrometre micrometer micron"},
+    {LengthThou, "thou", "thou mil"},
+    {LengthDecimetre, "decimetres", "dm decimetre decimeter"},
+    {LengthYard, "yards", "yd yard"},
 };
 
 constexpr Unit kAngleUnits[] = {
-    {AngleDegree, "deg degree \u00b0"},
-    {AngleRadian, "rad radian"},
-    {AngleGradian, "gon gradian grad grade"},
-    {AngleArcMinute, "arcmin arcminute arc-minute '"},
+    {AngleDegree, "degrees", "deg degree \u00b0"},
+    {AngleRadian, "radians", "rad radian"},
+    {AngleGradian, "gradians", "gon gradian grad grade"},
+    {AngleArcMinute, "arc minutes", "arcmin arcminute arc-minute ' \u2032"},
 };
 
 std::string_view Symbol(const Unit& unit) {
@@ -42,7 +43,7 @@ std::string_view Symbol(const Unit& unit) {
 bool HasName(const Unit& unit, std::string_view name) {
     for (std::string_view rest = unit.names; !rest.empty();) {
         const std::string_view candidate = rest.substr(0, rest.find(' '));
-        if (name == candidate || (candidate.size() > 3 && name == std::string(candidate) + "s")) return true;
+        if (name == candidate || (candidate.size() >= 3 && name == std::string(candidate) + "s")) return true;
         rest.remove_prefix(std::min(candidate.size() + 1, rest.size()));
     }
     return false;
@@ -57,10 +58,14 @@ std::optional<int> FindUnit(std::span<const Unit> units, std::string_view name) 
     return std::nullopt;
 }
 
-std::string SymbolOf(std::span<const Unit> units, int nCode) {
-    for (const Unit& unit : units)
-        if (unit.nCode == nCode) return std::string(Symbol(unit));
-    return {};
+const Unit* FindCode(std::span<const Unit> units, int nCode) {
+    const auto found =
+        std::find_if(units.begin(), units.end(), [=](const Unit& unit) { return unit.nCode == nCode; });
+    return found != units.end() ? &*found : nullptr;
+}
+
+const Unit* FindLengthCode(int nCode) {
+    return FindCode(kLengthUnits, nCode == LengthModelDefault ? LengthMillimetre : nCode);
 }
 
 std::string Symbols(std::span<const Unit> units) {
@@ -79,10 +84,19 @@ std::optional<int> FindAngleUnit(std::string_view name) {
 }
 
 std::string LengthUnitSymbol(int nLengthUnit) {
-    return SymbolOf(kLengthUnits, nLengthUnit == LengthModelDefault ? LengthMillimetre : nLengthUnit);
+    const Unit* pUnit = FindLengthCode(nLengthUnit);
+    return pUnit ? std::string(Symbol(*pUnit)) : std::string();
 }
+
 std::string AngleUnitSymbol(int nAngleUnit) {
-    return SymbolOf(kAngleUnits, nAngleUnit);
+    const Unit* pUnit = FindCode(kAngleUnits, nAngleUnit);
+    return pUnit ? std::string(Symbol(*pUnit)) : std::string();
+}
+
+std::string UnitWords(const UnitPair& units) {
+    const Unit* pLength = FindLengthCode(units.m_nLengthUnit);
+    const Unit* pAngle = FindCode(kAngleUnits, units.m_nAngleUnit);
+    return std::string(pLength ? pLength->words : "?") + " and " + (pAngle ? pAngle->words : "?");
 }
 
 std::string LengthUnitSymbols() {

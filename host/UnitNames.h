@@ -1,6 +1,8 @@
 // Units as people type and read them.
 #pragma once
 
+#include "MfxTypes.h"
+
 #include <optional>
 #include <string>
 #include <string_view>
@@ -13,6 +15,9 @@ std::optional<int> FindAngleUnit(std::string_view name);
 // Symbol for a unit code; empty for a code that a rule document can't be in.
 std::string LengthUnitSymbol(int nLengthUnit);
 std::string AngleUnitSymbol(int nAngleUnit);
+
+// "inches and degrees".
+std::string UnitWords(const UnitPair& units);
 
 // The symbols that FindLengthUnit and FindAngleUnit know, for help texts: "mm, cm, in".
 std::string LengthUnitSymbols();
