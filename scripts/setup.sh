@@ -17,7 +17,7 @@ packages=(
   libxcomposite1 libxcursor1 libxfixes3 libxi6 libxinerama1 libxrandr2 libxrender1
 )
 # A library is added by its name here and a function make_NAME below.
-libraries=(pugixml googletest cli11)
+libraries=(pugixml googletest cli11 benchmark)
 
 steps=$((3 + ${#libraries[@]}))
 [[ -z $preset ]] || steps=$((steps + 2))
@@ -158,6 +158,13 @@ make_pugixml() {
 make_googletest() {
   version=$(dpkg-query -W -f='${Version}' googletest)
   cross_build /usr/src/googletest
+}
+
+make_benchmark() {
+  fetch_source benchmark
+  # Debian leaves the git version empty; 0.0.0 stands for "take the project's own".
+  cross_build benchmark-*/ -DBENCHMARK_ENABLE_TESTING=OFF -DBENCHMARK_ENABLE_WERROR=OFF \
+    -DBENCHMARK_INSTALL_DOCS=OFF -DGIT_VERSION=0.0.0
 }
 
 make_cli11() {
