@@ -1,13 +1,11 @@
 #pragma once
 
 #include "LanguageUtil.h"
-#include "MfxRule.h"
 #include "MfxXMLDocument.h"
 #include "SandCastingRulesApp.h"
 
 #include <memory>
 #include <string>
-#include <vector>
 
 using NodePtr = std::unique_ptr<MfxXMLNode>;
 
@@ -19,22 +17,11 @@ struct StartedApp : CMFXSandCastingRulesApp {
         AfxSetResourceHandle(nullptr);
     }
     ~StartedApp() override { ExitInstance(); }
-};
 
-// A string of a library, by the system.
-inline std::wstring StringOf(HINSTANCE hLibrary, UINT nStringId) {
-    wchar_t szText[1000] = L"";
-    LoadStringW(hLibrary, nStringId, szText, static_cast<int>(std::size(szText)));
-    return szText;
-}
-
-using TableText = std::vector<std::wstring>;  // one "cell|cell|" per row
-
-inline TableText TextOf(const MfxArray<MfxTableRow>& rows) {
-    TableText table;
-    for (const MfxTableRow& row : rows) {
-        table.emplace_back();
-        for (const CString& strCell : row.cells) table.back() += strCell + L"|";
+    // A string in the user's language, by the system.
+    std::wstring Text(UINT nStringId) const {
+        wchar_t szText[1000] = L"";
+        LoadStringW(m_hResDll, nStringId, szText, static_cast<int>(std::size(szText)));
+        return szText;
     }
-    return table;
-}
+};

@@ -5,22 +5,18 @@
 
 #include <map>
 #include <regex>
-#include <string>
-#include <vector>
 
 namespace {
 
 using Texts = std::map<UINT, std::wstring>;
-
 constexpr UINT kStringIds[] = {MFX_STRING_IDS};
-constexpr UINT kStringsPerBlock = 16;
 
-// A block holds 16 strings, each a length and its characters; a missing one has length 0.
+// A block holds 16 strings, each a length and its characters; one that is missing has length 0.
 BOOL CALLBACK ReadBlock(HMODULE hLibrary, LPCWSTR pszType, LPWSTR pszBlock, LONG_PTR pTexts) {
     const HGLOBAL hBlock = LoadResource(hLibrary, FindResourceW(hLibrary, pszBlock, pszType));
     const auto* pText = static_cast<const wchar_t*>(LockResource(hBlock));
-    const UINT nFirstId = (static_cast<UINT>(reinterpret_cast<ULONG_PTR>(pszBlock)) - 1) * kStringsPerBlock;
-    for (UINT nId = nFirstId; nId < nFirstId + kStringsPerBlock; pText += 1 + *pText, ++nId)
+    const UINT nEnd = static_cast<UINT>(reinterpret_cast<ULONG_PTR>(pszBlock)) * 16;
+    for (UINT nId = nEnd - 16; nId < nEnd; pText += 1 + *pText, ++nId)
         if (*pText) (*reinterpret_cast<Texts*>(pTexts))[nId].assign(pText + 1, *pText);
     return TRUE;
 }
@@ -37,23 +33,23 @@ Texts ReadTexts(const CString& strLanguage) {
 
 // "%s", "%5.2lf" and the like, in their order.
 std::vector<std::wstring> InsertsOf(const std::wstring& text) {
-    static const std::wregex insert(LR"(%[-+#0-9.*]*(?:hh|h|ll|l|I64)?[A-Za-z%])");
+    static const std::wregex insert(L"%[-+#0-9.*]*(?:hh|h|ll|l|I64)?[A-Za-z%]");
     return {std::wsregex_token_iterator(text.begin(), text.end(), insert), {}};
 }
 
 }  // namespace
 
 TEST(ResourceTextsTest, EveryLanguageHasEveryTextWithTheSameInserts) {
-    EXPECT_THAT(InsertsOf(L"%s: 5% of %5.2lf%% and %d"), testing::ElementsAre(L"%s", L"%5.2lf", L"%%", L"%d"));
-    const Texts english = ReadTexts(L"english");
+    EXPECT_THAT(InsertsOf(L"%s: 5% of %5.2lf%%, %d"), testing::ElementsAre(L"%s", L"%5.2lf", L"%%", L"%d"));
+    Texts english = ReadTexts(L"english");
     for (const CString& strLanguage : CLanguageUtil::GetLanguageWords()) {
         SCOPED_TRACE(testing::Message() << strLanguage.GetString());
-        const Texts texts = ReadTexts(strLanguage);
         std::vector<UINT> ids;
-        for (const auto& [nId, text] : texts) {
+        for (const auto& [nId, text] : ReadTexts(strLanguage)) {
             ids.push_back(nId);
-            EXPECT_NE(text.find_first_not_of(L" \t\r\n\u00a0\u3000"), std::wstring::npos) << nId << " is blank";
-            if (english.count(nId)) EXPECT_EQ(InsertsOf(text), InsertsOf(english.at(nId))) << nId;
+            EXPECT_NE(text.find_first_not_of(L" \t\r\n\u00a0\u3000"), std::wstring::npos)
+                << nId << " is blank";
+            EXPECT_EQ(InsertsOf(text), InsertsOf(english[nId])) << nId;
         }
         EXPECT_THAT(ids, testing::UnorderedElementsAreArray(kStringIds));
     }

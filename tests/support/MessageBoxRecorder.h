@@ -4,14 +4,12 @@
 
 #include <deque>
 
-// Watches the message boxes of this thread, answers each at once, and fails the test when a box comes that was
-// not expected, or comes with another text or icon, or when an expected one does not come. One at a time.
+// Answers the message boxes of this thread, and fails the test when one comes that was not expected, with
+// another text or icon than expected, or when an expected one does not come. One recorder at a time.
 class MessageBoxRecorder {
   public:
     MessageBoxRecorder();
     ~MessageBoxRecorder();
-    MessageBoxRecorder(const MessageBoxRecorder&) = delete;
-    MessageBoxRecorder& operator=(const MessageBoxRecorder&) = delete;
 
     // The next box: its text, its icon (MB_ICONERROR and the like, 0 for none), the button that answers it.
     void Expect(const CString& strText, UINT nIcon = 0, int nAnswer = IDOK);
@@ -19,8 +17,7 @@ class MessageBoxRecorder {
     // Fails the test for expected boxes that have not come, and forgets them.
     void Verify();
 
-    // Caption of the last box.
-    CString m_strCaption;
+    CString m_strCaption;  // of the last box
 
   private:
     struct Box {
@@ -30,7 +27,7 @@ class MessageBoxRecorder {
     };
 
     static LRESULT CALLBACK OnHook(int nCode, WPARAM wParam, LPARAM lParam);
-    void OnBox(HWND hBox);
+    int OnBox(HWND hBox);
 
     std::deque<Box> m_expected;
     HHOOK m_hHook;

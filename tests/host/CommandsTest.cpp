@@ -1,0 +1,74 @@
+#include "HostTest.h"
+
+using namespace testing;
+
+TEST_F(HostTest, ListsTheRulesInEveryLanguage) {
+    const std::string kCases[][4] = {
+        {"english", "Sand Casting Rules", "Checks wall thicknesses and draft angles of sand castings",
+         "Variable Draft Angle  Sand Casting  Draft angle required by the size of the cast feature"},
+        {"japanese", "砂型鋳造ルール", "砂型鋳物の肉厚と抜き勾配をチェックします",
+         "可変抜き勾配  砂型鋳造  鋳造フィーチャのサイズに応じて必要な抜き勾配"},
+        {"korean", "사형 주조 규칙", "사형 주조품의 벽 두께와 구배 각도를 검사합니다",
+         "가변 구배 각도  사형 주조  주조 형상의 크기에 따라 필요한 구배 각도"},
+        {"french", "Règles de moulage en sable",
+         "Contrôle les épaisseurs de paroi et les angles de dépouille des pièces moulées en sable",
+         "Angle de dépouille variable  Moulage en sable  Angle de dépouille exigé selon la taille de "
+         "l'élément moulé"},
+        {"chinese-simplified", "砂型铸造规则", "检查砂型铸件的壁厚和拔模角",
+         "可变拔模角  砂型铸造  根据铸造特征尺寸要求的拔模角"},
+    };
+    for (const auto& [language, name, summary, rule] : kCases)
+        Run({L"list", L"--lang", Wide(language)}, 0,
+            AllOf(StartsWith(name + "\n" + summary + "\n\n   id  rule "),
+                  EndsWith("\n19040  " + rule + "\n")),
+            "");
+}
+
+TEST_F(HostTest, WritesANewDocumentButReplacesNoneUnasked) {
+    Run({L"new", L"n.xml", L"--lang", L"english"}, 0, "n.xml: 1 rule, lengths and angles in mm and deg\n",
+        "");
+    EXPECT_EQ(m_folder.Read(L"n.xml"), m_sample.substr(0, m_sample.find_last_not_of('\n') + 2));
+
+    m_folder.Write(L"n.xml", "mine");
+    Run({L"new", L"n.xml"}, 2, "", HasSubstr("n.xml exists already; --force"));
+    EXPECT_EQ(m_folder.Read(L"n.xml"), "mine");
+    Run({L"new", L"n.xml", L"--force", L"--lang", L"french"}, 0, _, "");
+    EXPECT_THAT(m_folder.Read(L"n.xml"), HasSubstr("Angles de dépouille selon la taille"));
+    // A record is recognised whatever the language it was written in.
+    Run({L"show", L"n.xml", L"--lang", L"korean"}, 0, HasSubstr("\n가변 구배 각도 (rule 19040)\n"), "");
+    EXPECT_THAT(m_folder.Names(), ElementsAre(L"n.xml"));
+}
+
+TEST_F(HostTest, ShowsADocument) {
+    m_folder.Write(L"i.xml", m_inches);
+    Run({L"show", L"i.xml", L"--lang", L"japanese"}, 0,
+        R"(i.xml: 1 rule, lengths and angles in in and deg
+
+可変抜き勾配 (rule 19040)
+  鋳造フィーチャのサイズに応じて必要な抜き勾配
+  status 0, severity 1
+     id  parameter         active  value
+  29183  サイズ別抜き勾配  yes     3 rows
+    from [in]   to [in]  angle 1 [deg]  angle 2 [deg]  angle 3 [deg]
+          0.0       1.0            3.0            3.0              -
+          1.0       4.0            1.5            2.5            1.0
+          4.0  no limit            1.0            1.0            1.0
+)",
+        "");
+    // An ideograph beyond the basic plane is as wide as any other.
+    m_folder.Write(L"d.xml", Document(R"(<Value Attribute1="吉吉吉吉吉"/><Value Attribute1="𠮷"/>)"));
+    Run({L"show", L"d.xml"}, 1, HasSubstr("\n    吉吉吉吉吉\n            𠮷\n"), _);
+}
+
+TEST_F(HostTest, TakesAnyPath) {
+    const std::wstring path = m_folder.Write(L"日本 語 𠮷 %TEMP% é.xml", m_sample);
+    const std::wstring rooted = Wide(MFX_SAMPLES "draft-angle.xml").substr(2);  // "/..." on the current drive
+    for (const std::wstring& given : {path, m_folder.Names()[0], rooted}) {
+        Run({L"convert", given, L"--length", L"in", L"-o", L"出力 𠮷.xml"}, 0,
+            "出力 𠮷.xml: 1 rule converted from mm and deg to in and deg\n", "");
+        Run({L"show", given}, 0, StartsWith(Utf8(given) + ": 1 rule, lengths and angles in mm "), "");
+        Run({L"show", L"出力 𠮷.xml"}, 0, HasSubstr("lengths and angles in in and deg"), "");
+    }
+    Run({L"show", L"ない 𠮷.xml"}, 3, "", HasSubstr("ない 𠮷.xml: can't be read"));
+    EXPECT_EQ(m_folder.Names().size(), 2u);
+}

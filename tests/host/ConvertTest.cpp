@@ -1,0 +1,164 @@
+#include "HostTest.h"
+
+#include <numbers>
+#include <regex>
+#include <sstream>
+
+using namespace testing;
+
+// The numbers of all table rows, in order.
+static std::vector<double> Cells(const std::string& xml) {
+    static const std::regex kCell("Attribute\\d=\"([^\"]+)\"");
+    std::vector<double> cells;
+    for (std::sregex_iterator it(xml.begin(), xml.end(), kCell), end; it != end; ++it)
+        cells.push_back(std::stod((*it)[1]));
+    return cells;
+}
+
+TEST_F(HostTest, ConvertsEveryValueThereAndBack) {
+    m_folder.Write(L"d.xml", m_sample);
+    Run({L"convert", L"d.xml", L"--length", L"in", L"--angle", L"rad", L"-o", L"c.xml"}, 0,
+        "c.xml: 1 rule converted from mm and deg to in and rad\n", "");
+    EXPECT_EQ(m_folder.Read(L"d.xml"), m_sample);
+    Run({L"convert", L"c.xml", L"--length", L"mm", L"--angle", L"deg", L"-o", L"b.xml"}, 0,
+        "b.xml: 1 rule converted from in and rad to mm and deg\n", "");
+
+    const std::string converted = m_folder.Read(L"c.xml"), back = m_folder.Read(L"b.xml");
+    EXPECT_THAT(converted, HasSubstr(R"(Unit="3" AngleUnit="1">)"));
+    EXPECT_THAT(back, HasSubstr(R"(Unit="1" AngleUnit="0">)"));
+    const auto before = Cells(m_sample), there = Cells(converted), again = Cells(back);
+    ASSERT_THAT((std::vector{before.size(), there.size(), again.size()}), ElementsAre(20u, 20u, 20u));
+    constexpr double kTolerance = 0.501e-6;  // values are stored with six decimals
+    for (std::size_t i = 0; i < before.size(); ++i) {
+        SCOPED_TRACE("cell " + std::to_string(i));
+        const double factor = i % 5 < 2 ? 1 / 25.4 : std::numbers::pi / 180;
+        EXPECT_NEAR(there[i], before[i] * factor, kTolerance);
+        EXPECT_NEAR(again[i], before[i], kTolerance / factor + kTolerance);
+    }
+}
+
+TEST_F(HostTest, ConvertsInPlaceWithoutTheOpenUpperBound) {
+    m_folder.Write(L"i.xml", m_inches);
+    Run({L"convert", L"i.xml", L"--length", L"mm", L"--lang", L"english"}, 0,
+        "i.xml: 1 rule converted from in and deg to mm and deg\n", "");
+    std::string expected = Replaced(m_inches, R"(Unit="3")", R"(Unit="1")");
+    expected = Replaced(expected, R"("1.0" Attribute3)", R"("25.4" Attribute3)");
+    expected = Replaced(expected, R"("1.0" Attribute2="4.0")", R"("25.4" Attribute2="101.6")");
+    expected = Replaced(expected, R"("4.0" Attribute2)", R"("101.6" Attribute2)");
+    EXPECT_EQ(m_folder.Read(L"i.xml"), expected);
+    EXPECT_THAT(m_folder.Names(), ElementsAre(L"i.xml"));
+
+    const std::wstring utf16 = L"\ufeff" + Wide(Replaced(m_sample, "UTF-8", "UTF-16"));
+    m_folder.Write(L"i.xml", {reinterpret_cast<const char*>(utf16.data()), utf16.size() * 2});
+    Run({L"convert", L"i.xml", L"--length", L"mm"}, 0, HasSubstr("from mm"), "");
+    EXPECT_EQ(Cells(m_folder.Read(L"i.xml")), Cells(m_sample));
+    EXPECT_THAT(m_folder.Read(L"i.xml"), HasSubstr("encoding=\"UTF-8\""));
+}
+
+TEST_F(HostTest, KnowsUnitsAsPeopleTypeThem) {
+    const std::pair<const char*, std::vector<const char*>> kCases[] = {
+        {"--length",
+         {"", "mm MM Millimeters millimetre", "cm Centimetres", "in Inch inches \"", "M meter metres",
+          "ft Foot feet '", "um \u00b5m \u03bcm microns", "thou mil mils", "dm", "yd yards"}},
+        {"--angle",
+         {"deg DEG Degrees \u00b0", "rad RAD radians", "gon grad gradians", "arcmin arcminutes \u2032"}},
+    };
+    const std::string document = R"(<MfxRules Unit="2" AngleUnit="2"/>)";
+    for (const auto& [option, namesOfCodes] : kCases)
+        for (std::size_t nCode = 0; nCode < namesOfCodes.size(); ++nCode) {
+            std::istringstream names(namesOfCodes[nCode]);
+            for (std::string name; names >> name;) {
+                m_folder.Write(L"d.xml", document);
+                Run({L"convert", L"d.xml", Wide(option), Wide(name)}, 0, HasSubstr("0 rules converted"), "");
+                const std::string code = "Unit=\"" + std::to_string(nCode) + "\"";
+                EXPECT_THAT(m_folder.Read(L"d.xml"),
+                            HasSubstr(option[2] == 'l' ? "<MfxRules " + code : R"(="2" Angle)" + code));
+            }
+        }
+    m_folder.Write(L"d.xml", document);
+    for (const std::wstring name :
+         {L"furlong", L"km", L"mmm", L"m m", L"deg", L"3", L"\\\"a b\\", L"米", L""})
+        Run({L"convert", L"d.xml", L"--length", name}, 2, "",
+            AllOf(HasSubstr("--length"), HasSubstr('"' + Utf8(name) + '"'), HasSubstr("mm, cm, in")));
+    EXPECT_EQ(m_folder.Read(L"d.xml"), document);
+}
+
+TEST_F(HostTest, KeepsWhatIsNotItsOwn) {
+    const std::string content = R"(
+  <!-- our own -->
+  <x:Extra xmlns:x="urn:x" x:a="Ä &amp; &lt;𠮷">
+    <Deep>a &lt; b<![CDATA[<raw>]]></Deep>
+  </x:Extra>
+  <?tool data?>
+)";
+    const std::string document =
+        Document(R"(<Value Attribute1="0" Attribute2="25.4" Attribute3="1" Attribute4="2"/>)", content);
+    m_folder.Write(L"d.xml", "<!-- first -->\n<!DOCTYPE MfxRules>\n" +
+                                 Replaced(document, "<MfxRules", R"(<MfxRules by="M &amp; S")") +
+                                 "<!-- last -->");
+    Run({L"convert", L"d.xml", L"--length", L"in"}, 0, HasSubstr("1 rule converted"), "");
+    EXPECT_THAT(m_folder.Read(L"d.xml"),
+                AllOf(HasSubstr("<!-- first -->\n<!DOCTYPE MfxRules>\n"
+                                R"(<MfxRules by="M &amp; S" Unit="3" AngleUnit="0">)" +
+                                content + "  <Rule "),
+                      HasSubstr(R"(Attribute2="1.0" Attribute3="1")"), HasSubstr("<Remarks>r</Remarks>"),
+                      EndsWith("</MfxRules>\n<!-- last -->\n")));
+}
+
+// The record is written anew: what the rule did not take in has to be reported, or kept.
+TEST_F(HostTest, LosesNothingInARuleSilently) {
+    const struct {
+        std::string part, by;
+        const char* kept;  // null when only a report will do
+    } kCases[] = {
+        {"Severity", "owner=\"me\" Severity", "owner=\"me\""},
+        {"<Par", "<!-- why --><Par", "<!-- why -->"},
+        {"<Par", "<Parameter Type=\"4711\"><Value>25.4</Value></Parameter><Par", "4711"},
+        {"<Par", "<Constraint Type=\"1\" Value=\"Iron\" Status=\"1\"/><Par", "Iron"},
+        {"<Remarks>", "<Note>n</Note><Remarks>", "<Note>n</Note>"},
+        {"</Par", "</Parameter><Parameter Type=\"29183\"><Value Attribute1=\"7\"/></Par", "\"7\""},
+        {"Attribute4=\"2\"", "Attribute4=\"2\" Attribute6=\"8\"", "Attribute6=\"8\""},
+        {" Attribute4=\"2\"", "", nullptr},  // too short: it would keep the old units
+        {"<Operator>3", "<Operator>is", nullptr},
+        {"<ParameterType>24", "<ParameterType>", nullptr},
+    };
+    for (const auto& [part, by, kept] : kCases) {
+        SCOPED_TRACE(part + " -> " + by);
+        const std::string document = Replaced(
+            Document(R"(<Value Attribute1="0" Attribute2="25.4" Attribute3="3" Attribute4="2"/>)"), part, by);
+        m_folder.Write(L"d.xml", document);
+        const ProcessResult run = Run({L"convert", L"d.xml", L"--length", L"in"});
+        const std::string after = m_folder.Read(L"d.xml");
+        if (run.nExitCode == 0 && kept && after.find(kept) != std::string::npos) continue;
+        EXPECT_EQ(run.nExitCode, 1);
+        EXPECT_THAT(run.err, StartsWith("d.xml:"));
+        EXPECT_TRUE(after == document);
+    }
+}
+
+TEST_F(HostTest, NamesWhatTheModulePassesOverAndConvertsNothing) {
+    const std::string document =
+        Replaced(Document(R"(<Value Attribute1="0" Attribute2="1e3" Attribute3="3" Attribute4="1,5"/>
+<Value Attribute1="." Attribute2="1.2.3" Attribute3="" Attribute4="x&lt;y"/>)",
+                          R"(
+<Rule Name="幅 𠮷" Module="MFXSandCastingRulesValidator"/>
+<Rule Name="Variable Draft Angle" Module="Other" />)"),
+                 "Severity=\"2\"", "Severity=\"high\"");
+    const std::string problems =
+        R"(d.xml:2: the rule "幅 𠮷" of module "MFXSandCastingRulesValidator" is not known here
+d.xml:3: the rule "Variable Draft Angle" of module "Other" is not known here
+d.xml:4: Rule: Severity="high" is not a whole number
+d.xml:7: parameter 29183, Attribute2: "1e3" is not a number
+d.xml:7: parameter 29183, Attribute4: "1,5" is not a number
+d.xml:8: parameter 29183, Attribute1: "." is not a number
+d.xml:8: parameter 29183, Attribute2: "1.2.3" is not a number
+d.xml:8: parameter 29183, Attribute4: "x<y" is not a number
+)";
+    m_folder.Write(L"d.xml", document);
+    Run({L"show", L"d.xml"}, 1, AllOf(StartsWith("d.xml: 3 rules"), HasSubstr("1.2.3")), problems);
+    for (const std::wstring output : {L"d.xml", L"o.xml"})
+        Run({L"convert", L"d.xml", L"--length", L"in", L"-o", output}, 1, "",
+            problems + "mfxhost: d.xml was not converted\n");
+    EXPECT_EQ(m_folder.Read(L"d.xml"), document);
+    EXPECT_THAT(m_folder.Names(), ElementsAre(L"d.xml"));
+}

@@ -1,0 +1,108 @@
+#include "HostTest.h"
+
+#include <filesystem>
+
+namespace fs = std::filesystem;
+using namespace testing;
+
+TEST_F(HostTest, NamesTheFlawOfAnUnreadableFile) {
+    std::string opened, closed;
+    for (int i = 0; i < 100000; ++i) opened += "<a>", closed += "</a>";
+    const std::string kCases[][3] = {
+        {"", "1: ", "XML"},
+        {"just text", "1: ", "XML"},
+        {m_sample.substr(0, m_sample.size() / 2), "", "XML"},
+        {m_sample.substr(0, m_sample.rfind("</MfxRules>")), "", "XML"},
+        {"<MfxRules>\n</Other>", "2: ", "XML"},
+        {"<MfxRules/>\n<MfxRules/>", "2: ", "more than one"},
+        {"<MfxRules>\n" + opened + closed + "</MfxRules>", "2: ", "too deep"},
+        {"<MfxRules>\n\n<Rule Name=\"\xC3\x28\"/></MfxRules>", "3: ", "UTF-8"},
+        {std::string("<MfxRules>\n<!--\0--></MfxRules>", 30), "2: ", "NUL"},
+        {"<?xml version=\"1.0\" encoding=\"ISO-8859-1\"?>\n<MfxRules/>", "1: ", "encoding"},
+        {"\n<Rules Version=\"1\"/>", "2: ", "\"Rules\", not \"MfxRules\""},
+        {"\n\n<MfxRules Version=\"2\"/>", "3: ", "Version=\"2\""},
+        {"<MfxRules Unit=\"-1\"/>", "1: ", "Unit=\"-1\""},
+        {"<MfxRules Unit=\"10\"/>", "1: ", "Unit=\"10\""},
+        {"<MfxRules Unit=\"mm\"/>", "1: ", "Unit=\"mm\""},
+        {"<MfxRules Unit=\"\"/>", "1: ", "Unit=\"\""},
+        {"<MfxRules Unit=\"1.5\"/>", "1: ", "Unit=\"1.5\""},
+        {"<MfxRules AngleUnit=\"4\"/>", "1: ", "AngleUnit=\"4\""},
+    };
+    for (const auto& [bytes, line, reason] : kCases) {
+        SCOPED_TRACE(bytes.substr(0, 80));
+        m_folder.Write(L"d.xml", bytes);
+        for (const std::wstring command : {L"show", L"convert"})
+            Run({command, L"d.xml"}, 3, "", AllOf(StartsWith("mfxhost: d.xml:" + line), HasSubstr(reason)));
+        EXPECT_EQ(m_folder.Read(L"d.xml"), bytes);
+    }
+    for (const std::wstring name : {L"none.xml", L"none\\d.xml", L".", L"d.xml\\e.xml"})
+        Run({L"show", name}, 3, "", StartsWith("mfxhost: " + Utf8(name) + ": can't be read: "));
+}
+
+TEST_F(HostTest, ExplainsItsUsage) {
+    m_folder.Write(L"d.xml", m_sample);
+    const std::pair<Arguments, const char*> kCases[] = {
+        {{}, "subcommand"},
+        {{L"open"}, "subcommand"},
+        {{L"show"}, "FILE"},
+        {{L"show", L""}, "FILE"},
+        {{L"show", L"d.xml", L"e.xml"}, "e.xml"},
+        {{L"new"}, "FILE"},
+        {{L"list", L"--lang", L"klingon"}, "klingon"},
+        {{L"convert", L"--length", L"in"}, "FILE"},
+        {{L"convert", L"d.xml", L"--length"}, "--length"},
+        {{L"convert", L"d.xml", L"--size", L"in"}, "--size"},
+        {{L"convert", L"d.xml", L"--length", L"in", L"-o", L""}, "output"},  // does not mean "in place"
+    };
+    for (const auto& [arguments, reason] : kCases)
+        Run(arguments, 2, "", AllOf(StartsWith("mfxhost: "), HasSubstr(reason)));
+    EXPECT_EQ(m_folder.Read(L"d.xml"), m_sample);
+    for (const char* word : {"list ", "new ", "show ", "convert ", "Exit codes"})
+        Run({L"--help"}, 0, HasSubstr(word), "");
+    for (const char* word : {"mfxhost convert", "--length", "--angle", "--output", "chinese-simplified"})
+        Run({L"convert", L"--help"}, 0, HasSubstr(word), "");
+}
+
+TEST_F(HostTest, LeavesATargetThatCannotBeWrittenWhole) {
+    m_folder.Write(L"d.xml", m_sample);
+    SetFileAttributesW(m_folder.Write(L"read-only.xml", "mine").c_str(), FILE_ATTRIBUTE_READONLY);
+    const HANDLE hOpen = CreateFileW(m_folder.Write(L"open.xml", "mine").c_str(), GENERIC_READ,
+                                     FILE_SHARE_READ, nullptr, OPEN_EXISTING, 0, nullptr);
+    fs::create_directory(m_folder.Path(L"folder"));
+    const auto names = m_folder.Names();
+    for (const std::wstring target : {L"read-only.xml", L"open.xml", L"folder", L"none\\d.xml"}) {
+        // The reason is more than a number.
+        const auto unwritten = HasSubstr(Utf8(target) + ": can't be written: ");
+        Run({L"convert", L"d.xml", L"-o", target}, 4, "", AllOf(unwritten, Not(HasSubstr(":  ("))));
+        Run({L"new", target, L"--force"}, 4, "", unwritten);
+        EXPECT_EQ(m_folder.Names(), names);
+    }
+    CloseHandle(hOpen);
+    EXPECT_EQ(m_folder.Read(L"read-only.xml") + m_folder.Read(L"open.xml"), "minemine");
+}
+
+TEST_F(HostTest, NamesThePartOfTheInstallationThatIsMissing) {
+    const std::wstring bin = m_folder.Path(L"bin");
+    fs::create_directory(bin);
+    for (const auto& entry : fs::directory_iterator(ProgramFolder()))
+        if (entry.path().extension() == L".dll" || entry.path().filename() == L"mfxhost.exe")
+            fs::copy(entry.path(), fs::path(bin) / entry.path().filename());
+    fs::copy(ProgramFolder() + L"\\..\\lang", m_folder.Path(L"lang"), fs::copy_options::recursive);
+    Run({L"list", L"--lang", L"french"}, 0, StartsWith("Règles"), "", bin);
+
+    for (const std::wstring name :
+         {L"bin\\MfxKitu.dll", L"bin\\MFXSandCastingRulesu.dll",
+          L"lang\\english\\MFXSandCastingRulesResu.dll", L"lang\\french\\MFXSandCastingRulesResu.dll"})
+        for (const bool bDamaged : {false, true}) {
+            SCOPED_TRACE(bDamaged ? "damaged" : "missing");
+            const std::wstring file = m_folder.Path(name);
+            fs::rename(file, file + L".away");
+            if (bDamaged) m_folder.Write(name, "damaged");
+            // Without a language the program still has English.
+            const bool bLanguage = name.find(L"french") != std::wstring::npos;
+            Run({L"list", L"--lang", L"french"}, bLanguage ? 0 : 4,
+                StartsWith(bLanguage ? "Sand Casting Rules\n" : ""), StartsWith("mfxhost: " + Utf8(file)),
+                bin);
+            fs::rename(file + L".away", file);
+        }
+}

@@ -1,0 +1,127 @@
+#include "LocationHelper.h"
+#include "ModuleTestSupport.h"
+#include "SCVariableDraftAngleRule.h"
+#include "resource.h"
+
+#include <gmock/gmock.h>
+
+extern "C" void SetDBModuleList(CStringList& modules);
+extern "C" void GetAllRules(MfxRuleArray& rules);
+
+namespace {
+
+const CString kLibrary = L"\\MFXSandCastingRulesResu.dll";
+
+// What the system's language is in this run.
+CString Environment(LPCWSTR pszName, LPCWSTR pszDefault) {
+    wchar_t szValue[100] = L"";
+    return GetEnvironmentVariableW(pszName, szValue, 100) ? szValue : pszDefault;
+}
+
+}  // namespace
+
+TEST(SandCastingRulesAppTest, OpensTheUsersAndTheDefaultLanguage) {
+    const CString strDefault = CLocationHelper::GetDefaultResPath();
+    // The language asked for and the one opened.
+    for (const auto& [pszWord, pszOpened] :
+         {std::pair{L"french", L"french"}, {L"english", L"english"}, {L"nowhere", L"english"}}) {
+        SCOPED_TRACE(testing::Message() << pszWord);
+        const HINSTANCE hHost = GetModuleHandleW(L"kernel32.dll");
+        AfxSetResourceHandle(hHost);
+        CLanguageUtil::SetMfxKitLang(pszWord);
+        CMFXSandCastingRulesApp app;
+        EXPECT_TRUE(app.InitInstance());
+        EXPECT_EQ(g_pSandCastingRulesApp, &app);
+        EXPECT_EQ(app.m_hPrevResource, hHost);
+        EXPECT_EQ(AfxGetResourceHandle(), app.m_hResDll);
+        EXPECT_STREQ(app.GetLanguage(), pszOpened);
+        EXPECT_STREQ(app.m_strLanguageCode, L"");
+        EXPECT_STREQ(app.m_strResPath,
+                     CString(strDefault).Left(strDefault.ReverseFind(L'\\') + 1) + pszOpened);
+        EXPECT_STREQ(app.m_strResDllPath, app.m_strResPath + kLibrary);
+        EXPECT_STREQ(app.m_strHelpPath, app.m_strResPath + L"\\mfxkit.chm");
+        ASSERT_TRUE(app.m_hResDll && app.m_hDefaultResDll);
+        EXPECT_EQ(app.m_hResDll, GetModuleHandleW(app.m_strResDllPath));
+        EXPECT_EQ(app.m_hDefaultResDll, GetModuleHandleW(strDefault + kLibrary));
+
+        AfxSetResourceHandle(hHost);
+        EXPECT_STREQ(app.LoadDefaultLanguageString(IDS_DRAFT_RULE_NAME), L"Variable Draft Angle");
+        EXPECT_EQ(AfxGetResourceHandle(), hHost);
+        EXPECT_EQ(app.ExitInstance(), 0);
+        EXPECT_FALSE(g_pSandCastingRulesApp);
+        EXPECT_FALSE(GetModuleHandleW(app.m_strResDllPath) || GetModuleHandleW(strDefault + kLibrary));
+    }
+}
+
+TEST(SandCastingRulesAppTest, WithoutLibrariesTextsAreEmptyAndNotTheHosts) {
+    CString strHost;
+    EXPECT_TRUE(strHost.LoadString(GetModuleHandleW(nullptr), IDS_PROCESS));
+    CMFXSandCastingRulesApp app;
+    EXPECT_STREQ(app.LoadLocalizedString(IDS_PROCESS) + app.LoadDefaultLanguageString(IDS_PROCESS), L"");
+    EXPECT_EQ(app.ExitInstance(), 0);
+}
+
+TEST(SandCastingRulesAppTest, WithoutApplicationRulesAreNamelessAndThereAreNone) {
+    CMFXSCVariableDraftAngleRule rule;
+    EXPECT_STREQ(rule.m_strName + rule.m_strDisplayName + rule.m_strSummary + rule.m_strModule +
+                     rule.m_strRuleCategory,
+                 L"");
+    EXPECT_TRUE(rule.m_processList.IsEmpty());
+    EXPECT_EQ(rule.m_nSeverity, 0);
+    EXPECT_EQ(rule.m_paramArray[0].m_pStorage->GetValues<MfxTableRow>().GetCount(), 4);
+    MfxRuleArray rules;
+    GetAllRules(rules);
+    EXPECT_TRUE(rules.IsEmpty());
+    CStringList modules;
+    SetDBModuleList(modules);
+}
+
+TEST(SandCastingRulesAppTest, DatabaseModulesAreReplacedByACopy) {
+    StartedApp app(L"english");
+    for (const std::vector<const wchar_t*>& names :
+         {std::vector{L"Zinc", L"Alloys", L"Steel"}, {L"Steel"}, {}}) {
+        CStringList modules;
+        for (const wchar_t* pszName : names) modules.AddTail(pszName);
+        SetDBModuleList(modules);
+        modules.RemoveAll();
+        std::vector<std::wstring> own;
+        for (POSITION pos = app.m_dbModuleList.GetHeadPosition(); pos;)
+            own.emplace_back(app.m_dbModuleList.GetNext(pos));
+        EXPECT_THAT(own, testing::ElementsAreArray(names));
+    }
+}
+
+TEST(SystemLanguageTest, RegistryOptionOrElseTheSystemsLanguage) {
+    constexpr auto kKey = L"SOFTWARE\\Quillmark\\KPT_PRODUCT\\MfxKit\\NX\\Add-in";
+    const CString strSystem = Environment(L"MFX_TEST_LANGUAGE", L"english");
+    // A user's hive for this process alone.
+    CString strHive;
+    strHive.Format(L"SOFTWARE\\MfxTest%lu", GetCurrentProcessId());
+    HKEY hHive = nullptr;
+    ASSERT_EQ(RegCreateKeyW(HKEY_CURRENT_USER, strHive, &hHive), 0);
+    RegOverridePredefKey(HKEY_CURRENT_USER, hHive);
+    EXPECT_STREQ(CMFXSandCastingRulesApp::GetRegistryLanguage(), strSystem);
+    const LPCWSTR words[] = {L"english", L"japanese", L"korean", strSystem, L"french", strSystem};
+    for (DWORD dwOption = 0; dwOption < std::size(words); ++dwOption) {
+        RegSetKeyValueW(HKEY_CURRENT_USER, kKey, L"OptionsLanguage", REG_DWORD, &dwOption, sizeof dwOption);
+        EXPECT_STREQ(CMFXSandCastingRulesApp::GetRegistryLanguage(), words[dwOption]) << dwOption;
+        EXPECT_STREQ(StartedApp(L"").GetLanguage(), strSystem) << "start-up asks the framework";
+    }
+    RegOverridePredefKey(HKEY_CURRENT_USER, nullptr);
+    RegDeleteTreeW(HKEY_CURRENT_USER, strHive);
+}
+
+TEST(SystemLanguageTest, LocaleCode) {
+    const CString strSystem = Environment(L"MFX_TEST_LOCALE", L"en_US");
+    CMFXSandCastingRulesApp app;
+    for (const auto& [pszWord, pszCode] : {std::pair<LPCWSTR, LPCWSTR>{L"chinese-simplified", strSystem},
+                                           {L"chinese", strSystem},
+                                           {L"japanese", L"japanese"},
+                                           {L"korean", L"korean"},
+                                           {L"french", L"french"},
+                                           {L"german", L"english"},
+                                           {L"", L"english"}}) {
+        app.m_strLanguageCode = pszWord;
+        EXPECT_STREQ(app.GetLocaleCode(), pszCode) << pszWord;
+    }
+}

@@ -1,0 +1,159 @@
+#include "SCVariableDraftAngleRule.h"
+
+#include "RuleRecord.h"
+#include "UnitLabels.h"
+#include "ValueText.h"
+#include "module/ModuleTestSupport.h"
+#include "support/MessageBoxRecorder.h"
+
+#include <gmock/gmock.h>
+
+using testing::ElementsAre;
+
+namespace {
+
+constexpr UnitPair kMetric{1, 0}, kInch{3, 0}, kMinute{1, 3}, kInchMinute{3, 3};
+
+class VariableDraftAngleRuleTest : public testing::Test {
+  protected:
+    VariableDraftAngleRuleTest() { SetRuleDocument(&m_document); }
+    ~VariableDraftAngleRuleTest() override { SetRuleDocument(nullptr); }
+
+    static MfxArray<MfxTableRow>& Rows(CMfxRule& rule) {
+        return rule.m_paramArray[0].m_pStorage->GetValues<MfxTableRow>();
+    }
+
+    static CString Table(CMfxRule& rule) {
+        CString strTable;
+        for (const MfxTableRow& row : Rows(rule)) strTable += ToText(row) + L"|";
+        return strTable;
+    }
+
+    void RemoveParameter() {
+        const std::unique_ptr<CMfxParamStorage> pStorage(m_rule.m_paramArray[0].m_pStorage);
+        m_rule.ReleaseParamStorageObject(pStorage.get());
+    }
+
+    UnitPair Units() const { return {m_rule.m_nLengthUnit, m_rule.m_nAngleUnit}; }
+
+    MessageBoxRecorder m_boxes;
+    StartedApp m_app{L"french"};
+    MfxXMLDocument m_document;
+    CMFXSCVariableDraftAngleRule m_rule;
+};
+
+}  // namespace
+
+TEST_F(VariableDraftAngleRuleTest, FreshRule) {
+    EXPECT_STREQ(m_rule.m_strName, L"Variable Draft Angle");
+    EXPECT_EQ(m_rule.m_strDisplayName.GetString(), m_app.Text(29192));
+    EXPECT_EQ(m_rule.m_strSummary.GetString(), m_app.Text(29193));
+    EXPECT_STREQ(m_rule.m_strModule, L"MFXSandCastingRulesValidator");
+    ASSERT_EQ(m_rule.m_processList.GetCount(), 1);
+    EXPECT_EQ(m_rule.m_processList.GetHead().GetString(), m_app.Text(10116));
+    EXPECT_THAT(
+        (std::vector{m_rule.m_nSeverity, m_rule.m_nStatus, m_rule.GetRuleId(), m_rule.GetRuleCategoryEnum()}),
+        ElementsAre(2, 0, 19040, 19));
+    EXPECT_EQ(Units(), kMetric);
+    EXPECT_TRUE(m_rule.m_bParametersCreated);
+    ASSERT_EQ(m_rule.m_paramArray.GetCount(), 1);
+    const CMfxParamStorage& table = *m_rule.FindParameterInArray(29183);
+    EXPECT_EQ(table.m_strName.GetString(), m_app.Text(29183));
+    EXPECT_THAT((std::vector<int>{m_rule.m_paramArray[0].m_type, table.GetType(), table.m_operator,
+                                  table.m_paramType, table.m_bStatus, table.m_bReadOnly}),
+                ElementsAre(8, 8, 3, 24, 1, 0));
+    EXPECT_STREQ(Table(m_rule),
+                 L"0.0;25.4;3;3;1.5;|25.4;50.8;1.5;2.5;1;|50.8;101;1;1.5;1;|101;203;.75;1;1;|");
+}
+
+TEST_F(VariableDraftAngleRuleTest, ConvertsLengthsAndAnglesApart) {
+    const struct {
+        UnitPair from, to;
+        const wchar_t *pszBefore, *pszAfter;
+    } cases[] = {
+        {kMetric, kInch, L"50.8;101;1.50;.75;a;", L"2.0;3.976378;1.50;.75;a;|"},
+        {kInch, kMetric, L"2;4 in;3;;1;", L"50.8;101.6;3;;1;|"},
+        {kMetric, kMinute, L"0;25.40;3;.75;a;", L"0;25.40;180.0;45.0;0.0;|"},
+        {kInchMinute, kMetric, L";a;90;6;1;", L"0.0;0.0;1.5;0.1;0.016667;|"},
+        // A length without upper limit stays; one that differs from it by more than a millionth does not.
+        {kMetric, kInch, L"1000000000.0000005;1000000000;1;1;1;", L"1000000000.0;1000000000.0;1;1;1;|"},
+        {kMetric, kInch, L"1000000000.00001;25.4;1;1;1;", L"39370078.740158;1.0;1;1;1;|"},
+        {kMetric, kMinute, L"1000000000;1;1000000000;1;1;", L"1000000000;1;60000000000.0;60.0;60.0;|"},
+        // Too few cells, just enough, too many.
+        {kMetric, kInchMinute, L"25.4;25.4;1;", L"25.4;25.4;1;|"},
+        {kMetric, kInchMinute, L"25.4;25.4;1;2;", L"1.0;1.0;60.0;120.0;|"},
+        {kMetric, kInchMinute, L"25.4;25.4;1;1;1;1;", L"1.0;1.0;60.0;60.0;60.0;1;|"},
+    };
+    for (const auto& test : cases) {
+        Rows(m_rule).RemoveAll();
+        Rows(m_rule).Add({});  // a row that can't be converted does not end the conversion
+        Rows(m_rule).Add({});
+        FromText(test.pszBefore, Rows(m_rule)[1]);
+        m_rule.ConvertUnits(test.from, test.to);
+        EXPECT_STREQ(Table(m_rule), CString(L"|") + test.pszAfter);
+        EXPECT_EQ(Units(), test.to);
+    }
+}
+
+TEST_F(VariableDraftAngleRuleTest, SameUnitsOrNoParameterConvertNothing) {
+    const auto before = Table(m_rule);
+    m_rule.ConvertUnits(kInchMinute, kInchMinute);
+    EXPECT_STREQ(Table(m_rule), before);
+    RemoveParameter();
+    m_rule.ConvertUnits(kInchMinute, kInchMinute);
+    m_rule.ConvertUnits(kMetric, kInchMinute);
+    EXPECT_EQ(Units(), kMetric);
+}
+
+TEST_F(VariableDraftAngleRuleTest, PopulateReplacesTheTable) {
+    const std::string
+        start = "<Rule Summary='other'><Parameter Type='29183'><ParameterType>24</ParameterType>",
+        row = "<Value Attribute1='1' Attribute2='2.50' Attribute3='' Attribute4='4' Attribute5='.5'/>",
+        end = "</Parameter></Rule>";
+    for (const auto& [text, pszTable] : {std::pair{start + row + end, L"1;2.50;;4;.5;|"},
+                                         {start + row + row + end, L"1;2.50;;4;.5;|1;2.50;;4;.5;|"},
+                                         {start + end, L""},
+                                         {"<Rule/>", L""}}) {
+        m_rule.m_bPopulated = false;
+        m_rule.m_strSummary = L"old";
+        Rows(m_rule).Add({{L"left"}});
+        ASSERT_TRUE(m_document.Parse(text).bOk);
+        m_rule.PopulateFromXML(NodePtr(m_document.GetRootNode()).get());
+        EXPECT_STREQ(Table(m_rule), pszTable);
+        EXPECT_TRUE(m_rule.m_bPopulated);
+        EXPECT_EQ(m_rule.m_strSummary.GetString(), m_app.Text(29193));
+    }
+}
+
+TEST_F(VariableDraftAngleRuleTest, WritesWhatAnotherReadsAndThenReloadsTheSummary) {
+    CMFXSCVariableDraftAngleRule copy;
+    Rows(m_rule).Add({{L"0.10", L"x;y", L"", L"3", L"é"}});
+    m_rule.m_strSummary = L"old";
+    const NodePtr pRecord(m_rule.BuildXMLNode());
+    EXPECT_EQ(m_rule.m_strSummary.GetString(), m_app.Text(29193));
+    copy.PopulateFromXML(pRecord.get());
+    EXPECT_STREQ(Table(copy), Table(m_rule));
+    CString strWritten;
+    pRecord->GetAttributeValue(L"Summary", strWritten);
+    EXPECT_STREQ(strWritten, L"old");
+
+    RemoveParameter();
+    m_rule.m_strSummary = L"old";
+    NodePtr(m_rule.BuildXMLNode());
+    m_rule.PopulateFromXML(pRecord.get());
+    EXPECT_STREQ(m_rule.m_strSummary, L"old");
+}
+
+TEST_F(VariableDraftAngleRuleTest, UnitLabelsByCode) {
+    // From code -1 on; 0 is no label.
+    const auto check = [&](CString (*label)(int), std::initializer_list<UINT> ids) {
+        int nCode = -1;
+        for (const UINT nId : ids) {
+            EXPECT_EQ(label(nCode).GetString(), nId ? m_app.Text(nId) : L"") << nCode;
+            ++nCode;
+        }
+    };
+    check(GetLengthUnitLabel,
+          {0, 10005, 10006, 10007, 10008, 10009, 0, 10010, 10011, 10012, 10013, 10014, 0});
+    check(GetAngleUnitLabel, {0, 10015, 10016, 10017, 10018, 0});
+}
