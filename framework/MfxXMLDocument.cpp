@@ -21,6 +21,10 @@ constexpr unsigned kParseOptions = pugi::parse_comments | pugi::parse_pi | pugi:
 
 constexpr wchar_t kIndent[] = L"  ";
 
+// Byte-order marks
+constexpr std::string_view kUtf8Mark = "\xEF\xBB\xBF", kLittleEndianMark = "\xFF\xFE",
+                           kBigEndianMark = "\xFE\xFF";
+
 bool IsUtf8(std::string_view bytes) {
     if (std::all_of(bytes.begin(), bytes.end(), [](char ch) { return static_cast<signed char>(ch) >= 0; }))
         return true;
@@ -44,25 +48,27 @@ std::string Utf16ToUtf8(std::string_view bytes, bool bBigEndian) {
 
 // The text without its byte-order mark, as UTF-8 wherever it is valid.
 std::string ToPlainUtf8(std::string_view bytes) {
-    constexpr std::string_view kUtf8Mark = "\xEF\xBB\xBF", kLittleEndian = "\xFF\xFE",
-                               kBigEndian = "\xFE\xFF";
-    if (bytes.starts_with(kLittleEndian) || bytes.starts_with(kBigEndian))
-        return Utf16ToUtf8(bytes.substr(2), bytes.starts_with(kBigEndian));
+    if (bytes.starts_with(kLittleEndianMark) || bytes.starts_with(kBigEndianMark))
+        return Utf16ToUtf8(bytes.substr(2), bytes.starts_with(kBigEndianMark));
     return std::string(bytes.substr(bytes.starts_with(kUtf8Mark) ? kUtf8Mark.size() : 0));
 }
 
-// Line of the first bytes that are not UTF-8 or are NUL, from 1; 0 when there are none. pugixml takes a text
-// up to its first NUL for the whole of it: the rest would be lost without a word.
-int FindUnreadableLine(const std::string& utf8) {
-    if (IsUtf8(utf8) && utf8.find('\0') == std::string::npos) return 0;
+// Line of the first bytes that are not UTF-8, from 1; 0 when all are.
+int FindUndecodableLine(const std::string& utf8) {
+    if (IsUtf8(utf8)) return 0;
     int nLine = 1;
     for (std::size_t start = 0; start < utf8.size(); ++nLine) {
         const std::size_t end = std::min(utf8.find('\n', start), utf8.size() - 1) + 1;
-        const std::string_view line = std::string_view(utf8).substr(start, end - start);
-        if (!IsUtf8(line) || line.find('\0') != std::string_view::npos) break;
+        if (!IsUtf8(std::string_view(utf8).substr(start, end - start))) break;
         start = end;
     }
     return nLine;
+}
+
+// Whether a text in UTF-16 ends in the middle of a unit.
+bool IsTruncatedUtf16(std::string_view bytes) {
+    return (bytes.starts_with(kLittleEndianMark) || bytes.starts_with(kBigEndianMark)) &&
+           bytes.size() % 2 != 0;
 }
 
 // Encodings that a declaration may name; pure ASCII is UTF-8 too.
@@ -119,9 +125,17 @@ MfxXMLNode* MfxXMLDocument::CreateNode(const CString& strTag) {
 
 MfxXmlParseResult MfxXMLDocument::Parse(std::string_view bytes) {
     Clear();
+    if (IsTruncatedUtf16(bytes)) return Fail(1, 1, L"the text ends in the middle of a UTF-16 character");
     m_source = ToPlainUtf8(bytes);
-    if (const int nLine = FindUnreadableLine(m_source))
-        return Fail(nLine, 1, L"the text is not valid UTF-8, or holds a NUL character");
+    if (const int nLine = FindUndecodableLine(m_source))
+        return Fail(nLine, 1, L"the text is not valid UTF-8");
+    // pugixml takes a text up to its first NUL for the whole of it; the rest would be lost without a word.
+    if (const std::size_t nNul = m_source.find('\0'); nNul != std::string::npos) {
+        const std::string before = m_source.substr(0, nNul);
+        const auto nLine = static_cast<int>(std::count(before.begin(), before.end(), '\n')) + 1;
+        return Fail(nLine, static_cast<int>(nNul - (before.rfind('\n') + 1)) + 1,
+                    L"the text holds a NUL character");
+    }
 
     const pugi::xml_parse_result parsed =
         m_pDocument->load_buffer(m_source.data(), m_source.size(), kParseOptions, pugi::encoding_utf8);
@@ -133,7 +147,7 @@ MfxXmlParseResult MfxXMLDocument::Parse(std::string_view bytes) {
         encoding.set_value(L"UTF-8");  // what ToUtf8 writes
     }
     const pugi::xml_node root = m_pDocument->document_element();
-    if (!root) return Fail(0, 0, L"there is no element");
+    if (!root) return Fail(1, 1, L"there is no element");
     for (const pugi::xml_node child : m_pDocument->children()) {
         const bool bText = child.type() == pugi::node_pcdata || child.type() == pugi::node_cdata;
         if (bText && !CString(child.value()).Trim().IsEmpty())

@@ -24,6 +24,12 @@ std::vector<std::string> LanguageWords() {
     return words;
 }
 
+std::string Joined(const std::vector<std::string>& words) {
+    std::string joined;
+    for (const std::string& word : words) joined += (joined.empty() ? "" : ", ") + word;
+    return joined;
+}
+
 // A file name; an empty one is a slip of whoever wrote the command line, not the absence of the option.
 CLI::Option* AddFile(CLI::App& cli, const char* name, std::string& path, const char* description) {
     const auto isNotEmpty = [](const std::string& text) {
@@ -47,9 +53,10 @@ int Run(int argc, const char* const* argv) {
     cli.fallthrough();                       // --lang stands before or behind the command
     cli.allow_windows_style_options(false);  // "/file" is a file
     cli.set_version_flag("--version", "mfxhost " MFX_VERSION);
-    cli.footer(
-        "Exit codes: 0 done, 1 findings, 2 wrong usage, 3 input that can't be read,\n"
-        "4 something missing on the machine or a file that can't be written.");
+    cli.footer("Every command takes --lang LANGUAGE too: " + Joined(LanguageWords()) +
+               ".\n"
+               "Exit codes: 0 done, 1 findings, 2 wrong usage, 3 input that can't be read,\n"
+               "4 something missing on the machine or a file that can't be written.");
 
     std::string language;
     cli.add_option("--lang", language, "Language of the rules' texts, also of those that are saved")

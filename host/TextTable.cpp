@@ -9,7 +9,9 @@ namespace {
 bool IsWide(wchar_t ch) {
     return (ch >= 0x1100 && ch <= 0x115F) || (ch >= 0x2E80 && ch <= 0xA4CF) ||
            (ch >= 0xAC00 && ch <= 0xD7A3) || (ch >= 0xF900 && ch <= 0xFAFF) ||
-           (ch >= 0xFE30 && ch <= 0xFE6F) || (ch >= 0xFF00 && ch <= 0xFF60) || (ch >= 0xFFE0 && ch <= 0xFFE6);
+           (ch >= 0xFE30 && ch <= 0xFE6F) || (ch >= 0xFF00 && ch <= 0xFF60) ||
+           (ch >= 0xFFE0 && ch <= 0xFFE6) || (ch >= 0xD83C && ch <= 0xD83E) ||
+           (ch >= 0xD840 && ch <= 0xD8BF);  // first halves: emoji, ideographs
 }
 
 bool IsZeroWidth(wchar_t ch) {

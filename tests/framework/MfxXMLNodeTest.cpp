@@ -67,19 +67,18 @@ TEST(MfxXMLNodeTest, AppendsAndMovesElements) {
                                             "      <z>t</z>\n    </x>\n    <w />\n  </b>\n</a>"));
 }
 
-TEST(MfxXMLNodeTest, ReplacesElements) {
+TEST(MfxXMLNodeTest, InsertsAndRemoves) {
     MfxXMLDocument document, other;
-    const NodePtr pRoot = ParseRoot(document, "<a><b>old</b><c><d/></c></a>");
+    const NodePtr pRoot = ParseRoot(document, "<a x=\"1\" y=\"2\"><b/><c><d/></c></a>");
     const NodePtr pB(pRoot->SelectSingleNode(L"b")), pC(pRoot->SelectSingleNode(L"c"));
     const NodePtr pD(pC->SelectSingleNode(L"d")), pForeign(other.CreateRootNode(L"f"));
-    EXPECT_FALSE(pB->ReplaceWith(nullptr) || pB->ReplaceWith(pB.get()) || pB->ReplaceWith(pForeign.get()));
-    EXPECT_FALSE(pD->ReplaceWith(pC.get())) << "not by an element that it is in";
-    EXPECT_EQ(document.ToUtf8(), AsDocument("<a>\n  <b>old</b>\n  <c>\n    <d />\n  </c>\n</a>"));
-
-    EXPECT_TRUE(pB->ReplaceWith(NodePtr(document.CreateNode(L"n")).get()));
-    EXPECT_TRUE(pC->ReplaceWith(pD.get())) << "by one of its own children";
-    EXPECT_TRUE(pB->AddAttribute(L"is", L"new"));
-    EXPECT_EQ(document.ToUtf8(), AsDocument("<a>\n  <n is=\"new\" />\n  <d />\n</a>"));
-    EXPECT_TRUE(pRoot->ReplaceWith(NodePtr(document.CreateNode(L"root")).get()));
-    EXPECT_EQ(document.ToUtf8(), AsDocument("<root />"));
+    const NodePtr pNew(document.CreateNode(L"n"));
+    EXPECT_FALSE(pRoot->InsertAfter(pForeign.get(), pB.get()));
+    EXPECT_FALSE(pD->InsertAfter(pC.get(), nullptr)) << "not into an element that is in it";
+    EXPECT_TRUE(pRoot->InsertAfter(pNew.get(), pB.get()));
+    EXPECT_TRUE(pRoot->InsertAfter(pD.get(), nullptr));
+    EXPECT_THAT(pRoot->GetAttributeNames(), testing::ElementsAre(CString(L"x"), CString(L"y")));
+    pRoot->RemoveAttribute(L"x");
+    pRoot->RemoveNode(*pB);
+    EXPECT_EQ(document.ToUtf8(), AsDocument("<a y=\"2\">\n  <d />\n  <n />\n  <c />\n</a>"));
 }

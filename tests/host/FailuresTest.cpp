@@ -9,8 +9,9 @@ TEST_F(HostTest, NamesTheFlawOfAnUnreadableFile) {
     std::string opened, closed;
     for (int i = 0; i < 100000; ++i) opened += "<a>", closed += "</a>";
     const std::string kCases[][3] = {
-        {"", "1: ", "XML"},
-        {"just text", "1: ", "XML"},
+        {"", " ", "empty"},
+        {"just text", "1: ", "no element"},
+        {"<MfxRules/>text", "1: ", "outside"},
         {m_sample.substr(0, m_sample.size() / 2), "", "XML"},
         {m_sample.substr(0, m_sample.rfind("</MfxRules>")), "", "XML"},
         {"<MfxRules>\n</Other>", "2: ", "XML"},
@@ -31,8 +32,9 @@ TEST_F(HostTest, NamesTheFlawOfAnUnreadableFile) {
     for (const auto& [bytes, line, reason] : kCases) {
         SCOPED_TRACE(bytes.substr(0, 80));
         m_folder.Write(L"d.xml", bytes);
-        for (const std::wstring command : {L"show", L"convert"})
-            Run({command, L"d.xml"}, 3, "", AllOf(StartsWith("mfxhost: d.xml:" + line), HasSubstr(reason)));
+        for (const Arguments& arguments :
+             {Arguments{L"show", L"d.xml"}, {L"convert", L"d.xml", L"--length", L"in"}})
+            Run(arguments, 3, "", AllOf(StartsWith("mfxhost: d.xml:" + line), HasSubstr(reason)));
         EXPECT_EQ(m_folder.Read(L"d.xml"), bytes);
     }
     for (const std::wstring name : {L"none.xml", L"none\\d.xml", L".", L"d.xml\\e.xml"})
@@ -43,13 +45,14 @@ TEST_F(HostTest, ExplainsItsUsage) {
     m_folder.Write(L"d.xml", m_sample);
     const std::pair<Arguments, const char*> kCases[] = {
         {{}, "subcommand"},
-        {{L"open"}, "subcommand"},
+        {{L"open"}, "\"open\" is not a command"},
         {{L"show"}, "FILE"},
         {{L"show", L""}, "FILE"},
         {{L"show", L"d.xml", L"e.xml"}, "e.xml"},
         {{L"new"}, "FILE"},
         {{L"list", L"--lang", L"klingon"}, "klingon"},
         {{L"convert", L"--length", L"in"}, "FILE"},
+        {{L"convert", L"d.xml"}, "--length"},
         {{L"convert", L"d.xml", L"--length"}, "--length"},
         {{L"convert", L"d.xml", L"--size", L"in"}, "--size"},
         {{L"convert", L"d.xml", L"--length", L"in", L"-o", L""}, "output"},  // does not mean "in place"
@@ -73,7 +76,8 @@ TEST_F(HostTest, LeavesATargetThatCannotBeWrittenWhole) {
     for (const std::wstring target : {L"read-only.xml", L"open.xml", L"folder", L"none\\d.xml"}) {
         // The reason is more than a number.
         const auto unwritten = HasSubstr(Utf8(target) + ": can't be written: ");
-        Run({L"convert", L"d.xml", L"-o", target}, 4, "", AllOf(unwritten, Not(HasSubstr(":  ("))));
+        Run({L"convert", L"d.xml", L"--length", L"in", L"-o", target}, 4, "",
+            AllOf(unwritten, Not(HasSubstr(":  ("))));
         Run({L"new", target, L"--force"}, 4, "", unwritten);
         EXPECT_EQ(m_folder.Names(), names);
     }
