@@ -16,7 +16,7 @@ CMFXConstraint::~CMFXConstraint() {
 
 MfxXMLNode* CMFXConstraint::GetXMLNode() {
     MfxXMLDocument* pDocument = MfxXMLDocument::GetCurrent();
-    std::unique_ptr<MfxXMLNode> pNode(pDocument ? pDocument->CreateNode(L"Constraint") : nullptr);
+    std::unique_ptr<MfxXMLNode> pNode(pDocument ? pDocument->CreateNode(kConstraintTag) : nullptr);
     if (!pNode) return nullptr;
     pNode->AddAttribute(L"Type", FormatInteger(m_type));
     pNode->AddAttribute(L"Value", m_strName);

@@ -111,7 +111,7 @@ template <class T>
 MfxXMLNode* WriteParameter(CMfxParamStorage& storage) {
     DropUselessValues<T>(storage);
     MfxXMLDocument* pDocument = MfxXMLDocument::GetCurrent();
-    std::unique_ptr<MfxXMLNode> pElement(pDocument ? pDocument->CreateNode(L"Parameter") : nullptr);
+    std::unique_ptr<MfxXMLNode> pElement(pDocument ? pDocument->CreateNode(kParameterTag) : nullptr);
     if (!pElement) return nullptr;
     const xml_node element = Access::Element(*pElement);
     WriteIdentity(element, storage);
@@ -133,7 +133,7 @@ std::int32_t ToNumber(const CString& strText) {
 }
 
 xml_node FindElement(xml_node parent, std::int32_t nParamId) {
-    for (const xml_node element : parent.children(L"Parameter"))
+    for (const xml_node element : parent.children(kParameterTag))
         if (ToNumber(element.attribute(L"Type").value()) == nParamId) return element;
     return {};
 }
@@ -152,6 +152,7 @@ void ReadStatus(xml_node element, CMfxParamStorage& storage) {
 // The cells up to the first number that is missing.
 MfxTableRow ReadTableRow(xml_node element) {
     MfxTableRow row;
+    row.cells.reserve(8);
     pugi::xml_attribute hint;  // cells mostly stand in their order
     while (const pugi::xml_attribute cell = element.attribute(CellName(row.cells.size()), hint))
         row.cells.emplace_back(cell.value());

@@ -25,6 +25,10 @@
 
 #include <memory>
 
+// Tags of the elements that rules look for in their records.
+inline const CString kParameterTag = L"Parameter";
+inline const CString kConstraintTag = L"Constraint";
+
 // Writer and reader of the parameters of one value type.
 struct ParameterSerializer {
     // A new "Parameter" element in the current document, or null when there is no current document. The

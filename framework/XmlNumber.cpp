@@ -10,8 +10,11 @@
 namespace {
 
 CString FromAscii(const char* pFirst, const char* pLast) {
-    const std::wstring text(pFirst, pLast);
-    return CString(text.c_str(), static_cast<int>(text.size()));
+    const auto nLength = static_cast<int>(pLast - pFirst);
+    CString strText;
+    std::copy(pFirst, pLast, strText.GetBuffer(nLength));
+    strText.ReleaseBuffer(nLength);
+    return strText;
 }
 
 // The text without leading blanks and plus sign, as far as it is ASCII.

@@ -1,6 +1,7 @@
 #include "RecordProblems.h"
 
 #include "NumberText.h"
+#include "ParameterXml.h"
 #include "Text.h"
 #include "XmlNumber.h"
 
@@ -50,7 +51,7 @@ class ProblemFinder {
 
     // The rule keeps its own constraints when the record has another number of them.
     void CheckConstraints(const RuleDocument::Entry& entry) {
-        const std::unique_ptr<MfxXMLNodeList> pElements(entry.pRecord->GetNodeList(L"Constraint"));
+        const std::unique_ptr<MfxXMLNodeList> pElements(entry.pRecord->GetNodeList(kConstraintTag));
         const auto& constraints = entry.pRule->m_constraintArray;
         if (pElements->GetSize() > 0 && pElements->GetSize() != constraints.GetCount())
             Add(*entry.pRecord,
@@ -62,7 +63,7 @@ class ProblemFinder {
 
     void CheckParameters(const MfxXMLNode& parent, const MfxParamArray& params) {
         std::set<std::int32_t> seen;
-        const std::unique_ptr<MfxXMLNodeList> pElements(parent.GetNodeList(L"Parameter"));
+        const std::unique_ptr<MfxXMLNodeList> pElements(parent.GetNodeList(kParameterTag));
         for (long i = 0; i < pElements->GetSize(); ++i) {
             const MfxXMLNode& parameter = *(*pElements)[i];
             CString strType;

@@ -1,5 +1,6 @@
 #include "RecordUpdate.h"
 
+#include "ParameterXml.h"
 #include "RuleParameters.h"
 #include "XmlNumber.h"
 
@@ -25,7 +26,7 @@ std::vector<Child> ChildrenOf(const MfxXMLNode& parent) {
     for (long i = 0; i < pElements->GetSize(); ++i) {
         const MfxXMLNode& element = *(*pElements)[i];
         Child child{element, element.GetNodeName(), 0};
-        if (child.strTag == L"Parameter") {
+        if (child.strTag == kParameterTag) {
             CString strType;
             element.GetAttributeValue(L"Type", strType);
             ParseInteger(strType, child.nKey);
@@ -47,7 +48,7 @@ const Child* FindCounterpart(const std::vector<Child>& children, const Child& ch
 // Whether an element that the rule did not write again was the rule's own: lists that have become shorter,
 // and the parameters of older records, which the rule writes in another form.
 bool IsDropped(const Child& child) {
-    if (child.strTag == L"Parameter")
+    if (child.strTag == kParameterTag)
         return child.nKey == kLegacyMaterialTableId || child.nKey == kLegacyMaterialSwitchId;
     for (const wchar_t* pszTag :
          {L"Constraint", L"Value", L"OperatorOption", L"Warning", L"Info", L"Unknown"})

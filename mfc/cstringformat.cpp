@@ -1,23 +1,34 @@
+#include <iterator>
 #include <utility>
 
 #include "afxwin.h"
 
 namespace {
 
-// The plain vswprintf of MinGW takes %s as narrow text; these two functions follow Microsoft's rules
+// The plain vswprintf of MinGW takes %s as narrow text; these functions follow Microsoft's rules
 // everywhere.
-bool FormatText(LPCWSTR format, va_list args, std::wstring& result) {
-    if (!format) return false;
+int CountText(LPCWSTR format, va_list args) {
     va_list countArgs;
     va_copy(countArgs, args);
     const int length = ::_vscwprintf(format, countArgs);
     va_end(countArgs);
-    if (length < 0) return false;
+    return length;
+}
 
-    std::wstring text(static_cast<size_t>(length), L'\0');
-    if (::_vsnwprintf(text.data(), text.size() + 1, format, args) != length) return false;
-    result = std::move(text);
-    return true;
+bool FormatText(LPCWSTR format, va_list args, std::wstring& result) {
+    if (!format) return false;
+    va_list moreArgs;
+    va_copy(moreArgs, args);
+    wchar_t shortText[128];  // most texts fit, and need no counting
+    int length = ::_vsnwprintf(shortText, std::size(shortText), format, args);
+    if (length >= 0) {
+        result.assign(shortText, static_cast<size_t>(length));
+    } else if ((length = CountText(format, moreArgs)) >= 0) {
+        result.resize(static_cast<size_t>(length));
+        length = ::_vsnwprintf(result.data(), result.size() + 1, format, moreArgs);
+    }
+    va_end(moreArgs);
+    return length >= 0;
 }
 
 }  // namespace

@@ -11,20 +11,31 @@ namespace {
 
 MfxXMLDocument* g_pRuleDocument = nullptr;
 
+// Attributes of the "Rule" element.
+const CString kNameAttribute = L"Name";
+const CString kStatusAttribute = L"Status";
+const CString kLifeStatusAttribute = L"LifeStatus";
+const CString kSummaryAttribute = L"Summary";
+const CString kModuleAttribute = L"Module";
+const CString kRuleModuleAttribute = L"RuleModule";
+const CString kRuleModuleFileNameAttribute = L"RuleModuleFileName";
+const CString kSeverityAttribute = L"Severity";
+const CString kRuleCategoryAttribute = L"RuleCategory";
+
 CString FileNameOf(const CString& strPath) {
     return strPath.Mid(strPath.ReverseFind(L'\\') + 1);
 }
 
 void WriteAttributes(MfxXMLNode& node, const CMfxRule& rule) {
-    node.AddAttribute(L"Name", rule.m_strName);
-    node.AddAttribute(L"Status", FormatInteger(rule.m_nStatus));
-    node.AddAttribute(L"LifeStatus", FormatInteger(rule.m_nLifeStatus));
-    node.AddAttribute(L"Summary", rule.m_strSummary);
-    node.AddAttribute(L"Module", rule.m_strModule);
-    node.AddAttribute(L"RuleModule", rule.m_strRuleModule);
-    node.AddAttribute(L"RuleModuleFileName", FileNameOf(rule.m_strRuleModuleFileName));
-    node.AddAttribute(L"Severity", FormatInteger(rule.m_nSeverity));
-    node.AddAttribute(L"RuleCategory", rule.m_strRuleCategory);
+    node.AddAttribute(kNameAttribute, rule.m_strName);
+    node.AddAttribute(kStatusAttribute, FormatInteger(rule.m_nStatus));
+    node.AddAttribute(kLifeStatusAttribute, FormatInteger(rule.m_nLifeStatus));
+    node.AddAttribute(kSummaryAttribute, rule.m_strSummary);
+    node.AddAttribute(kModuleAttribute, rule.m_strModule);
+    node.AddAttribute(kRuleModuleAttribute, rule.m_strRuleModule);
+    node.AddAttribute(kRuleModuleFileNameAttribute, FileNameOf(rule.m_strRuleModuleFileName));
+    node.AddAttribute(kSeverityAttribute, FormatInteger(rule.m_nSeverity));
+    node.AddAttribute(kRuleCategoryAttribute, rule.m_strRuleCategory);
 }
 
 // The others are still written after one whose type is unknown.
@@ -57,13 +68,13 @@ int ReadNumberAttribute(const MfxXMLNode& node, const CString& strName) {
 }
 
 void ReadAttributes(const MfxXMLNode& node, CMfxRule& rule) {
-    node.GetAttributeValue(L"Name", rule.m_strName);
-    node.GetAttributeValue(L"Module", rule.m_strModule);
-    node.GetAttributeValue(L"RuleModule", rule.m_strRuleModule);
-    node.GetAttributeValue(L"RuleModuleFileName", rule.m_strRuleModuleFileName);
-    rule.m_nStatus = ReadNumberAttribute(node, L"Status");
-    rule.m_nLifeStatus = ReadNumberAttribute(node, L"LifeStatus");
-    rule.m_nSeverity = ReadNumberAttribute(node, L"Severity");
+    node.GetAttributeValue(kNameAttribute, rule.m_strName);
+    node.GetAttributeValue(kModuleAttribute, rule.m_strModule);
+    node.GetAttributeValue(kRuleModuleAttribute, rule.m_strRuleModule);
+    node.GetAttributeValue(kRuleModuleFileNameAttribute, rule.m_strRuleModuleFileName);
+    rule.m_nStatus = ReadNumberAttribute(node, kStatusAttribute);
+    rule.m_nLifeStatus = ReadNumberAttribute(node, kLifeStatusAttribute);
+    rule.m_nSeverity = ReadNumberAttribute(node, kSeverityAttribute);
 }
 
 // Returns false after a parameter of an unknown type.
@@ -81,7 +92,7 @@ bool ReadParameters(const MfxXMLNode& node, CMfxRule& rule) {
 
 // A record of another version of the rule can have other constraints: then the rule keeps its own.
 void ReadConstraints(const MfxXMLNode& node, CMfxRule& rule) {
-    const std::unique_ptr<MfxXMLNodeList> pElements(node.GetNodeList(L"Constraint"));
+    const std::unique_ptr<MfxXMLNodeList> pElements(node.GetNodeList(kConstraintTag));
     if (!pElements || pElements->GetSize() != rule.m_constraintArray.GetCount()) return;
     for (int i = 0; i < rule.m_constraintArray.GetCount(); ++i) {
         MfxXMLNode* pElement = (*pElements)[i];

@@ -1,4 +1,5 @@
 #include "RuleConstraints.h"
+#include "ParameterXml.h"
 
 #include <algorithm>
 #include <memory>
@@ -34,7 +35,7 @@ bool HasParameters(const CMFXConstraint& constraint, std::span<const ParameterSp
 
 void EmptyConstraintsForReading(CMfxRule& rule, const MfxXMLNode& record,
                                 std::span<const ParameterSpec> specs) {
-    const std::unique_ptr<MfxXMLNodeList> pElements(record.GetNodeList(L"Constraint"));
+    const std::unique_ptr<MfxXMLNodeList> pElements(record.GetNodeList(kConstraintTag));
     if (pElements->GetSize() != rule.m_constraintArray.GetCount()) return;
     for (const CMFXConstraint* pConstraint : rule.m_constraintArray) {
         if (!HasParameters(*pConstraint, specs)) continue;

@@ -3,6 +3,7 @@
 #include "MFXUnitConvertor.h"
 #include "NoThrow.h"
 #include "NumberText.h"
+#include "ParameterXml.h"
 #include "ResourceSwitch.h"
 #include "RuleConstraints.h"
 #include "RuleHeader.h"
@@ -35,7 +36,7 @@ ThicknessLimits DefaultLimits(int nCategory) {
 }
 
 std::unique_ptr<MfxXMLNode> FindLastParameter(const MfxXMLNode& record, long nParamId) {
-    const std::unique_ptr<MfxXMLNodeList> pElements(record.GetNodeList(L"Parameter"));
+    const std::unique_ptr<MfxXMLNodeList> pElements(record.GetNodeList(kParameterTag));
     for (long i = pElements->GetSize() - 1; i >= 0; --i) {
         CString strType;
         (*pElements)[i]->GetAttributeValue(L"Type", strType);
@@ -164,7 +165,7 @@ void CMFXUniformThicknessRule::CreateConstraintsOfOlderTable(const MfxXMLNode& r
 }
 
 void CMFXUniformThicknessRule::CreateConstraints(const MfxXMLNode& record) {
-    const std::unique_ptr<MfxXMLNodeList> pElements(record.GetNodeList(L"Constraint"));
+    const std::unique_ptr<MfxXMLNodeList> pElements(record.GetNodeList(kConstraintTag));
     for (long i = 0; i < pElements->GetSize(); ++i) {
         ConstraintAttributes attributes;
         if (!ReadConstraintAttributes(*(*pElements)[i], attributes)) continue;

@@ -3,6 +3,7 @@
 #include "MFXUnitConvertor.h"
 #include "NoThrow.h"
 #include "NumberText.h"
+#include "ParameterXml.h"
 #include "ResourceSwitch.h"
 #include "RuleConstraints.h"
 #include "RuleHeader.h"
@@ -111,7 +112,7 @@ void CMFXWTBasedOnCastSizeAndWeightRule::CreateMassUnit() {
 
 // Every constraint of a record is active, whatever its status says, unlike those of the uniform thickness.
 void CMFXWTBasedOnCastSizeAndWeightRule::CreateConstraints(const MfxXMLNode& record) {
-    const std::unique_ptr<MfxXMLNodeList> pElements(record.GetNodeList(L"Constraint"));
+    const std::unique_ptr<MfxXMLNodeList> pElements(record.GetNodeList(kConstraintTag));
     for (long i = 0; i < pElements->GetSize(); ++i) {
         ConstraintAttributes attributes;
         if (ReadConstraintAttributes(*(*pElements)[i], attributes))

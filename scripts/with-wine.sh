@@ -40,7 +40,11 @@ fi
 # A server that is still running belongs to a run that was killed, whose screen is gone.
 server -k || true
 server -p
-"$root/scripts/wine-run" wineboot </dev/null >/dev/null 2>&1 9<&-
+# The first window starts the desktop process, which would keep that program's output open: start it here, and keep
+# it by a program that waits until the server ends.
+rundll() { exec setsid "$root/scripts/wine-run" rundll32 "$@" </dev/null >/dev/null 2>&1 9<&-; }
+(rundll user32.dll,GetDesktopWindow)
+rundll user32.dll,WaitMessage &
 
 status=0
 "$@" 9<&- || status=$?
