@@ -13,6 +13,5 @@ mfxhost() {
 }
 
 mfxhost list
-mfxhost show samples/draft-angle.xml
-mfxhost convert samples/draft-angle.xml --length in --angle rad -o "$out/draft-angle-in-rad.xml"
-mfxhost show "$out/draft-angle-in-rad.xml"
+mfxhost convert samples/all-rules.xml --length in --angle rad -o "$out/all-rules-in-rad.xml"
+mfxhost show "$out/all-rules-in-rad.xml"
