@@ -1,24 +1,14 @@
 #include "SCVariableDraftAngleRule.h"
 
-#include "RuleRecord.h"
+#include "RuleTestSupport.h"
 #include "UnitLabels.h"
 #include "ValueText.h"
-#include "module/ModuleTestSupport.h"
-#include "support/MessageBoxRecorder.h"
-
-#include <gmock/gmock.h>
-
-using testing::ElementsAre;
 
 namespace {
 
 constexpr UnitPair kMetric{1, 0}, kInch{3, 0}, kMinute{1, 3}, kInchMinute{3, 3};
 
-class VariableDraftAngleRuleTest : public testing::Test {
-  protected:
-    VariableDraftAngleRuleTest() { SetRuleDocument(&m_document); }
-    ~VariableDraftAngleRuleTest() override { SetRuleDocument(nullptr); }
-
+struct VariableDraftAngleRuleTest : RuleTest {
     static MfxArray<MfxTableRow>& Rows(CMfxRule& rule) {
         return rule.m_paramArray[0].m_pStorage->GetValues<MfxTableRow>();
     }
@@ -29,39 +19,16 @@ class VariableDraftAngleRuleTest : public testing::Test {
         return strTable;
     }
 
-    void RemoveParameter() {
-        const std::unique_ptr<CMfxParamStorage> pStorage(m_rule.m_paramArray[0].m_pStorage);
-        m_rule.ReleaseParamStorageObject(pStorage.get());
-    }
-
-    UnitPair Units() const { return {m_rule.m_nLengthUnit, m_rule.m_nAngleUnit}; }
-
-    MessageBoxRecorder m_boxes;
-    StartedApp m_app{L"french"};
-    MfxXMLDocument m_document;
     CMFXSCVariableDraftAngleRule m_rule;
 };
 
 }  // namespace
 
 TEST_F(VariableDraftAngleRuleTest, FreshRule) {
-    EXPECT_STREQ(m_rule.m_strName, L"Variable Draft Angle");
-    EXPECT_EQ(m_rule.m_strDisplayName.GetString(), m_app.Text(29192));
-    EXPECT_EQ(m_rule.m_strSummary.GetString(), m_app.Text(29193));
-    EXPECT_STREQ(m_rule.m_strModule, L"MFXSandCastingRulesValidator");
-    ASSERT_EQ(m_rule.m_processList.GetCount(), 1);
-    EXPECT_EQ(m_rule.m_processList.GetHead().GetString(), m_app.Text(10116));
-    EXPECT_THAT(
-        (std::vector{m_rule.m_nSeverity, m_rule.m_nStatus, m_rule.GetRuleId(), m_rule.GetRuleCategoryEnum()}),
-        ElementsAre(2, 0, 19040, 19));
-    EXPECT_EQ(Units(), kMetric);
-    EXPECT_TRUE(m_rule.m_bParametersCreated);
-    ASSERT_EQ(m_rule.m_paramArray.GetCount(), 1);
-    const CMfxParamStorage& table = *m_rule.FindParameterInArray(29183);
-    EXPECT_EQ(table.m_strName.GetString(), m_app.Text(29183));
-    EXPECT_THAT((std::vector<int>{m_rule.m_paramArray[0].m_type, table.GetType(), table.m_operator,
-                                  table.m_paramType, table.m_bStatus, table.m_bReadOnly}),
-                ElementsAre(8, 8, 3, 24, 1, 0));
+    EXPECT_STREQ(State(m_rule),
+                 L"Variable Draft Angle; Angle de dépouille variable; Moulage en sable; "
+                 L"MFXSandCastingRulesValidator; " +
+                     CString(m_app.Text(29193).c_str()) + L";  29183:83,24:; 19 19040 2 0 1 0 ; 005-1");
     EXPECT_STREQ(Table(m_rule),
                  L"0.0;25.4;3;3;1.5;|25.4;50.8;1.5;2.5;1;|50.8;101;1;1.5;1;|101;203;.75;1;1;|");
 }
@@ -91,7 +58,7 @@ TEST_F(VariableDraftAngleRuleTest, ConvertsLengthsAndAnglesApart) {
         FromText(test.pszBefore, Rows(m_rule)[1]);
         m_rule.ConvertUnits(test.from, test.to);
         EXPECT_STREQ(Table(m_rule), CString(L"|") + test.pszAfter);
-        EXPECT_EQ(Units(), test.to);
+        EXPECT_EQ(Units(m_rule), test.to);
     }
 }
 
@@ -99,10 +66,10 @@ TEST_F(VariableDraftAngleRuleTest, SameUnitsOrNoParameterConvertNothing) {
     const auto before = Table(m_rule);
     m_rule.ConvertUnits(kInchMinute, kInchMinute);
     EXPECT_STREQ(Table(m_rule), before);
-    RemoveParameter();
+    Remove(m_rule.m_paramArray, 0);
     m_rule.ConvertUnits(kInchMinute, kInchMinute);
     m_rule.ConvertUnits(kMetric, kInchMinute);
-    EXPECT_EQ(Units(), kMetric);
+    EXPECT_EQ(Units(m_rule), kMetric);
 }
 
 TEST_F(VariableDraftAngleRuleTest, PopulateReplacesTheTable) {
@@ -137,7 +104,7 @@ TEST_F(VariableDraftAngleRuleTest, WritesWhatAnotherReadsAndThenReloadsTheSummar
     pRecord->GetAttributeValue(L"Summary", strWritten);
     EXPECT_STREQ(strWritten, L"old");
 
-    RemoveParameter();
+    Remove(m_rule.m_paramArray, 0);
     m_rule.m_strSummary = L"old";
     NodePtr(m_rule.BuildXMLNode());
     m_rule.PopulateFromXML(pRecord.get());

@@ -1,0 +1,74 @@
+#pragma once
+
+#include "RuleRecord.h"
+#include "module/ModuleTestSupport.h"
+#include "support/MessageBoxRecorder.h"
+
+#include <gtest/gtest.h>
+
+#include <regex>
+#include <sstream>
+
+// What tests of rules share; the application runs in French.
+struct RuleTest : testing::Test {
+    RuleTest() { SetRuleDocument(&m_document); }
+    ~RuleTest() override { SetRuleDocument(nullptr); }
+
+    // A record in a document whose root has the attributes; it lives until the next one.
+    NodePtr Record(const std::string& content, const std::string& attributes = "Unit='1'") {
+        EXPECT_TRUE(m_document.Parse("<R " + attributes + "><Rule>" + content + "</Rule></R>").bOk);
+        return NodePtr(NodePtr(m_document.GetRootNode())->SelectSingleNode(L"Rule"));
+    }
+    static std::string Parameter(int nId, const std::string& values, int nOperator = 8, int nStatus = 1) {
+        return "<Parameter Type='" + std::to_string(nId) + "' Status='" + std::to_string(nStatus) +
+               "'><Operator>" + std::to_string(nOperator) + "</Operator><ParameterType>1</ParameterType>" +
+               std::regex_replace(values, std::regex("\\S+"), "<Value>$&</Value>") + "</Parameter>";
+    }
+    static void Remove(MfxParamArray& params, int nIndex) {
+        delete params[nIndex].m_pStorage;
+        params.RemoveAt(nIndex);
+    }
+
+    // As " 10067: 6 -10068: 16 Steel{ 10067: 1 2 }"; a minus: inactive.
+    static CString Values(const CMfxRule& rule) {
+        CString strAll = Values(rule.m_paramArray);
+        for (const CMFXConstraint* p : rule.m_constraintArray)
+            strAll += (p->m_bActive ? L" " : L" -") + p->m_strName + L"{" + Values(p->m_paramArray) + L" }";
+        return strAll;
+    }
+    // With kinds: type, operator and kind follow the id.
+    static CString Values(const MfxParamArray& params, bool bKinds = false) {
+        std::wostringstream text;
+        for (const auto& [type, p] : params) {
+            text << (p->m_bStatus ? L" " : L" -") << p->m_nParamId << L":";
+            if (bKinds)
+                text << type << p->m_operator << L"," << p->m_paramType << (p->m_bReadOnly ? L"r:" : L":");
+            if (type == TypeText) text << L" " << p->GetValues<CString>()[0].GetString();
+            if (type == TypeDouble)
+                for (const double value : p->GetValues<double>()) text << L" " << value;
+        }
+        return text.str().c_str();
+    }
+    // A fresh rule: texts; category, id, severity, status, units; results, the status after being told 5.
+    CString State(CMfxRule& rule) const {
+        EXPECT_TRUE(rule.m_bParametersCreated && !rule.m_bPopulated && rule.AcceptRuleData(nullptr));
+        for (const auto& [type, p] : rule.m_paramArray)
+            EXPECT_EQ(p->m_strName.GetString(), m_app.Text(static_cast<UINT>(p->m_nParamId)));
+        std::wostringstream text;
+        for (const CString& str : {rule.m_strName, rule.m_strDisplayName, rule.m_processList.GetHead(),
+                                   rule.m_strModule, rule.m_strSummary, Values(rule.m_paramArray, true)})
+            text << str.GetString() << L"; ";
+        for (const int n : {rule.GetRuleCategoryEnum(), rule.GetRuleId(), rule.m_nSeverity, rule.m_nStatus,
+                            rule.m_nLengthUnit, rule.m_nAngleUnit})
+            text << n << L" ";
+        rule.SetRuleStatusForAssemblyModel(5);
+        text << L"; " << rule.Execute({}, {}, {}, 0) << rule.ExecuteAlternate({}, {}, {}, 0) << rule.m_nStatus
+             << rule.GetMaterialStatus();
+        return text.str().c_str();
+    }
+    static UnitPair Units(const CMfxRule& rule) { return {rule.m_nLengthUnit, rule.m_nAngleUnit}; }
+
+    MessageBoxRecorder m_boxes;
+    StartedApp m_app{L"french"};
+    MfxXMLDocument m_document;
+};

@@ -1,0 +1,129 @@
+#include "UniformThicknessRule.h"
+
+#include "RuleTestSupport.h"
+
+namespace {
+
+const CString kByMaterial = L"Limites d'épaisseur de paroi par matériau";
+const CString kLow = L"Épaisseur de paroi minimale : ", kHigh = L"Épaisseur de paroi maximale : ";
+
+struct UniformThicknessRuleTest : RuleTest {
+    static std::string Limits(const std::string& minimum, const std::string& maximum) {
+        return Parameter(10067, minimum, 7) + Parameter(10068, maximum);
+    }
+    // Its name is its status.
+    static std::string Material(const std::string& status, const std::string& limits = "") {
+        return "<Constraint Type='t' Value='" + status + "' Status='" + status + "'>" + limits +
+               "</Constraint>";
+    }
+    struct Rule : CMFXUniformThicknessRule {
+        Rule(const NodePtr& p) : CMFXUniformThicknessRule(L"P", L"M", CategorySandCasting, 1, p.get()) {}
+        Rule& Read(const NodePtr& p) { return PopulateFromXML(p.get()), *this; }
+    };
+};
+
+}  // namespace
+
+TEST_F(UniformThicknessRuleTest, FreshRule) {
+    CMFXUniformThicknessRule rule(7), other(L"P", L"M", CategoryInjectionMoulding, 8, nullptr);
+    const CString strNames = L"Uniform Wall Thickness; Épaisseur de paroi uniforme; ";
+    EXPECT_STREQ(State(rule), strNames + L"Moulage en sable; MFXSandCastingRulesValidator; " + kLow +
+                                  L"6.0 mm. " + kHigh +
+                                  L"16.0 mm.;  10067:47,1: 6 10068:48,1: 16; 19 7 2 0 1 0 ; -3000");
+    EXPECT_STREQ(State(other), strNames + L"P; M; " + kLow + L"2.0 mm. " + kHigh +
+                                   L"3.0 mm.;  10067:47,1: 2 10068:48,1: 3; 9 8 2 0 1 0 ; -3000");
+}
+
+TEST_F(UniformThicknessRuleTest, OlderMaterialTableSurvivesPopulating) {
+    // The last table and the last switch count.
+    const std::string table =
+        "<Parameter Type='10070'><Value Attribute1='Old'/></Parameter>"
+        "<Parameter Type='10070'><Value Attribute1='Iron' Attribute2='3.18' "
+        "Attribute3='5 mm'/><Value Attribute1='S'/></Parameter>";
+    for (const std::string state : {"0.9999995", "1.0000005", "0.99", "1.01", ""}) {
+        const bool bOn = state.ends_with('5');
+        const std::string switches = Parameter(10071, bOn ? "0" : "1") + Parameter(10071, state);
+        const NodePtr pRecord = Record((state.empty() ? "" : switches) + table + Limits("4", "12"));
+        const CString strMaterials = bOn ? L" Iron{ 10067: 3.18 10068: 5 } S{ 10067: 0 10068: 0 }"
+                                         : L" -Iron{ -10067: 3.18 -10068: 5 } -S{ -10067: 0 -10068: 0 }";
+        Rule rule(pRecord);
+        EXPECT_STREQ(Values(rule), L" 10067: 6 10068: 16" + strMaterials) << state;
+        EXPECT_STREQ(rule.m_strSummary, kLow + L"6.0 mm. " + kHigh + L"16.0 mm.");
+        EXPECT_STREQ(Values(rule.Read(pRecord)), L" 10067: 4 10068: 12" + strMaterials) << state;
+        EXPECT_EQ(rule.m_strSummary == kByMaterial, bOn);
+    }
+}
+
+TEST_F(UniformThicknessRuleTest, ConstraintsOfARecord) {
+    const NodePtr pRecord = Record(Material("1", Limits("1", "2")) + Material("0") + Material("01"));
+    Rule rule(pRecord);
+    const CString strFilled = L" 1{ 10067: 1 10068: 2 } -0{ -10067: -10068: } -01{ -10067: -10068: }";
+    EXPECT_STREQ(Values(rule.m_constraintArray[0]->m_paramArray, true), L" 10067:47,1: 10068:48,1:");
+    EXPECT_EQ(rule.m_constraintArray[0]->m_type, ConstraintByMaterial);
+    EXPECT_STREQ(Values(rule.Read(pRecord)), L" 10067: 10068:" + strFilled);
+    rule.m_strSummary = L"old";
+    const NodePtr pWritten(rule.BuildXMLNode());
+    EXPECT_STREQ(rule.m_strSummary, kByMaterial);
+    EXPECT_STREQ(Values(Rule(pWritten).Read(pWritten)), Values(rule));
+    // Another number of constraints: the rule's own keep their values.
+    EXPECT_STREQ(Values(rule.Read(Record(Limits("4", "5") + Material("1")))),
+                 L" 10067: 4 10068: 5" + strFilled);
+    rule.Read(Record(Material("1") + Material("1") + Material("1")));
+    EXPECT_STREQ(Values(rule.m_constraintArray[0]->m_paramArray), L" 10067: 10068:");
+    EXPECT_STREQ(Values(Rule(Record("<Constraint Value='a' Status='1'/><Constraint Type='1' Status='1'/>"
+                                    "<Constraint Type='1' Value='a'/>"))),
+                 L" 10067: 6 10068: 16");
+}
+
+TEST_F(UniformThicknessRuleTest, SummaryOfWhatIsOn) {
+    const CString strLow = kLow + L"5.0 in. ", strHigh = kHigh + L"9.5 in.", strOff = L"{ -10067: -10068: }",
+                  strBare = L" minimale : 5.0 in.  maximale : 9.5 in.";
+    const std::tuple<std::string, CString, CString> cases[] = {
+        // A switch before the limits: exactly 1 is on.
+        {Limits("1 5", "0 9.5"), L" 10067: 5 -10068: 9.5", strLow},
+        {Limits("0.9999999 5", "1 9.5 7"), L" -10067: 5 10068: 9.5 7", strHigh},
+        {Limits("5 0 0 0", "2 9.5"), L" 10067: 5 0 0 0 -10068: 9.5", strLow},
+        {Parameter(10067, "5", 8) + Parameter(10068, "9.5", 7), L" 10067: 5 10068: 9.5", strBare},
+        // Of the materials the first one decides.
+        {Limits("5", "9.5") + Material("0") + Material("1"),
+         L" 10067: 5 10068: 9.5 -0" + strOff + L" 1{ 10067: 10068: }", strLow + strHigh},
+        {Limits("5", "0 1") + Material("1") + Material("0"),
+         L" 10067: 5 -10068: 1 1{ 10067: 10068: } -0" + strOff, kByMaterial},
+    };
+    for (const auto& [content, strValues, strSummary] : cases) {
+        const NodePtr pRecord = Record(content, "Unit='3'");
+        Rule rule(pRecord);
+        EXPECT_STREQ(Values(rule.Read(pRecord)), strValues);
+        EXPECT_STREQ(rule.m_strSummary, strSummary);
+    }
+}
+
+TEST_F(UniformThicknessRuleTest, UnitIsOneCharacterOfTheParent) {
+    Rule rule(nullptr);
+    std::string codes;
+    for (const char* attribute : {"Unit='9'", "Unit='10'", "Unit='x3'", "Unit='-1'", "Unit=''", "Other='3'"})
+        codes += std::to_string(rule.Read(Record("", attribute)).m_nLengthUnit);
+    EXPECT_EQ(codes, "910000");
+    rule.m_nLengthUnit = 7;
+    ASSERT_TRUE(m_document.Parse("<Rule Unit='3'/>").bOk);
+    EXPECT_EQ(rule.Read(NodePtr(m_document.GetRootNode())).m_nLengthUnit, 0);
+}
+
+TEST_F(UniformThicknessRuleTest, ConvertsAllLimits) {
+    const NodePtr pRecord = Record(Material("0", Limits("50.8", "1")) + Material("1", Limits("50.8", "1")));
+    Rule rule(pRecord);
+    rule.Read(pRecord);
+    Remove(rule.m_constraintArray[1]->m_paramArray, 1);
+    for (const double value : {0.0, 25.4})  // an older record's switch and limit
+        rule.m_paramArray[0].m_pStorage->GetValues<double>().Add(value);
+    rule.m_paramArray[1].m_pStorage->GetValues<double>().Add(2540);
+    rule.ConvertUnits({1, 0}, {3, 2});
+    const CString strAfter = L" 10068: 100 -0{ 10067: 2 10068: 0.0393701 } 1{ 10067: 50.8 }";
+    EXPECT_STREQ(Values(rule), L" -10067: 1" + strAfter);
+    EXPECT_STREQ(rule.m_strSummary, kHigh + L"100.0 in.");
+    rule.ConvertUnits({3, 2}, {3, 1});
+    Remove(rule.m_paramArray, 0);
+    rule.ConvertUnits({3, 1}, {1, 0});
+    EXPECT_STREQ(Values(rule), strAfter);
+    EXPECT_EQ(Units(rule), (UnitPair{3, 1}));
+}
