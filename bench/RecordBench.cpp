@@ -11,6 +11,7 @@
 #include <benchmark/benchmark.h>
 #include <pugixml.hpp>
 
+#include <algorithm>
 #include <chrono>
 #include <string>
 #include <vector>
@@ -127,8 +128,11 @@ constexpr UnitPair kInches{LengthInch, AngleDegree};
 
 // A rule by size and weight with many groups, as a long document has one.
 RulePtr MakeLargeRule() {
+    constexpr int kSizeAndWeightRule = 19020;
     std::vector<RulePtr> rules = Module().CreateAllRules();
-    RulePtr pRule = std::move(rules[1]);
+    RulePtr pRule = std::move(*std::find_if(rules.begin(), rules.end(), [](const RulePtr& pCandidate) {
+        return pCandidate->GetRuleId() == kSizeAndWeightRule;
+    }));
     for (int nGroup = 0; nGroup < kGroups; ++nGroup) {
         CMFXConstraint* pGroup =
             pRule->CreateConstraintObject(ConstraintByMaterial, L"Group " + FormatInteger(nGroup), true);
@@ -143,15 +147,14 @@ RulePtr MakeLargeRule() {
 }
 
 void PlainConversion(benchmark::State& state) {
-    std::vector<std::vector<double>> lists(3 * kGroups, std::vector<double>(kBands, 12.5));
-    const CMFXUnitConvertor convertor;
-    UnitPair from = kMillimetres, to = kInches;
+    std::vector<std::vector<double>> lists(3 * kGroups);
+    for (std::vector<double>& values : lists)
+        for (int nBand = 0; nBand < kBands; ++nBand) values.push_back(nBand + 0.5);
+    double factor = 1 / 25.4;
     for (auto _ : state) {
         for (std::vector<double>& values : lists)
-            for (double& value : values)
-                value = convertor.ConversionFromOneUnitToAnother(value, QuantityLength, from.m_nLengthUnit,
-                                                                 to.m_nLengthUnit);
-        std::swap(from, to);
+            for (double& value : values) value = value * factor;
+        factor = 1 / factor;
         benchmark::ClobberMemory();
     }
 }

@@ -16,7 +16,8 @@ using pugi::xml_node;
 // ---- writing
 
 void AppendTextChild(xml_node element, const wchar_t* pszTag, const CString& strText) {
-    element.append_child(pszTag).append_child(pugi::node_pcdata).set_value(strText);
+    xml_node child = element.append_child(pszTag);
+    if (!strText.IsEmpty()) child.append_child(pugi::node_pcdata).set_value(strText);
 }
 
 void AppendAttribute(xml_node element, const wchar_t* pszName, const CString& strValue) {
@@ -132,9 +133,13 @@ std::int32_t ToNumber(const CString& strText) {
     return nNumber;
 }
 
+std::int32_t IdOf(xml_node element) {
+    return ToNumber(element.attribute(L"Type").value());
+}
+
 xml_node FindElement(xml_node parent, std::int32_t nParamId) {
     for (const xml_node element : parent.children(kParameterTag))
-        if (ToNumber(element.attribute(L"Type").value()) == nParamId) return element;
+        if (IdOf(element) == nParamId) return element;
     return {};
 }
 
@@ -243,4 +248,8 @@ const ParameterSerializer* FindParameterSerializer(int nType) {
 
 std::unique_ptr<MfxXMLNode> FindParameterElement(const MfxXMLNode& parent, std::int32_t nParamId) {
     return std::unique_ptr<MfxXMLNode>(Access::Wrap(FindElement(Access::Element(parent), nParamId)));
+}
+
+std::int32_t ParameterIdOf(const MfxXMLNode& element) {
+    return IdOf(Access::Element(element));
 }

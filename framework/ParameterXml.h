@@ -25,7 +25,8 @@
 
 #include <memory>
 
-// Tags of the elements that rules look for in their records.
+// Tags of the elements that rules look for in their records. Strings, as the node operations take them:
+// records are read by the thousand.
 inline const CString kParameterTag = L"Parameter";
 inline const CString kConstraintTag = L"Constraint";
 
@@ -44,3 +45,6 @@ MFXKIT_API const ParameterSerializer* FindParameterSerializer(int nType);
 
 // The first "Parameter" child of a rule's or constraint's element with that id, or null.
 MFXKIT_API std::unique_ptr<MfxXMLNode> FindParameterElement(const MfxXMLNode& parent, std::int32_t nParamId);
+
+// The id that a "Parameter" element says; 0 when it says none.
+MFXKIT_API std::int32_t ParameterIdOf(const MfxXMLNode& element);

@@ -25,7 +25,9 @@ std::string Joined(const CStringList& texts) {
 int UnitOrThrow(std::optional<int> unit, const std::string& option, const std::string& name,
                 const std::string& known) {
     if (!unit)
-        throw HostError(ExitCode::Usage, option + ": \"" + name + "\" is not a unit; known are " + known);
+        throw HostError(
+            ExitCode::Usage,
+            option + ": \"" + name + "\" is not a unit that a rule document can be in; those are " + known);
     return *unit;
 }
 
@@ -59,7 +61,7 @@ ExitCode ListRules(const RuleModule& module) {
 }
 
 ExitCode NewDocument(const RuleModule& module, const CString& strPath, bool bForce) {
-    if (!bForce && FileExists(strPath))
+    if (!bForce && FileExists(strPath) && !IsFolder(strPath))
         throw HostError(ExitCode::Usage, ToUtf8(strPath) + " exists already; --force replaces it");
     RuleDocument document;
     for (RulePtr& pRule : module.CreateAllRules()) document.Append(std::move(pRule), module);
@@ -88,6 +90,10 @@ ExitCode ConvertDocument(const RuleModule& module, const ConvertOptions& options
         PrintProblems(problems);
         PrintError("mfxhost: " + ToUtf8(options.strInput) + " was not converted\n");
         return ExitCode::Findings;
+    }
+    if (from == to && options.strOutput.IsEmpty()) {
+        Print(ToUtf8(options.strInput) + " is in " + UnitWords(to) + " already\n");
+        return ExitCode::Done;
     }
     document.ConvertUnits(to, module);
     const CString& strOutput = options.strOutput.IsEmpty() ? options.strInput : options.strOutput;

@@ -74,7 +74,7 @@ std::string ReadFileBytes(const CString& strPath) {
     const auto fail = [&](const std::string& reason) -> void {
         throw HostError(ExitCode::UnreadableInput, ToUtf8(strPath) + ": can't be read: " + reason);
     };
-    if (HasAttribute(strPath, FILE_ATTRIBUTE_DIRECTORY)) fail("it is a folder");
+    if (IsFolder(strPath)) fail("it is a folder");
 
     const FileHandle file(CreateFileW(strPath, GENERIC_READ,
                                       FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
@@ -91,15 +91,20 @@ std::string ReadFileBytes(const CString& strPath) {
 }
 
 void ReplaceFileBytes(const CString& strPath, const std::string& bytes) {
-    if (HasAttribute(strPath, FILE_ATTRIBUTE_DIRECTORY)) ThrowUnwritable(strPath, "it is a folder");
+    if (IsFolder(strPath)) ThrowUnwritable(strPath, "it is a folder");
     // Moving a file over a read-only one succeeds on some systems.
     if (HasAttribute(strPath, FILE_ATTRIBUTE_READONLY)) ThrowUnwritable(strPath, "it is read-only");
 
     CString strTemporary;
-    strTemporary.Format(L"%s.%lu.tmp", strPath.GetString(), GetCurrentProcessId());
-    FileHandle file(
-        CreateFileW(strTemporary, GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr));
-    if (!file.IsOpen()) ThrowUnwritable(strPath, WindowsErrorText(GetLastError()));
+    HANDLE hFile = INVALID_HANDLE_VALUE;
+    for (int i = 0; hFile == INVALID_HANDLE_VALUE; ++i) {
+        strTemporary.Format(L"%s.%lu-%d.tmp", strPath.GetString(), GetCurrentProcessId(), i);
+        hFile =
+            CreateFileW(strTemporary, GENERIC_WRITE, 0, nullptr, CREATE_NEW, FILE_ATTRIBUTE_NORMAL, nullptr);
+        if (hFile == INVALID_HANDLE_VALUE && GetLastError() != ERROR_FILE_EXISTS)
+            ThrowUnwritable(strPath, WindowsErrorText(GetLastError()));
+    }
+    FileHandle file(hFile);
     TemporaryFile temporary(strTemporary);
     if (!WriteAll(file.Get(), bytes) || !FlushFileBuffers(file.Get()) || !file.Close()) {
         const DWORD dwError = GetLastError();
@@ -111,4 +116,8 @@ void ReplaceFileBytes(const CString& strPath, const std::string& bytes) {
 
 bool FileExists(const CString& strPath) {
     return GetFileAttributesW(strPath) != INVALID_FILE_ATTRIBUTES;
+}
+
+bool IsFolder(const CString& strPath) {
+    return HasAttribute(strPath, FILE_ATTRIBUTE_DIRECTORY);
 }

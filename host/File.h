@@ -13,3 +13,4 @@ std::string ReadFileBytes(const CString& strPath);
 void ReplaceFileBytes(const CString& strPath, const std::string& bytes);
 
 bool FileExists(const CString& strPath);
+bool IsFolder(const CString& strPath);

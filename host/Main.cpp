@@ -41,6 +41,7 @@ CLI::Option* AddFile(CLI::App& cli, const char* name, std::string& path, const c
 // The library's own words for a wrong command line, but for those that would not help.
 std::string UsageError(const CLI::ParseError& error, const CLI::App& cli, int argc, const char* const* argv) {
     std::string reason = error.what();
+    if (argc <= 1) reason = "give a command: list, new, show or convert";
     if (cli.get_subcommands().empty() && argc > 1 && argv[1][0] != '-')
         reason = "\"" + std::string(argv[1]) + "\" is not a command";
     return reason + "; mfxhost --help tells the usage";

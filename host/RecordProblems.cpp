@@ -2,9 +2,12 @@
 
 #include "NumberText.h"
 #include "ParameterXml.h"
+#include "RuleParameters.h"
 #include "Text.h"
+#include "UnitNames.h"
 #include "XmlNumber.h"
 
+#include <cmath>
 #include <memory>
 #include <set>
 
@@ -23,7 +26,11 @@ class ProblemFinder {
             CheckAttributes(*entry.pRecord);
             CheckParameters(*entry.pRecord, entry.pRule->m_paramArray);
             CheckConstraints(entry);
+            if (entry.pRule->FindParameterInArray(kThicknessMinId)) CheckOlderTable(*entry.pRecord);
+            CheckMassUnit(entry);
         }
+        for (const MfxXMLNode& rule : m_document.FindNestedRules())
+            Add(rule, "this rule stands inside another element, where it is not read");
         return std::move(m_problems);
     }
 
@@ -53,12 +60,34 @@ class ProblemFinder {
     void CheckConstraints(const RuleDocument::Entry& entry) {
         const std::unique_ptr<MfxXMLNodeList> pElements(entry.pRecord->GetNodeList(kConstraintTag));
         const auto& constraints = entry.pRule->m_constraintArray;
+        for (long i = 0; i < pElements->GetSize(); ++i) CheckConstraintAttributes(*(*pElements)[i]);
         if (pElements->GetSize() > 0 && pElements->GetSize() != constraints.GetCount())
             Add(*entry.pRecord,
                 "the record has " + Count(static_cast<std::size_t>(pElements->GetSize()), "constraint") +
                     ", the rule " + std::to_string(constraints.GetCount()) + "; they were not read");
-        for (int i = 0; i < pElements->GetSize() && i < constraints.GetCount(); ++i)
+        for (int i = 0; i < pElements->GetSize() && i < constraints.GetCount(); ++i) {
             CheckParameters(*(*pElements)[i], constraints[i]->m_paramArray);
+            CheckLengths(*(*pElements)[i], constraints[i]->m_paramArray);
+        }
+    }
+
+    void CheckConstraintAttributes(const MfxXMLNode& constraint) {
+        CString strValue;
+        for (const wchar_t* pszName : {L"Type", L"Value", L"Status"})
+            if (!constraint.GetAttributeValue(pszName, strValue))
+                Add(constraint, "Constraint: " + ToUtf8(pszName) + " is missing");
+        if (constraint.GetAttributeValue(L"Status", strValue) && strValue != L"0" && strValue != L"1")
+            Add(constraint, "Constraint: Status=\"" + ToUtf8(strValue) + "\" is neither 0 nor 1");
+    }
+
+    // Element i of each list makes band i.
+    void CheckLengths(const MfxXMLNode& constraint, const MfxParamArray& params) {
+        std::set<int> lengths;
+        for (const MfxParamRecord& record : params)
+            if (record.m_type == TypeDouble)
+                lengths.insert(record.m_pStorage->GetValues<double>().GetCount());
+        if (lengths.size() > 1)
+            Add(constraint, "Constraint: its parameters have different numbers of values");
     }
 
     void CheckParameters(const MfxXMLNode& parent, const MfxParamArray& params) {
@@ -66,10 +95,7 @@ class ProblemFinder {
         const std::unique_ptr<MfxXMLNodeList> pElements(parent.GetNodeList(kParameterTag));
         for (long i = 0; i < pElements->GetSize(); ++i) {
             const MfxXMLNode& parameter = *(*pElements)[i];
-            CString strType;
-            std::int32_t nParamId = 0;
-            parameter.GetAttributeValue(L"Type", strType);
-            ParseInteger(strType, nParamId);
+            const std::int32_t nParamId = ParameterIdOf(parameter);
             const CMfxParamStorage* pStorage = FindParameter(params, nParamId);
             if (!pStorage) continue;
             if (!seen.insert(nParamId).second) {
@@ -81,21 +107,61 @@ class ProblemFinder {
             CheckValues(parameter, *pStorage);
             CheckDeviations(parameter, *pStorage);
         }
+        for (const MfxParamRecord& record : params)
+            if (seen.count(record.m_pStorage->m_nParamId) == 0)
+                Add(parent, "parameter " + std::to_string(record.m_pStorage->m_nParamId) + " is missing");
+    }
+
+    // The material table of older records and the parameter that switches it on.
+    void CheckOlderTable(const MfxXMLNode& record) {
+        const std::unique_ptr<MfxXMLNodeList> pElements(record.GetNodeList(kParameterTag));
+        for (long i = 0; i < pElements->GetSize(); ++i) {
+            const MfxXMLNode& parameter = *(*pElements)[i];
+            const std::int32_t nParamId = ParameterIdOf(parameter);
+            if (nParamId != kLegacyMaterialTableId && nParamId != kLegacyMaterialSwitchId) continue;
+            const std::string description = "parameter " + std::to_string(nParamId) + ", ";
+            const std::unique_ptr<MfxXMLNodeList> pValues(parameter.GetNodeList(L"Value"));
+            for (long j = 0; j < pValues->GetSize(); ++j) {
+                const MfxXMLNode& value = *(*pValues)[j];
+                if (nParamId == kLegacyMaterialSwitchId) {
+                    CheckReal(value, description + "Value: ");
+                    continue;
+                }
+                for (const wchar_t* pszName : {L"Attribute2", L"Attribute3"}) {
+                    CString strLimit;
+                    if (!value.GetAttributeValue(pszName, strLimit) || !IsPlainNumber(strLimit))
+                        Add(value,
+                            description + ToUtf8(pszName) + ": \"" + ToUtf8(strLimit) + "\" is not a number");
+                }
+            }
+        }
+    }
+
+    void CheckMassUnit(const RuleDocument::Entry& entry) {
+        const CMfxParamStorage* pUnit = entry.pRule->FindParameterInArray(kMassUnitId);
+        if (!pUnit || pUnit->GetValues<CString>().IsEmpty()) return;
+        const std::string label = ToUtf8(pUnit->GetValues<CString>()[0]);
+        if (MassUnitSymbol(label) != label)
+            Add(*entry.pRecord,
+                Describe(*pUnit, "Value") + "\"" + label + "\" is not a mass unit: mg, g, kg, t, lb");
     }
 
     // With such an operator or type the rule would not write the parameter, or its values, again.
     void CheckKind(const MfxXMLNode& parameter, const CMfxParamStorage& storage) {
         if (!storage.IsSaved())
-            Add(parameter, Describe(storage, "Operator") + "there is none that can be kept");
+            Add(parameter,
+                Describe(storage, "Operator") + "it is missing or says that the parameter is not saved");
         if ((storage.GetType() == TypeTableRow) != (storage.m_paramType == ParamTable))
             Add(parameter, Describe(storage, "ParameterType") + "it does not fit the parameter's values");
     }
 
     void CheckValues(const MfxXMLNode& parameter, const CMfxParamStorage& storage) {
         const std::unique_ptr<MfxXMLNodeList> pValues(parameter.GetNodeList(L"Value"));
+        if (pValues->GetSize() > 2 && IsUniformLimit(storage))
+            Add(parameter, Describe(storage, "Value") + "a limit has one value, or a switch and one value");
         for (long i = 0; i < pValues->GetSize(); ++i) {
             const MfxXMLNode& value = *(*pValues)[i];
-            if (storage.m_paramType == ParamTable)
+            if (storage.GetType() == TypeTableRow)
                 CheckCells(value, storage);
             else if (storage.GetType() == TypeDouble)
                 CheckReal(value, Describe(storage, "Value"));
@@ -117,7 +183,9 @@ class ProblemFinder {
     }
 
     void CheckReal(const MfxXMLNode& element, const std::string& description) {
-        if (!IsReal(element.GetNodeValue()))
+        double value = 0.0;
+        if (!IsReal(element.GetNodeValue()) || !ParseReal(element.GetNodeValue(), value) ||
+            !std::isfinite(value))
             Add(element, description + "\"" + ToUtf8(element.GetNodeValue()) + "\" is not a number");
     }
 
@@ -130,7 +198,7 @@ class ProblemFinder {
         while (row.GetAttributeValue(L"Attribute" + FormatInteger(static_cast<std::int64_t>(nCells) + 1),
                                      strCell)) {
             ++nCells;
-            if (!strCell.IsEmpty() && !(IsNumericText(strCell) && IsReal(strCell)))
+            if (!strCell.IsEmpty() && !IsPlainNumber(strCell))
                 Add(row, Describe(storage, "Attribute" + std::to_string(nCells)) + "\"" + ToUtf8(strCell) +
                              "\" is not a number");
         }
@@ -143,6 +211,12 @@ class ProblemFinder {
         if (nCellAttributes != nCells)
             Add(row, Describe(storage, "Attribute" + std::to_string(nCells + 1)) +
                          "it is missing, and the cells after it are not read");
+    }
+
+    static bool IsPlainNumber(const CString& strText) { return IsNumericText(strText) && IsReal(strText); }
+
+    static bool IsUniformLimit(const CMfxParamStorage& storage) {
+        return storage.m_nParamId == kThicknessMinId || storage.m_nParamId == kThicknessMaxId;
     }
 
     static std::string Describe(const CMfxParamStorage& storage, const std::string& element) {

@@ -2,7 +2,6 @@
 
 #include "ParameterXml.h"
 #include "RuleParameters.h"
-#include "XmlNumber.h"
 
 #include <algorithm>
 #include <map>
@@ -26,13 +25,7 @@ std::vector<Child> ChildrenOf(const MfxXMLNode& parent) {
     for (long i = 0; i < pElements->GetSize(); ++i) {
         const MfxXMLNode& element = *(*pElements)[i];
         Child child{element, element.GetNodeName(), 0};
-        if (child.strTag == kParameterTag) {
-            CString strType;
-            element.GetAttributeValue(L"Type", strType);
-            ParseInteger(strType, child.nKey);
-        } else {
-            child.nKey = positions[child.strTag]++;
-        }
+        child.nKey = child.strTag == kParameterTag ? ParameterIdOf(element) : positions[child.strTag]++;
         children.push_back(child);
     }
     return children;
@@ -46,14 +39,25 @@ const Child* FindCounterpart(const std::vector<Child>& children, const Child& ch
 }
 
 // Whether an element that the rule did not write again was the rule's own: lists that have become shorter,
-// and the parameters of older records, which the rule writes in another form.
-bool IsDropped(const Child& child) {
-    if (child.strTag == kParameterTag)
-        return child.nKey == kLegacyMaterialTableId || child.nKey == kLegacyMaterialSwitchId;
+// and the material table of older records, which the uniform thickness rule writes as constraints.
+bool IsDropped(const Child& child, const std::vector<Child>& newChildren) {
+    if (child.strTag == kParameterTag) {
+        const bool bLegacy = child.nKey == kLegacyMaterialTableId || child.nKey == kLegacyMaterialSwitchId;
+        return bLegacy && std::any_of(newChildren.begin(), newChildren.end(), [](const Child& written) {
+                   return written.strTag == kParameterTag && written.nKey == kThicknessMinId;
+               });
+    }
     for (const wchar_t* pszTag :
          {L"Constraint", L"Value", L"OperatorOption", L"Warning", L"Info", L"Unknown"})
         if (child.strTag == pszTag) return true;
     return false;
+}
+
+bool IsKeptAsItWas(const MfxXMLNode& old, const CString& strName, const CString& strValue) {
+    CString strOld;
+    const bool bHad = old.GetAttributeValue(strName, strOld);
+    if (old.GetNodeName() == kConstraintTag && strName == L"Status") return bHad;
+    return !bHad && strValue == L"-1";
 }
 
 void UpdateAttributes(MfxXMLNode& old, const MfxXMLNode& updated) {
@@ -62,7 +66,8 @@ void UpdateAttributes(MfxXMLNode& old, const MfxXMLNode& updated) {
             if (strName.Left(9) == L"Attribute") old.RemoveAttribute(strName);
     CString strValue;
     for (const CString& strName : updated.GetAttributeNames())
-        if (updated.GetAttributeValue(strName, strValue)) old.AddAttribute(strName, strValue);
+        if (updated.GetAttributeValue(strName, strValue) && !IsKeptAsItWas(old, strName, strValue))
+            old.AddAttribute(strName, strValue);
 }
 
 }  // namespace
@@ -86,5 +91,6 @@ void UpdateRecord(MfxXMLNode& old, MfxXMLNode& updated) {
         }
     }
     for (const Child& child : oldChildren)
-        if (IsDropped(child) && !FindCounterpart(newChildren, child)) old.RemoveNode(child.element);
+        if (!FindCounterpart(newChildren, child) && IsDropped(child, newChildren))
+            old.RemoveNode(child.element);
 }

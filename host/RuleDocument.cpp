@@ -66,13 +66,13 @@ std::string RuleDocument::Place(int nLine) const {
     return ToUtf8(m_strPath) + ":" + (nLine ? std::to_string(nLine) + ":" : "") + " ";
 }
 
-// A missing attribute means what a fresh document has.
+// A missing attribute means what a fresh document has. One digit and nothing else: rules read no more of it.
 void RuleDocument::ReadUnits(const MfxXMLNode& root) {
     const auto read = [&](const CString& strName, int nDefault, auto isKnown, const std::string& known) {
         CString strValue;
         if (!root.GetAttributeValue(strName, strValue)) return nDefault;
-        std::int32_t nValue = -1;
-        if (!IsInteger(strValue) || !ParseInteger(strValue, nValue) || !isKnown(nValue))
+        const int nValue = strValue.GetLength() == 1 ? strValue[0] - L'0' : -1;
+        if (nValue < 0 || nValue > 9 || !isKnown(nValue))
             Refuse(m_pXml->GetLine(root), ToUtf8(strName) + "=\"" + ToUtf8(strValue) + "\" is not " + known);
         return nValue;
     };
@@ -81,7 +81,7 @@ void RuleDocument::ReadUnits(const MfxXMLNode& root) {
         "the version that this program reads, " + std::to_string(kVersion));
     m_units.m_nLengthUnit = read(
         L"Unit", m_units.m_nLengthUnit, [](int nUnit) { return !LengthUnitSymbol(nUnit).empty(); },
-        "a length unit, 1 to 9");
+        "a length unit, 0 to 9");
     m_units.m_nAngleUnit = read(
         L"AngleUnit", m_units.m_nAngleUnit, [](int nUnit) { return !AngleUnitSymbol(nUnit).empty(); },
         "an angle unit, 0 to 3");
@@ -100,6 +100,23 @@ void RuleDocument::ReadRules(const MfxXMLNode& root, const RuleModule& module) {
         }
         m_entries.push_back(std::move(entry));
     }
+}
+
+std::vector<MfxXMLNode> RuleDocument::FindNestedRules() const {
+    std::vector<MfxXMLNode> found, open;
+    const auto openChildren = [&open](const MfxXMLNode& parent) {
+        const std::unique_ptr<MfxXMLNodeList> pChildren(parent.GetNodeList(L""));
+        for (long i = 0; i < pChildren->GetSize(); ++i) open.push_back(*(*pChildren)[i]);
+    };
+    openChildren(*std::unique_ptr<MfxXMLNode>(m_pXml->GetRootNode()));
+    std::erase_if(open, [](const MfxXMLNode& child) { return child.GetNodeName() == L"Rule"; });
+    while (!open.empty()) {
+        const MfxXMLNode element = open.back();
+        open.pop_back();
+        if (element.GetNodeName() == L"Rule") found.push_back(element);
+        openChildren(element);
+    }
+    return found;
 }
 
 void RuleDocument::Append(RulePtr pRule, const RuleModule& module) {

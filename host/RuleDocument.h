@@ -45,6 +45,9 @@ class RuleDocument {
     std::string Place(int nLine) const;
     int GetLine(const MfxXMLNode& element) const { return m_pXml->GetLine(element); }
 
+    // "Rule" elements that stand deeper than the rules of the document, where nothing reads them.
+    std::vector<MfxXMLNode> FindNestedRules() const;
+
     // Throws HostError (Missing) when the file can't be written.
     void Save(const CString& strPath) const;
 

@@ -9,15 +9,18 @@
 
 #include <algorithm>
 #include <charconv>
+#include <cmath>
 
 namespace {
 
 using Align = TextTable::Align;
 
-// As many digits as a person compares; the file has all of them.
+// As many digits as a person compares, and all of those before the point; the file has the others too.
 std::string FormatNumber(double value) {
+    const bool bLarge = std::fabs(value) >= 1e6 && std::fabs(value) < 1e15;
     char text[32];
-    return {text, std::to_chars(text, text + sizeof text, value, std::chars_format::general, 7).ptr};
+    const auto format = bLarge ? std::chars_format::fixed : std::chars_format::general;
+    return {text, std::to_chars(text, text + sizeof text, value, format, bLarge ? 0 : 7).ptr};
 }
 
 // A limit, with the marks for "not given" and "no upper limit" in words.
@@ -35,11 +38,11 @@ std::string FormatCell(const CString& strCell) {
     return strCell.IsEmpty() ? "-" : ToUtf8(strCell);
 }
 
-// Label of the unit in which the rule keeps its masses.
+// Symbol of the unit in which the rule keeps its masses.
 std::string MassUnitLabel(const CMfxRule& rule) {
     const CMfxParamStorage* pUnit = FindParameter(rule.m_paramArray, kMassUnitId);
     const bool bHasLabel = pUnit && pUnit->GetType() == TypeText && !pUnit->GetValues<CString>().IsEmpty();
-    return bHasLabel ? ToUtf8(pUnit->GetValues<CString>()[0]) : "kg";
+    return MassUnitSymbol(bHasLabel ? ToUtf8(pUnit->GetValues<CString>()[0]) : "");
 }
 
 // Symbol of the unit of a parameter's numbers; empty for numbers without one.

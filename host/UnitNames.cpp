@@ -32,7 +32,7 @@ constexpr Unit kAngleUnits[] = {
     {AngleDegree, "degrees", "deg degree \u00b0"},
     {AngleRadian, "radians", "rad radian"},
     {AngleGradian, "gradians", "gon gradian grad grade"},
-    {AngleArcMinute, "arc minutes", "arcmin arcminute arc-minute ' \u2032"},
+    {AngleArcMinute, "arcminutes", "arcmin arcminute arc-minute ' \u2032"},
 };
 
 std::string_view Symbol(const Unit& unit) {
@@ -97,6 +97,13 @@ std::string UnitWords(const UnitPair& units) {
     const Unit* pLength = FindLengthCode(units.m_nLengthUnit);
     const Unit* pAngle = FindCode(kAngleUnits, units.m_nAngleUnit);
     return std::string(pLength ? pLength->words : "?") + " and " + (pAngle ? pAngle->words : "?");
+}
+
+std::string MassUnitSymbol(const std::string& label) {
+    constexpr std::string_view kMassUnits[] = {"mg", "g", "kg", "t", "lb"};
+    const bool bKnown =
+        std::find(std::begin(kMassUnits), std::end(kMassUnits), label) != std::end(kMassUnits);
+    return bKnown ? label : "kg";
 }
 
 std::string LengthUnitSymbols() {

@@ -16,6 +16,9 @@ std::optional<int> FindAngleUnit(std::string_view name);
 std::string LengthUnitSymbol(int nLengthUnit);
 std::string AngleUnitSymbol(int nAngleUnit);
 
+// The mass unit that a rule takes a stored label for: kg for a label that is none.
+std::string MassUnitSymbol(const std::string& label);
+
 // "inches and degrees".
 std::string UnitWords(const UnitPair& units);
 

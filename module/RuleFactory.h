@@ -6,8 +6,8 @@
 // rule that can't be created is left out.
 void AppendAllRules(MfxRuleArray& rules);
 
-// The rule that a "Rule" record describes, not yet populated; null when the record is another module's or
-// names no rule of this one. Names are compared in the default language and without regard to letter case.
+// The rule that a "Rule" record of this module names, not yet populated; null when it names none. Names are
+// compared in the default language and without regard to letter case.
 CMfxRule* CreateRuleForRecord(MfxXMLNode& record);
 
 // Makes a rule that is already there take a record that may hold other constraints than the rule has.

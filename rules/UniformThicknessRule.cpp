@@ -37,13 +37,9 @@ ThicknessLimits DefaultLimits(int nCategory) {
 
 std::unique_ptr<MfxXMLNode> FindLastParameter(const MfxXMLNode& record, long nParamId) {
     const std::unique_ptr<MfxXMLNodeList> pElements(record.GetNodeList(kParameterTag));
-    for (long i = pElements->GetSize() - 1; i >= 0; --i) {
-        CString strType;
-        (*pElements)[i]->GetAttributeValue(L"Type", strType);
-        std::int32_t nType = 0;
-        ParseInteger(strType, nType);
-        if (nType == nParamId) return std::make_unique<MfxXMLNode>(*(*pElements)[i]);
-    }
+    for (long i = pElements->GetSize() - 1; i >= 0; --i)
+        if (ParameterIdOf(*(*pElements)[i]) == nParamId)
+            return std::make_unique<MfxXMLNode>(*(*pElements)[i]);
     return nullptr;
 }
 
@@ -105,14 +101,14 @@ int ReadParentUnit(const MfxXMLNode& record) {
 
 CMFXUniformThicknessRule::CMFXUniformThicknessRule(int nRuleId) {
     SetHeader(LoadLocalizedString(IDS_PROCESS), kModuleName, CategorySandCasting, nRuleId);
-    InitializeParameters(nullptr);
+    CreateParameters(nullptr);
 }
 
 CMFXUniformThicknessRule::CMFXUniformThicknessRule(const CString& strProcess, const CString& strModule,
                                                    MFXRuleCategory_e category, int nRuleId,
                                                    MfxXMLNode* pRecord) {
     SetHeader(strProcess, strModule, category, nRuleId);
-    InitializeParameters(pRecord);
+    CreateParameters(pRecord);
 }
 
 void CMFXUniformThicknessRule::SetHeader(const CString& strProcess, const CString& strModule,
@@ -124,7 +120,7 @@ void CMFXUniformThicknessRule::SetHeader(const CString& strProcess, const CStrin
         L"", L"", L"", L"", L"", L"");
 }
 
-void CMFXUniformThicknessRule::InitializeParameters(const MfxXMLNode* pRecord) {
+void CMFXUniformThicknessRule::CreateParameters(const MfxXMLNode* pRecord) {
     const ResourceSwitch resources;  // the parameters' labels
     CreateLimits();
     UpdateSummary();  // of the default limits: the record's constraints count only once it is read

@@ -16,7 +16,7 @@ class CMFXUniformThicknessRule : public CMfxRule {
     CMFXUniformThicknessRule(const CString& strProcess, const CString& strModule, MFXRuleCategory_e category,
                              int nRuleId, MfxXMLNode* pRecord);
 
-    void InitializeParameters() override;
+    void InitializeParameters() override;  // nothing: the constructors know the record
     int Execute(MFXICadSys* pCadSys, const CMfxData* pData, MFXResultSet* pResults, int nMode) override;
     void PopulateFromXML(MfxXMLNode* pNode) override;
     MfxXMLNode* BuildXMLNode() override;
@@ -33,9 +33,9 @@ class CMFXUniformThicknessRule : public CMfxRule {
   private:
     void SetHeader(const CString& strProcess, const CString& strModule, MFXRuleCategory_e category,
                    int nRuleId);
+    void CreateParameters(const MfxXMLNode* pRecord);
     void CreateLimits();
     void CreateConstraintsOfOlderTable(const MfxXMLNode& record);
     void CreateConstraints(const MfxXMLNode& record);
-    void InitializeParameters(const MfxXMLNode* pRecord);
     void UpdateSummary();
 };

@@ -1,20 +1,10 @@
 #pragma once
 
+#include "CastSizeAndWeightBand.h"
 #include "MfxRule.h"
 
 #include <map>
 #include <vector>
-
-// One row of a material group: the wall thickness that a casting of that size and weight needs at least.
-// Sizes and thickness are in the rule's length unit, weights in the unit that parameter kMassUnitId names; -1
-// is not given.
-struct CastSizeAndWeightBand {
-    double sizeMin;
-    double sizeMax;
-    double weightMin;
-    double weightMax;
-    double thickness;
-};
 
 // Wall thickness by cast size and cast weight. Each material group is a constraint with five lists of
 // numbers, of which element i makes band i.
@@ -43,9 +33,9 @@ class CMFXWTBasedOnCastSizeAndWeightRule : public CMfxRule {
 
     using CMfxRule::operator=;
 
+    // kRebuildConstraints: PopulateFromXML takes the record's constraints instead of its own.
     static constexpr int kRebuildConstraints = 1;
-    int m_nReloadMode =
-        0;  // kRebuildConstraints: PopulateFromXML takes the record's constraints instead of its own
+    int m_nReloadMode = 0;
     std::map<CString, std::vector<CastSizeAndWeightBand>> m_mapGroupRows;  // by material group
 
   private:

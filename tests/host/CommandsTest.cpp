@@ -8,7 +8,7 @@ TEST_F(HostTest, ListsTheRulesInEveryLanguage) {
     const std::string kCases[][4] = {
         {"english", "Sand Casting Rules", "Checks wall thicknesses and draft angles of sand castings",
          "Variable Draft Angle Sand Casting Draft angle required by the size of the cast feature"},
-        {"japanese", "砂型鋳造ルール", "砂型鋳物の肉厚と抜き勾配をチェックします",
+        {"japanese", "砂型鋳造ルール", "砂型鋳造品の肉厚と抜き勾配をチェックします",
          "可変抜き勾配 砂型鋳造 鋳造フィーチャ"},
         {"korean", "사형 주조 규칙", "사형 주조품의 벽 두께와 구배 각도를 검사합니다",
          "가변 구배 각도 사형 주조 주조 형상"},
@@ -16,7 +16,7 @@ TEST_F(HostTest, ListsTheRulesInEveryLanguage) {
          "Contrôle les épaisseurs de paroi et les angles de dépouille des pièces moulées en sable",
          "Angle de dépouille variable Moulage en sable Angle de dépouille exigé"},
         {"chinese-simplified", "砂型铸造规则", "检查砂型铸件的壁厚和拔模角",
-         "可变拔模角 砂型铸造 根据铸造特征"},
+         "可变拔模角 砂型铸造 按铸造特征"},
     };
     for (const auto& [language, name, summary, rule] : kCases) {
         const ProcessResult run = Run({L"list", L"--lang", Wide(language)});

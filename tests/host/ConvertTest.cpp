@@ -50,7 +50,7 @@ TEST_F(HostTest, ConvertsInPlaceWithoutTheOpenUpperBound) {
 
     const std::wstring utf16 = L"\ufeff" + Wide(Replaced(m_sample, "UTF-8", "UTF-16"));
     m_folder.Write(L"i.xml", {reinterpret_cast<const char*>(utf16.data()), utf16.size() * 2});
-    Run({L"convert", L"i.xml", L"--length", L"mm"}, 0, HasSubstr("from millimetres"), "");
+    Run({L"convert", L"i.xml", L"--length", L"mm", L"-o", L"i.xml"}, 0, HasSubstr("from millimetres"), "");
     EXPECT_EQ(Cells(m_folder.Read(L"i.xml")), Cells(m_sample));
     EXPECT_THAT(m_folder.Read(L"i.xml"), HasSubstr("encoding=\"UTF-8\""));
 }
@@ -69,7 +69,8 @@ TEST_F(HostTest, KnowsUnitsAsPeopleTypeThem) {
             std::istringstream names(namesOfCodes[nCode]);
             for (std::string name; names >> name;) {
                 m_folder.Write(L"d.xml", document);
-                Run({L"convert", L"d.xml", Wide(option), Wide(name)}, 0, HasSubstr("0 rules converted"), "");
+                Run({L"convert", L"d.xml", Wide(option), Wide(name)}, 0,
+                    AnyOf(HasSubstr("0 rules converted"), HasSubstr("already")), "");
                 const std::string code = "Unit=\"" + std::to_string(nCode) + "\"";
                 EXPECT_THAT(m_folder.Read(L"d.xml"),
                             HasSubstr(option[2] == 'l' ? "<MfxRules " + code : R"(="2" Angle)" + code));
@@ -116,7 +117,8 @@ TEST_F(HostTest, LosesNothingInARuleSilently) {
         {"<Par", "<Parameter Type=\"4711\"><Value>25.4</Value></Parameter><Par", "4711"},
         {"<Par", "<Constraint Type=\"1\" Value=\"Iron\" Status=\"1\"/><Par", "Iron"},
         {"<Remarks>", "<Note>n</Note><Remarks>", "<Note>n</Note>"},
-        {"</Parameter>", "</Parameter><Parameter Type=\"29183\"><Value Attribute1=\"7\"/></Parameter>", nullptr},
+        {"</Parameter>", "</Parameter><Parameter Type=\"29183\"><Value Attribute1=\"7\"/></Parameter>",
+         nullptr},
         {"Attribute4=\"2\"", "Attribute4=\"2\" Attribute6=\"8\"", "Attribute6=\"8\""},
         {" Attribute4=\"2\"", "", nullptr},  // too short: it would keep the old units
         {"<Operator>3", "<Operator>is", nullptr},

@@ -27,6 +27,7 @@ TEST_F(HostTest, NamesTheFlawOfAnUnreadableFile) {
         {"<MfxRules Unit=\"mm\"/>", "1: ", "Unit=\"mm\""},
         {"<MfxRules Unit=\"\"/>", "1: ", "Unit=\"\""},
         {"<MfxRules Unit=\"1.5\"/>", "1: ", "Unit=\"1.5\""},
+        {"<MfxRules Unit=\"03\"/>", "1: ", "Unit=\"03\""},
         {"<MfxRules AngleUnit=\"4\"/>", "1: ", "AngleUnit=\"4\""},
     };
     for (const auto& [bytes, line, reason] : kCases) {
@@ -44,7 +45,7 @@ TEST_F(HostTest, NamesTheFlawOfAnUnreadableFile) {
 TEST_F(HostTest, ExplainsItsUsage) {
     m_folder.Write(L"d.xml", m_sample);
     const std::pair<Arguments, const char*> kCases[] = {
-        {{}, "subcommand"},
+        {{}, "give a command"},
         {{L"open"}, "\"open\" is not a command"},
         {{L"show"}, "FILE"},
         {{L"show", L""}, "FILE"},

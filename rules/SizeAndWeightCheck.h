@@ -1,0 +1,43 @@
+// The check of a material group's bands of cast size and cast weight, as their dialog holds them. Needs no
+// windows.
+#pragma once
+
+#include "CastSizeAndWeightBand.h"
+
+#include <span>
+
+// Flaws by their code; each code has a message of its own.
+enum class SizeAndWeightFlaw {
+    None = -1,
+    SizeInverted = 0,       // the size band ends before it begins
+    MissingOrZero = 1,      // a row is missing, or a value is zero that must not be
+    SizeNotContiguous = 2,  // the size band does not begin where the one before it ends
+    NoBands = 3,            // the group has no usable band
+    WeightInverted = 4,
+    IncompleteWhileTyping = 5,  // the row is not finished
+    WeightNotContiguous = 6,
+    SizeIncomplete = 7,  // one of the two sizes is missing
+    WeightIncomplete = 8,
+    SizeAndWeightIncomplete = 9,
+    ThicknessMissing = 10,
+};
+
+struct SizeAndWeightResult {
+    SizeAndWeightFlaw flaw = SizeAndWeightFlaw::None;
+    int nRow = 0;  // from 1; 0 for NoBands
+    double expected =
+        0.0;  // SizeNotContiguous, WeightNotContiguous: the value that the row should begin with
+};
+
+// A band and the number of the grid row that it stands in, from 1.
+struct NumberedBand {
+    int nRow;
+    CastSizeAndWeightBand band;
+};
+
+// The check on leaving a group and on OK. Only the last band's upper size may be zero; it then has no upper
+// limit.
+SizeAndWeightResult CheckSizeAndWeightBands(std::span<const NumberedBand> bands);
+
+// The check after each edit: rows that are not finished yet are told apart from wrong ones.
+SizeAndWeightResult CheckSizeAndWeightBandsWhileTyping(std::span<const NumberedBand> bands);
