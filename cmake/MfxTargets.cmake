@@ -42,6 +42,8 @@ function(mfx_version_resource target description)
   set(MFX_FILE_DESCRIPTION "${description}")
   configure_file("${CMAKE_SOURCE_DIR}/cmake/version.rc.in" "${CMAKE_CURRENT_BINARY_DIR}/${target}-version.rc" @ONLY)
   target_sources(${target} PRIVATE "${CMAKE_CURRENT_BINARY_DIR}/${target}-version.rc")
+  set_source_files_properties("${CMAKE_CURRENT_BINARY_DIR}/${target}-version.rc" PROPERTIES
+    OBJECT_DEPENDS "${CMAKE_SOURCE_DIR}/cmake/program.manifest")
   if(MSVC AND type STREQUAL "EXECUTABLE")
     target_link_options(${target} PRIVATE /MANIFEST:NO)
   endif()

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <climits>
 #include <cstdint>
+#include <memory>
 #include <new>
 #include <utility>
 
@@ -17,8 +18,7 @@ class MfxArray {
     // An empty array with room for nCapacity elements.
     MfxArray(int nCapacity, int nGrowBy) : m_nGrowBy(nGrowBy) { Reallocate(nCapacity); }
 
-    MfxArray(const MfxArray& other) : m_nGrowBy(other.m_nGrowBy) {
-        Reallocate(other.m_nCapacity);
+    MfxArray(const MfxArray& other) : MfxArray(other.m_nCapacity, other.m_nGrowBy) {
         std::copy(other.begin(), other.end(), m_pData);
         m_nCount = other.m_nCount;
     }
@@ -79,10 +79,10 @@ class MfxArray {
     }
 
     void Reallocate(std::int32_t nCapacity) {
-        T* pData = nCapacity > 0 ? new T[static_cast<std::size_t>(nCapacity)]() : nullptr;
-        std::move(begin(), end(), pData);
+        std::unique_ptr<T[]> pData(nCapacity > 0 ? new T[static_cast<std::size_t>(nCapacity)]() : nullptr);
+        std::move(begin(), end(), pData.get());
         delete[] m_pData;
-        m_pData = pData;
+        m_pData = pData.release();
         m_nCapacity = nCapacity;
     }
 

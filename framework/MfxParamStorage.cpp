@@ -3,6 +3,7 @@
 #include <memory>
 #include <stdexcept>
 #include <utility>
+#include <vector>
 
 static_assert(std::variant_size_v<CMfxParamStorage::Values> == TypeTableRow);
 static_assert(
@@ -25,7 +26,7 @@ CMfxParamStorage::CMfxParamStorage(Type_e type)
 
 CMfxParamStorage* FindParameter(const MfxParamArray& params, long nParamId) {
     for (const MfxParamRecord& record : params)
-        if (record.m_pStorage && record.m_pStorage->m_nParamId == nParamId) return record.m_pStorage;
+        if (record.m_pStorage->m_nParamId == nParamId) return record.m_pStorage;
     return nullptr;
 }
 
@@ -35,11 +36,12 @@ void DeleteParameters(MfxParamArray& params) {
 }
 
 MfxParamArray CloneParameters(const MfxParamArray& params) {
+    std::vector<std::unique_ptr<CMfxParamStorage>> storages;
+    for (const MfxParamRecord& record : params)
+        storages.push_back(std::make_unique<CMfxParamStorage>(*record.m_pStorage));
     MfxParamArray clones(params.GetCount(), params.m_nGrowBy);
-    for (const MfxParamRecord& record : params) {
-        auto pStorage = record.m_pStorage ? std::make_unique<CMfxParamStorage>(*record.m_pStorage) : nullptr;
-        clones.Add({record.m_type, pStorage.get()});
-        pStorage.release();
-    }
+    for (std::unique_ptr<CMfxParamStorage>& pStorage : storages)
+        clones.Add(
+            {pStorage->GetType(), pStorage.release()});  // there is room: nothing can fail from here on
     return clones;
 }

@@ -59,7 +59,7 @@ class MFXKIT_API CMfxParamStorage {
     MfxSeverityMap m_absoluteValue;
 };
 
-// A parameter as rules and constraints list it; the list's owner deletes the storage.
+// A parameter as rules and constraints list it; the list's owner deletes the storage, which is never null.
 struct MfxParamRecord {
     Type_e m_type = TypeDouble;
     CMfxParamStorage* m_pStorage = nullptr;

@@ -73,8 +73,9 @@ CMfxRule& CMfxRule::operator=(CMfxRule* pOther) {
     m_bParametersCreated = pOther->m_bParametersCreated;
     m_category = pOther->m_category;
 
+    MfxParamArray params = CloneParameters(pOther->m_paramArray);
     DeleteParameters(m_paramArray);
-    m_paramArray = CloneParameters(pOther->m_paramArray);
+    m_paramArray = std::move(params);
     ClearConstraints();
     for (const CMFXConstraint* pConstraint : pOther->m_constraintArray) {
         CMFXConstraint* pCopy =
@@ -108,7 +109,7 @@ void CMfxRule::PostPopulate() {}
 int CMfxRule::GetCutterStatus() const {
     return 0;
 }
-void CMfxRule::Heal(MFXICadSys*, const CMfxData* const&, const MFXResultSet* const&) const {}
+void CMfxRule::Heal(MFXICadSys*, const CMfxData*&, const MFXResultSet*&) const {}
 bool CMfxRule::IsRuleParametric() const {
     return !m_paramArray.IsEmpty();
 }

@@ -100,8 +100,7 @@ class MFXKIT_API CMfxRule {
     virtual int GetCutterStatus() const;
 
     // Mends what a check found. Here: nothing.
-    virtual void Heal(MFXICadSys* pCadSys, const CMfxData* const& pData,
-                      const MFXResultSet* const& pResults) const;
+    virtual void Heal(MFXICadSys* pCadSys, const CMfxData*& pData, const MFXResultSet*& pResults) const;
 
     // Whether the rule has parameters to set.
     virtual bool IsRuleParametric() const;

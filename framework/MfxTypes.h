@@ -1,19 +1,21 @@
-// Enumerations that rules, records and hosts exchange as numbers, and the composite value types.
+// Enumerations that rules, records and hosts exchange as numbers, and the composite value types. They have a
+// fixed type, since records may hold any number.
 #pragma once
 
 #include <afx.h>
 
+#include <cstdint>
 #include <vector>
 
 // Kind of process that a rule belongs to.
-enum MFXRuleCategory_e {
+enum MFXRuleCategory_e : std::int32_t {
     CategoryNone = 0,
     CategoryInjectionMoulding = 9,
     CategorySandCasting = 19,
 };
 
 // Type of a parameter's values. It selects the parameter's text forms; see ParameterXml.h.
-enum Type_e {
+enum Type_e : std::int32_t {
     TypeBoolean = 1,
     TypeInteger32 = 2,
     TypeInteger64 = 3,
@@ -25,7 +27,7 @@ enum Type_e {
 };
 
 // How a check compares a measured value with the parameter's values.
-enum MfxOperator_e {
+enum MfxOperator_e : std::int32_t {
     OperatorNone = 0,    // no comparison; the parameter is not saved
     OperatorRanges = 1,  // values come in pairs or in threes
     OperatorEqual = 3,
@@ -35,20 +37,20 @@ enum MfxOperator_e {
 };
 
 // What a parameter's values measure.
-enum MfxParamType_e {
+enum MfxParamType_e : std::int32_t {
     ParamText = 0,
     ParamLimit = 1,   // a length, or a number without a unit
     ParamTable = 24,  // every value is a table row
     ParamMass = 31,
 };
 
-enum MFXConstraintType_e {
+enum MFXConstraintType_e : std::int32_t {
     ConstraintNone = 0,
     ConstraintByMaterial = 1,  // limits that hold for one material or material group
 };
 
 // Severity of a result, also the key of a parameter's deviation maps.
-enum MfxSeverity_e { SeverityUnknown = 0, SeverityWarning = 1, SeverityInfo = 2 };
+enum MfxSeverity_e : std::int32_t { SeverityUnknown = 0, SeverityWarning = 1, SeverityInfo = 2 };
 
 struct MfxDoublePair {
     double first = 0.0;

@@ -36,7 +36,8 @@ void MfxXMLNode::AppendNode(MfxXMLNode* pChild) {
     if (IsSameOrInside(parent, child)) return;
     if (parent.append_move(child)) return;
     // Elements can't move between documents: copy, then drop the original.
-    pugi::xml_node copy = parent.append_copy(child);
+    const pugi::xml_node copy = parent.append_copy(child);
+    if (!copy) return;
     child.parent().remove_child(child);
     pChild->m_pElement = copy.internal_object();
 }

@@ -68,8 +68,11 @@ CString RuleModule::GetSummary() const {
     return strSummary;
 }
 
+// What a record says of the rule's module stays.
 RulePtr RuleModule::Adopt(CMfxRule* pRule) const {
-    if (pRule) pRule->m_strRuleModuleFileName = m_strPath;
+    if (pRule && pRule->m_strRuleModule.IsEmpty())
+        pRule->m_strRuleModule = CString(kModuleFile).SpanExcluding(L".");
+    if (pRule && pRule->m_strRuleModuleFileName.IsEmpty()) pRule->m_strRuleModuleFileName = m_strPath;
     return RulePtr(pRule, RuleDeleter{m_deleteRule});
 }
 

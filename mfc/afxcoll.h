@@ -7,8 +7,8 @@
 // Doubly linked list of texts.
 class MFX_MFC_API CStringList : public CObject {
   public:
-    CStringList(
-        INT_PTR nBlockSize = 10);  // the block size has no effect: each element is allocated by itself
+    // The block size has no effect: each element is allocated by itself.
+    CStringList(INT_PTR nBlockSize = 10);
     ~CStringList() override;
 
     INT_PTR GetCount() const { return m_nCount; }

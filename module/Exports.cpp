@@ -10,12 +10,6 @@
 #include "SandCastingRulesApp.h"
 #include "resource.h"
 
-namespace {
-
-CMFXSandCastingRulesApp theApp;
-
-}  // namespace
-
 // Sets the document in which rules write their records; it stays the host's and has to outlive every write.
 extern "C" void SetXMLDoc(MfxXMLDocument* pDocument) {
     SetRuleDocument(pDocument);

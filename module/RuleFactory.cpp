@@ -9,7 +9,6 @@
 #include "resource.h"
 
 #include <memory>
-#include <new>
 
 namespace {
 
@@ -45,7 +44,7 @@ constexpr FactoryRow kRules[] = {
 RulePtr CreateRule(const FactoryRow& row, MfxXMLNode* pNode) {
     try {
         return row.create(LoadLocalizedString(IDS_PROCESS), pNode);
-    } catch (const std::bad_alloc&) {
+    } catch (...) {  // std::bad_alloc, or what MFC throws in its place
         return nullptr;
     }
 }

@@ -11,7 +11,8 @@ namespace {
 
 MfxXMLDocument* g_pRuleDocument = nullptr;
 
-// Attributes of the "Rule" element.
+// Attributes of the "Rule" element. Strings, as the node operations take them: records are read by the
+// thousand.
 const CString kNameAttribute = L"Name";
 const CString kStatusAttribute = L"Status";
 const CString kLifeStatusAttribute = L"LifeStatus";

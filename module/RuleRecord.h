@@ -1,12 +1,13 @@
+// clang-format off
 // A rule's saved settings: the "Rule" element that hosts keep in their rule document.
 //
-//   <Rule Name="Variable draft angle" Status="0" LifeStatus="0" Summary="..."
-//   Module="MFXSandCastingRulesValidator"
-//         RuleModule="" RuleModuleFileName="MFXSandCastingRulesu.dll" Severity="2" RuleCategory="Sand
-//         Casting">
+//   <Rule Name="Variable Draft Angle" Status="0" LifeStatus="0" Summary="..."
+//         Module="MFXSandCastingRulesValidator" RuleModule="" RuleModuleFileName="MFXSandCastingRulesu.dll"
+//         Severity="2" RuleCategory="Sand Casting">
 //     <Parameter .../>       in the rule's order, see ParameterXml.h
 //     <Constraint .../>      in the rule's order, see MFXConstraint.h
 //   </Rule>
+// clang-format on
 #pragma once
 
 #include "MfxRule.h"

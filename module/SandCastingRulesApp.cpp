@@ -16,10 +16,10 @@ constexpr wchar_t kOptionsKey[] = L"SOFTWARE\\Quillmark\\KPT_PRODUCT\\MfxKit\\NX
 constexpr wchar_t kLanguageOption[] = L"OptionsLanguage";
 
 const CString& LoadStringFrom(HINSTANCE hLibrary, UINT nStringId, std::unordered_map<UINT, CString>& cache) {
-    const auto [entry, bNew] = cache.try_emplace(nStringId);
-    if (bNew && hLibrary)
-        entry->second.LoadString(hLibrary, nStringId);  // a null handle would mean the host's strings
-    return entry->second;
+    if (const auto found = cache.find(nStringId); found != cache.end()) return found->second;
+    CString strText;
+    if (hLibrary) strText.LoadString(hLibrary, nStringId);  // a null handle would mean the host's strings
+    return cache.emplace(nStringId, strText).first->second;
 }
 
 CString SystemLocaleName(LCTYPE type) {
@@ -83,8 +83,9 @@ CString CMFXSandCastingRulesApp::GetLanguage() const {
 CString CMFXSandCastingRulesApp::GetRegistryLanguage() {
     DWORD dwOption = static_cast<DWORD>(-1);
     DWORD dwSize = sizeof dwOption;
-    RegGetValueW(HKEY_CURRENT_USER, kOptionsKey, kLanguageOption, RRF_RT_REG_DWORD, nullptr, &dwOption,
-                 &dwSize);
+    if (RegGetValueW(HKEY_CURRENT_USER, kOptionsKey, kLanguageOption, RRF_RT_REG_DWORD, nullptr, &dwOption,
+                     &dwSize) != ERROR_SUCCESS)
+        dwOption = static_cast<DWORD>(-1);  // a value of another type has been written to it
     switch (dwOption) {
         case 0:
             return L"english";

@@ -54,19 +54,21 @@ CMFXSCVariableDraftAngleRule::CMFXSCVariableDraftAngleRule() {
                       CategorySandCasting, kRuleId);
         m_strSummary = LoadLocalizedString(IDS_DRAFT_RULE_SUMMARY);
     }
-    CMFXSCVariableDraftAngleRule::InitializeParameters();
+    CreateParameters();
 }
 
 void CMFXSCVariableDraftAngleRule::InitializeParameters() {
-    NoThrow([this] {
-        const ResourceSwitch resources;  // the parameter's label
-        CMfxParamStorage* pTable = CreateParamStorageObject(TypeTableRow, kDraftAngleTableId, OperatorEqual,
-                                                            ParamTable, true, false);
-        if (pTable && pTable->GetValues<MfxTableRow>().IsEmpty())
-            for (const auto& cells : kDefaultTable)
-                pTable->GetValues<MfxTableRow>().Add(MfxTableRow{{std::begin(cells), std::end(cells)}});
-        m_bParametersCreated = true;
-    });
+    NoThrow([this] { CreateParameters(); });
+}
+
+void CMFXSCVariableDraftAngleRule::CreateParameters() {
+    const ResourceSwitch resources;  // the parameter's label
+    if (!FindTable())
+        CreateParamStorageObject(TypeTableRow, kDraftAngleTableId, OperatorEqual, ParamTable, true, false);
+    MfxArray<MfxTableRow>* pRows = FindTable();
+    if (pRows && pRows->IsEmpty())
+        for (const auto& cells : kDefaultTable) pRows->Add(MfxTableRow{{std::begin(cells), std::end(cells)}});
+    m_bParametersCreated = true;
 }
 
 int CMFXSCVariableDraftAngleRule::Execute(MFXICadSys*, const CMfxData*, MFXResultSet*, int) {
@@ -98,7 +100,9 @@ void CMFXSCVariableDraftAngleRule::ConvertUnits(const UnitPair& from, const Unit
         if (from == to) return;
         MfxArray<MfxTableRow>* pRows = FindTable();
         if (!pRows) return;
-        for (MfxTableRow& row : *pRows) ConvertRow(row, from, to);
+        MfxArray<MfxTableRow> converted = *pRows;  // all rows or none
+        for (MfxTableRow& row : converted) ConvertRow(row, from, to);
+        *pRows = std::move(converted);
         m_nLengthUnit = to.m_nLengthUnit;
         m_nAngleUnit = to.m_nAngleUnit;
     });

@@ -27,6 +27,7 @@ class CMFXSCVariableDraftAngleRule : public CMfxRule {
     using CMfxRule::operator=;
 
   private:
+    void CreateParameters();
     MfxArray<MfxTableRow>* FindTable();
     void ReloadSummary();
 };

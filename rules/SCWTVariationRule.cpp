@@ -24,13 +24,13 @@ CString VariationSummary(const CString& strVariation) {
 
 CMFXSCWTVariationRule::CMFXSCWTVariationRule(int nRuleId) {
     SetHeader(LoadLocalizedString(IDS_PROCESS), kModuleName, CategorySandCasting, nRuleId);
-    CMFXSCWTVariationRule::InitializeParameters();
+    CreateParameters();
 }
 
 CMFXSCWTVariationRule::CMFXSCWTVariationRule(const CString& strProcess, const CString& strModule,
                                              MFXRuleCategory_e category, int nRuleId) {
     SetHeader(strProcess, strModule, category, nRuleId);
-    CMFXSCWTVariationRule::InitializeParameters();
+    CreateParameters();
 }
 
 void CMFXSCWTVariationRule::SetHeader(const CString& strProcess, const CString& strModule,
@@ -44,15 +44,18 @@ void CMFXSCWTVariationRule::SetHeader(const CString& strProcess, const CString& 
 }
 
 void CMFXSCWTVariationRule::InitializeParameters() {
-    NoThrow([this] {
-        const ResourceSwitch resources;  // the parameter's label
-        CMfxParamStorage* pVariation =
-            CreateParamStorageObject(TypeDouble, kVariationId, OperatorAtLeast, ParamLimit, true, false);
-        if (pVariation && pVariation->GetValues<double>().IsEmpty())
-            pVariation->GetValues<double>().Add(kDefaultVariation);
-        if (g_pSandCastingRulesApp) m_strSummary = VariationSummary(FormatDouble(kDefaultVariation));
-        m_bParametersCreated = true;
-    });
+    NoThrow([this] { CreateParameters(); });
+}
+
+void CMFXSCWTVariationRule::CreateParameters() {
+    const ResourceSwitch resources;  // the parameter's label
+    if (!FindParameterInArray(kVariationId))
+        CreateParamStorageObject(TypeDouble, kVariationId, OperatorAtLeast, ParamLimit, true, false);
+    CMfxParamStorage* pVariation = FindParameterInArray(kVariationId);
+    if (pVariation && pVariation->GetValues<double>().IsEmpty())
+        pVariation->GetValues<double>().Add(kDefaultVariation);
+    if (g_pSandCastingRulesApp) m_strSummary = VariationSummary(FormatDouble(kDefaultVariation));
+    m_bParametersCreated = true;
 }
 
 int CMFXSCWTVariationRule::Execute(MFXICadSys*, const CMfxData*, MFXResultSet*, int) {

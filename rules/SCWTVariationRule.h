@@ -32,5 +32,6 @@ class CMFXSCWTVariationRule : public CMfxRule {
   private:
     void SetHeader(const CString& strProcess, const CString& strModule, MFXRuleCategory_e category,
                    int nRuleId);
+    void CreateParameters();
     void UpdateVariationSummary();
 };

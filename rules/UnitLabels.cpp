@@ -55,6 +55,6 @@ CString GetMassUnitLabel(int nMassUnit) {
 
 int GetMassUnitCode(const CString& strLabel) {
     for (int nMassUnit = MassMilligram; nMassUnit <= MassPound; ++nMassUnit)
-        if (strLabel == GetMassUnitLabel(nMassUnit)) return nMassUnit;
+        if (!strLabel.IsEmpty() && strLabel == GetMassUnitLabel(nMassUnit)) return nMassUnit;
     return MassKilogram;
 }

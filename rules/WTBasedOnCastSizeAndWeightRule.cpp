@@ -81,30 +81,30 @@ void CMFXWTBasedOnCastSizeAndWeightRule::SetHeader(const CString& strProcess, co
     m_strSummary = LoadLocalizedString(IDS_SIZE_WEIGHT_SUMMARY);
 }
 
+// A fresh rule has no groups on purpose: they come from a record or from the dialog.
+void CMFXWTBasedOnCastSizeAndWeightRule::InitializeParameters() {
+    NoThrow([this] { CreateParameters(nullptr); });
+}
+
 void CMFXWTBasedOnCastSizeAndWeightRule::CreateParameters(const MfxXMLNode* pRecord) {
-    if (!pRecord) return CMFXWTBasedOnCastSizeAndWeightRule::InitializeParameters();
     const ResourceSwitch resources;  // the parameters' labels
-    CreateConstraints(*pRecord);
+    if (pRecord)
+        CreateConstraints(*pRecord);
+    else
+        CreateGroups();
     CreateMassUnit();
     m_bParametersCreated = true;
 }
 
-// A fresh rule has no groups on purpose: they come from a record or from the dialog.
-void CMFXWTBasedOnCastSizeAndWeightRule::InitializeParameters() {
-    NoThrow([this] {
-        const ResourceSwitch resources;  // the parameters' labels
-        for (const auto& [strGroup, bands] : m_mapGroupRows) {
-            const bool bActive = strGroup == kDefaultGroup;
-            if (const CMFXConstraint* pConstraint =
-                    CreateConstraintWithParameters(*this, strGroup, bActive, kBandSpecs, true))
-                FillBands(*pConstraint, bands);
-        }
-        CreateMassUnit();
-        m_bParametersCreated = true;
-    });
+void CMFXWTBasedOnCastSizeAndWeightRule::CreateGroups() {
+    for (const auto& [strGroup, bands] : m_mapGroupRows)
+        if (const CMFXConstraint* pConstraint =
+                CreateConstraintWithParameters(*this, strGroup, strGroup == kDefaultGroup, kBandSpecs, true))
+            FillBands(*pConstraint, bands);
 }
 
 void CMFXWTBasedOnCastSizeAndWeightRule::CreateMassUnit() {
+    if (FindParameterInArray(kMassUnitId)) return;
     if (CMfxParamStorage* pUnit =
             CreateParamStorageObject(TypeText, kMassUnitId, OperatorEqual, ParamText, true, false))
         pUnit->GetValues<CString>().SetFirst(LoadLocalizedString(IDS_MASS_KILOGRAM));
@@ -131,11 +131,11 @@ void CMFXWTBasedOnCastSizeAndWeightRule::PopulateFromXML(MfxXMLNode* pNode) {
         if (m_nReloadMode == kRebuildConstraints) {
             ClearConstraints();
             CreateConstraints(*pNode);
-            if (!FindParameterInArray(kMassUnitId)) CreateMassUnit();
+            CreateMassUnit();
             m_bParametersCreated = true;
         }
-        EmptyConstraintsForReading(*this, *pNode, kBandSpecs);
         if (CMfxParamStorage* pUnit = FindParameterInArray(kMassUnitId)) {
+            EmptyConstraintsForReading(*this, *pNode, kBandSpecs);
             pUnit->GetValues<CString>().RemoveAll();
             ReadRuleRecord(this, pNode);
         }

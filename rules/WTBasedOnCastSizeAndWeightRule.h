@@ -42,6 +42,7 @@ class CMFXWTBasedOnCastSizeAndWeightRule : public CMfxRule {
     void SetHeader(const CString& strProcess, const CString& strModule, MFXRuleCategory_e category,
                    int nRuleId);
     void CreateParameters(const MfxXMLNode* pRecord);
+    void CreateGroups();
     void CreateMassUnit();
     void CreateConstraints(const MfxXMLNode& record);
 };

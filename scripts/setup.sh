@@ -46,10 +46,11 @@ on_exit() {
   echo "The complete output is in $log" >&2
 }
 
-# once TITLE NAME STAMP: runs make_NAME unless the stamp shows that the function, as it is now, succeeded before.
+# once TITLE NAME STAMP: runs make_NAME unless the stamp shows that the function, and what it builds with, succeeded
+# before as they are now.
 once() {
   local recipe
-  recipe=$(declare -f "make_$2")
+  recipe=$(declare -f "make_$2" fetch_source cross_build; cat cmake/mingw-w64.cmake)
   announce "$1"
   if [[ -f $3 && $(<"$3") == *"$recipe" ]]; then
     echo "ready"

@@ -4,7 +4,7 @@
 
 using VariationRuleTest = RuleTest;
 
-static const CString kSummary = L"Variation admise de l'épaisseur de paroi : ";
+static const CString kSummary = L"Variation admise de l'épaisseur de paroi\u00a0: ";
 
 TEST_F(VariationRuleTest, FreshRule) {
     CMFXSCWTVariationRule rule(7), other(L"P", L"M", CategoryInjectionMoulding, 8);

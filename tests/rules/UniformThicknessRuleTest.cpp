@@ -5,7 +5,7 @@
 namespace {
 
 const CString kByMaterial = L"Limites d'épaisseur de paroi par matériau";
-const CString kLow = L"Épaisseur de paroi minimale : ", kHigh = L"Épaisseur de paroi maximale : ";
+const CString kLow = L"Épaisseur de paroi minimale\u00a0: ", kHigh = L"Épaisseur de paroi maximale\u00a0: ";
 
 struct UniformThicknessRuleTest : RuleTest {
     static std::string Limits(const std::string& minimum, const std::string& maximum) {
@@ -28,10 +28,10 @@ TEST_F(UniformThicknessRuleTest, FreshRule) {
     CMFXUniformThicknessRule rule(7), other(L"P", L"M", CategoryInjectionMoulding, 8, nullptr);
     const CString strNames = L"Uniform Wall Thickness; Épaisseur de paroi uniforme; ";
     EXPECT_STREQ(State(rule), strNames + L"Moulage en sable; MFXSandCastingRulesValidator; " + kLow +
-                                  L"6.0 mm. " + kHigh +
-                                  L"16.0 mm.;  10067:47,1: 6 10068:48,1: 16; 19 7 2 0 1 0 ; -3000");
-    EXPECT_STREQ(State(other), strNames + L"P; M; " + kLow + L"2.0 mm. " + kHigh +
-                                   L"3.0 mm.;  10067:47,1: 2 10068:48,1: 3; 9 8 2 0 1 0 ; -3000");
+                                  L"6.0 mm  " + kHigh +
+                                  L"16.0 mm;  10067:47,1: 6 10068:48,1: 16; 19 7 2 0 1 0 ; -3000");
+    EXPECT_STREQ(State(other), strNames + L"P; M; " + kLow + L"2.0 mm  " + kHigh +
+                                   L"3.0 mm;  10067:47,1: 2 10068:48,1: 3; 9 8 2 0 1 0 ; -3000");
 }
 
 TEST_F(UniformThicknessRuleTest, OlderMaterialTableSurvivesPopulating) {
@@ -48,7 +48,7 @@ TEST_F(UniformThicknessRuleTest, OlderMaterialTableSurvivesPopulating) {
                                          : L" -Iron{ -10067: 3.18 -10068: 5 } -S{ -10067: 0 -10068: 0 }";
         Rule rule(pRecord);
         EXPECT_STREQ(Values(rule), L" 10067: 6 10068: 16" + strMaterials) << state;
-        EXPECT_STREQ(rule.m_strSummary, kLow + L"6.0 mm. " + kHigh + L"16.0 mm.");
+        EXPECT_STREQ(rule.m_strSummary, kLow + L"6.0 mm  " + kHigh + L"16.0 mm");
         EXPECT_STREQ(Values(rule.Read(pRecord)), L" 10067: 4 10068: 12" + strMaterials) << state;
         EXPECT_EQ(rule.m_strSummary == kByMaterial, bOn);
     }
@@ -76,8 +76,8 @@ TEST_F(UniformThicknessRuleTest, ConstraintsOfARecord) {
 }
 
 TEST_F(UniformThicknessRuleTest, SummaryOfWhatIsOn) {
-    const CString strLow = kLow + L"5.0 in. ", strHigh = kHigh + L"9.5 in.", strOff = L"{ -10067: -10068: }",
-                  strBare = L" minimale : 5.0 in.  maximale : 9.5 in.";
+    const CString strLow = kLow + L"5.0 in  ", strHigh = kHigh + L"9.5 in", strOff = L"{ -10067: -10068: }",
+                  strBare = L" minimale\u00a0: 5.0 in   maximale\u00a0: 9.5 in";
     const std::tuple<std::string, CString, CString> cases[] = {
         // A switch before the limits: exactly 1 is on.
         {Limits("1 5", "0 9.5"), L" 10067: 5 -10068: 9.5", strLow},
@@ -120,7 +120,7 @@ TEST_F(UniformThicknessRuleTest, ConvertsAllLimits) {
     rule.ConvertUnits({1, 0}, {3, 2});
     const CString strAfter = L" 10068: 100 -0{ 10067: 2 10068: 0.0393701 } 1{ 10067: 50.8 }";
     EXPECT_STREQ(Values(rule), L" -10067: 1" + strAfter);
-    EXPECT_STREQ(rule.m_strSummary, kHigh + L"100.0 in.");
+    EXPECT_STREQ(rule.m_strSummary, kHigh + L"100.0 in");
     rule.ConvertUnits({3, 2}, {3, 1});
     Remove(rule.m_paramArray, 0);
     rule.ConvertUnits({3, 1}, {1, 0});
