@@ -1,15 +1,13 @@
 #include "MfxRule.h"
 
-#include <gtest/gtest.h>
+#include "FrameworkTestSupport.h"
 
-#include <memory>
 #include <tuple>
 
 namespace {
 
-CMfxParamStorage* AddLimit(CMfxRule& rule, long nId, double value) {
-    CMfxParamStorage* pStorage =
-        rule.CreateParamStorageObject(TypeDouble, nId, OperatorAtMost, ParamLimit, true, false);
+CMfxParamStorage* AddLimit(CMfxRule& rule, long nId, double value, MfxOperator_e op = OperatorAtMost) {
+    CMfxParamStorage* pStorage = rule.CreateParamStorageObject(TypeDouble, nId, op, ParamLimit, true, false);
     pStorage->GetValues<double>().Add(value);
     return pStorage;
 }
@@ -32,22 +30,49 @@ auto Header(CMfxRule& rule) {
 
 TEST(MfxRuleTest, CreatesAndReleasesParameters) {
     CMfxRule rule;
+    EXPECT_FALSE(rule.IsRuleParametric());
     const std::unique_ptr<CMfxParamStorage> pFirst(
         rule.CreateParamStorageObject(TypeTableRow, 10067, OperatorAtLeast, ParamTable, false, true));
     ASSERT_EQ(rule.m_paramArray.GetCount(), 1);
-    EXPECT_TRUE(rule.m_paramArray[0].m_type == TypeTableRow && pFirst->GetType() == TypeTableRow);
     EXPECT_EQ(pFirst->m_strName, L"Smallest wall");
-    EXPECT_TRUE(pFirst->m_nParamId == 10067 && pFirst->m_operator == OperatorAtLeast &&
-                pFirst->m_paramType == ParamTable);
-    EXPECT_TRUE(!pFirst->m_bStatus && pFirst->m_bReadOnly);
+    EXPECT_TRUE(pFirst->GetType() == TypeTableRow && pFirst->m_operator == OperatorAtLeast &&
+                pFirst->m_paramType == ParamTable && !pFirst->m_bStatus && pFirst->m_bReadOnly);
     const CMfxParamStorage* const pSecond = AddLimit(rule, 10067, 1);
     for (const int nType : {0, 9, -1})
         EXPECT_FALSE(rule.CreateParamStorageObject(static_cast<Type_e>(nType), 1, OperatorEqual, ParamText,
                                                    true, false));
     EXPECT_EQ(rule.FindParameterInArray(10067), pFirst.get()) << "the first one with the id";
-    EXPECT_EQ(rule.FindParameterInArray(1), nullptr);
     rule.ReleaseParamStorageObject(pFirst.get());
     EXPECT_TRUE(rule.m_paramArray.GetCount() == 1 && rule.FindParameterInArray(10067) == pSecond);
+    EXPECT_TRUE(rule.IsRuleParametric() && rule.ValidateInputParameters({{10067, 0.5}}));
+    EXPECT_FALSE(rule.ValidateInputParameters({{10067, 0.5}, {2, 0.5}}));
+}
+
+TEST(MfxRuleTest, ConstraintsTakeParametersAndKeepThemInTheirElements) {
+    CMfxRule rule;
+    CMFXConstraint& constraint = *rule.CreateConstraintObject(ConstraintByMaterial, L"Steel", false);
+    EXPECT_FALSE(NodePtr(constraint.GetXMLNode())) << "no current document";
+    MfxXMLDocument document;
+    const CurrentDocumentScope scope(&document);
+    CMfxParamStorage* const pKept = AddLimit(rule, 1, 1);
+    for (const auto op : {OperatorAtMost, OperatorNone, OperatorTransient, OperatorAtLeast})
+        constraint.AddParameter(AddLimit(rule, op, 0.1, op));
+    constraint.AddParameter(nullptr);
+    EXPECT_TRUE(constraint.FindParameterInArray(OperatorAtMost) && !constraint.FindParameterInArray(1));
+    EXPECT_TRUE(rule.m_paramArray.GetCount() == 1 && rule.FindParameterInArray(1) == pKept);
+
+    const NodePtr pRoot(document.CreateRootNode(L"Rule")), pNode(constraint.GetXMLNode());
+    pRoot->AppendNode(pNode.get());
+    EXPECT_THAT(document.ToUtf8(), testing::HasSubstr(R"(<Constraint Type="1" Value="Steel" Status="0">)"));
+    EXPECT_EQ(NodeListPtr(pNode->GetNodeList(L""))->GetSize(), 2) << "those that are saved";
+    CMFXConstraint& read = *AddConstraint(rule, L"Bronze", true, OperatorAtLeast, 7);
+    CMfxParamStorage& limit = *read.FindParameterInArray(OperatorAtLeast);
+    MfxXMLNode *pNone = nullptr, *pElement = pNode.get();
+    read.PopulateFromXML(pNone);
+    EXPECT_EQ(limit.GetValues<double>()[0], 7);
+    read.PopulateFromXML(pElement);
+    EXPECT_TRUE(limit.GetValues<double>()[0] == 0.1 && limit.m_operator == OperatorAtLeast);
+    EXPECT_TRUE(read.m_strName == L"Bronze" && read.m_bActive);
 }
 
 TEST(MfxRuleTest, FindsConstraintParameters) {
@@ -59,17 +84,13 @@ TEST(MfxRuleTest, FindsConstraintParameters) {
     AddConstraint(rule, L"Steel", true, 1, 7);
     AddConstraint(rule, L"Iron", true, 4, 9);
     EXPECT_EQ(rule.FindParameterInConstraintArray(L"Steel", 1), pSteel->FindParameterInArray(1));
-    EXPECT_TRUE(rule.FindParameterInConstraintArray(L"Bronze", 1) &&
-                !rule.FindParameterInConstraintArray(L"Bronze", 2));
-
+    EXPECT_FALSE(rule.FindParameterInConstraintArray(L"Bronze", 2));
     std::map<CString, std::vector<ConstraintParametersStruct>> found;
     rule.GetConstraintParameters({2, 1, 3, 99}, found);
     const std::vector<ConstraintParametersStruct>& steel = found[L"Steel"];
     ASSERT_TRUE(found.size() == 1 && steel.size() == 3) << "numbers under these ids in active constraints";
-    EXPECT_TRUE(steel[0].nParamId == 2 && steel[1].nParamId == 1);
-    EXPECT_TRUE(steel[0].values == std::vector{2.5} && steel[2].values == std::vector{7.0});
-    rule.ClearConstraints();
-    EXPECT_TRUE(rule.m_constraintArray.IsEmpty() && !rule.FindParameterInConstraintArray(L"Steel", 1));
+    EXPECT_TRUE(steel[0].nParamId == 2 && steel[0].values == std::vector{2.5} &&
+                steel[2].values == std::vector{7.0});
 }
 
 TEST(MfxRuleTest, AssignmentCopiesEverythingDeep) {
@@ -94,37 +115,10 @@ TEST(MfxRuleTest, AssignmentCopiesEverythingDeep) {
     EXPECT_EQ(copy.GetRuleCategoryEnum(), CategorySandCasting);
     EXPECT_TRUE(copy.m_processList.GetCount() == 1 && copy.m_processList.GetHead() == L"Sand Casting");
     ASSERT_TRUE(copy.m_paramArray.GetCount() == 1 && copy.m_constraintArray.GetCount() == 1);
-    EXPECT_EQ(copy.m_paramArray[0].m_type, TypeDouble);
     EXPECT_EQ(copy.FindParameterInArray(1)->GetValues<double>()[0], 0.5);
     CMFXConstraint& constraint = *copy.m_constraintArray[0];
-    EXPECT_TRUE(constraint.m_type == ConstraintByMaterial && constraint.m_strName == L"Steel" &&
-                !constraint.m_bActive);
+    EXPECT_TRUE(constraint.m_strName == L"Steel" && !constraint.m_bActive);
     EXPECT_EQ(constraint.FindParameterInArray(2)->GetValues<double>()[0], 1.5);
     constraint.AddParameter(copy.FindParameterInArray(1));
     EXPECT_TRUE(copy.m_paramArray.IsEmpty()) << "the copied constraint belongs to the copy";
-}
-
-TEST(MfxRuleTest, OperationsThatARuleDoesNotOverride) {
-    struct Rule : CMfxRule {
-        void ConfigureRuleDialog() override { ++nDialogs; }
-        int nDialogs = 0;
-    } rule;
-    EXPECT_TRUE(!rule.m_bPopulated && rule.m_nLengthUnit == 1 && rule.m_nAngleUnit == 0 &&
-                !rule.IsRuleParametric());
-    EXPECT_TRUE(!rule.Execute(nullptr, nullptr, nullptr, 1) &&
-                !rule.ExecuteAlternate(nullptr, nullptr, nullptr, 1));
-    EXPECT_TRUE(!rule.BuildXMLNode() && rule.AcceptRuleData(nullptr) && rule.ValidateInputData());
-    EXPECT_TRUE(rule.GetRequiredInputData().IsEmpty() && rule.GetMaterialStatus() == -1 &&
-                rule.GetCutterStatus() == 0);
-    rule.ConfigureRule(nullptr);
-    rule.SetDialogImageInfo(L"picture");
-    rule.SetRuleStatusForAssemblyModel(4);
-    rule.m_nRuleId = 19010;
-    EXPECT_TRUE(rule.nDialogs == 1 && rule.m_strDialogImage == L"picture" && rule.m_nStatus == 4 &&
-                rule.GetRuleId() == 19010);
-    rule.SetRuleCategory(CategorySandCasting);
-    EXPECT_TRUE(rule.GetRuleCategoryEnum() == 19 && rule.m_strRuleCategory == L"Sand Casting");
-    AddLimit(rule, 1, 0);
-    EXPECT_TRUE(rule.IsRuleParametric() && rule.ValidateInputParameters({{1, 0.5}}));
-    EXPECT_FALSE(rule.ValidateInputParameters({{1, 0.5}, {2, 0.5}}));
 }

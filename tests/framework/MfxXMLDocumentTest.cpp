@@ -34,12 +34,8 @@ TEST(MfxXMLDocumentTest, KeepsWhatItRead) {
           "<?xml version=\"1.0\"?>\n<!DOCTYPE a>\n<a encoding=\"cp1252\">&amp;\xC3\xA4</a>\n"}) {
         MfxXMLDocument document;
         ParseRoot(document, pszText);
-        const NodePtr pDetached(document.CreateNode(L"Detached"));
         EXPECT_EQ(document.ToUtf8(), pszText);
     }
-    MfxXMLDocument document;
-    ParseRoot(document, "<a encoding=\"cp1252\" />");
-    EXPECT_EQ(document.ToUtf8(), AsDocument("<a encoding=\"cp1252\" />")) << "the element's own attribute";
 }
 
 TEST(MfxXMLDocumentTest, ReadsItsEncodings) {
@@ -74,34 +70,22 @@ TEST(MfxXMLDocumentTest, RefusesWithThePlace) {
         ParseRoot(document, "<old/>");
         const MfxXmlParseResult result = document.Parse(text);
         EXPECT_TRUE(!result.bOk && !result.strReason.IsEmpty());
-        EXPECT_EQ(result.nLine, nLine);
-        EXPECT_EQ(result.nColumn, nColumn);
+        EXPECT_EQ(std::pair(result.nLine, result.nColumn), std::pair(nLine, nColumn));
         EXPECT_FALSE(NodePtr(document.GetRootNode())) << "nothing of either text is left";
     }
-    for (const char* pszInnermost : {"", "text", "<!-- comment -->"})
-        EXPECT_TRUE(MfxXMLDocument().Parse(Nested(MfxXMLDocument::kMaxDepth, pszInnermost)).bOk)
-            << pszInnermost;
+    EXPECT_TRUE(MfxXMLDocument().Parse(Nested(MfxXMLDocument::kMaxDepth, "text<!-- comment -->")).bOk);
 }
 
-TEST(MfxXMLDocumentTest, KnowsTheLineOfElements) {
+TEST(MfxXMLDocumentTest, KnowsTheLineOfElementsAndSavesAttachedOnes) {
     MfxXMLDocument document;
-    const NodePtr pRoot = ParseRoot(document, "\xEF\xBB\xBF<!--\n-->\r\n<a>\r\n<b/><c\nd=''/></a>");
+    NodePtr pRoot = ParseRoot(document, "\xEF\xBB\xBF<!--\n-->\r\n<a>\r\n<b/><c\nd=''/></a>");
     const NodePtr pC(pRoot->SelectSingleNode(L"c")), pNew(pRoot->AppendNode(CString(L"e")));
-    EXPECT_EQ(document.GetLine(*pRoot), 3);
-    EXPECT_EQ(document.GetLine(*pC), 4);
-    EXPECT_EQ(document.GetLine(*pNew), 0);
-}
+    EXPECT_TRUE(document.GetLine(*pRoot) == 3 && document.GetLine(*pC) == 4 && document.GetLine(*pNew) == 0);
 
-TEST(MfxXMLDocumentTest, ElementsThatAreAttachedNowhereAreNotSaved) {
-    MfxXMLDocument document;
-    const NodePtr pEarly(document.CreateNode(L"Early"));
-    EXPECT_FALSE(NodePtr(document.GetRootNode()) || NodePtr(pEarly->GetParentNode()));
-    const NodePtr pRoot(document.CreateRootNode(L"Rules"));
+    pRoot.reset(document.CreateRootNode(L"Rules"));
     const NodePtr pRule(document.CreateNode(L"Rule")), pLost(document.CreateNode(L"Lost"));
     EXPECT_FALSE(NodePtr(pRule->GetParentNode()) || NodePtr(pRoot->GetParentNode()));
     pRoot->AppendNode(pRule.get());
     EXPECT_EQ(document.ToUtf8(), AsDocument("<Rules>\n  <Rule />\n</Rules>"));
     EXPECT_EQ(NodePtr(pRule->GetParentNode())->GetNodeName(), L"Rules");
-    NodePtr(document.CreateRootNode(L"Other"));
-    EXPECT_EQ(document.ToUtf8(), AsDocument("<Other />"));
 }

@@ -1,6 +1,7 @@
 #include "ParameterXml.h"
 
 #include "FrameworkTestSupport.h"
+#include "ValueText.h"
 
 #include <cstring>
 #include <deque>
@@ -81,6 +82,13 @@ CMfxParamStorage FullParameter(Type_e type) {
     return storage;
 }
 
+// A value's reading must not depend on what the value was.
+template <class T>
+T FromTextTo(T value, const CString& strText) {
+    FromText(strText, value);
+    return value;
+}
+
 template <class T>
 class ParameterXmlTypedTest : public ::testing::Test {};
 using ValueTypes = ::testing::Types<bool, std::int32_t, std::int64_t, double, CString, MfxDoublePair,
@@ -120,41 +128,34 @@ TYPED_TEST(ParameterXmlTypedTest, ReadsBackWhatItWrote) {
 }
 
 TEST(ParameterXmlTest, WritesInItsOrder) {
-    const std::string head =
-        "<Parameter Name=\"Largest wall\" Type=\"10068\" Status=\"0\"><Operator>8</Operator>";
-    const std::string tail =
+    CMfxParamStorage table = FullParameter(TypeTableRow);
+    table.m_paramType = ParamTable;
+    for (const MfxTableRow& row : {MfxTableRow{{L"a", L"b", L""}}, MfxTableRow{}, MfxTableRow{{L"d"}}})
+        table.GetValues<MfxTableRow>().Add(row);
+    EXPECT_EQ(
+        Written(table),
+        "<Parameter Name=\"Largest wall\" Type=\"10068\" Status=\"0\"><Operator>8</Operator>"
+        "<OperatorOption>2</OperatorOption><OperatorOption>-1</OperatorOption><ParameterType>24</"
+        "ParameterType>"
+        "<Value Attribute1=\"a\" Attribute2=\"b\" Attribute3=\"\" /><Value Attribute1=\"d\" />"
         "<ResultCriteria Status=\"1\" CriteriaType=\"3\"><PercentDeviation><Warning><Value>2.500000</Value>"
         "</Warning><Warning><Value>2.500000</Value><Value>4.000000</Value></Warning></PercentDeviation>"
         "<AbsoluteDeviation><Info><Value>-0.500000</Value><Value>0.000001</Value></Info>"
         "<Unknown><Value>1.000000</Value></Unknown></AbsoluteDeviation><AbsoluteValue />"
-        "</ResultCriteria><Remarks> &lt;kept&gt;\r\n</Remarks></Parameter>";
-    CMfxParamStorage list = FullParameter(TypeDouble), table = FullParameter(TypeTableRow);
-    for (const double value : {16.0, 0.1}) list.GetValues<double>().Add(value);
-    EXPECT_EQ(Written(list), head +
-                                 "<OperatorOption>2</OperatorOption><OperatorOption>-1</OperatorOption>"
-                                 "<ParameterType>1</ParameterType><Value>16</Value><Value>0.1</Value>" +
-                                 tail);
-    table.m_operatorOptions.RemoveAll();
-    table.m_paramType = ParamTable;
-    for (const MfxTableRow& row : {MfxTableRow{{L"a", L"b", L""}}, MfxTableRow{}, MfxTableRow{{L"d"}}})
-        table.GetValues<MfxTableRow>().Add(row);
-    EXPECT_EQ(Written(table), head +
-                                  "<ParameterType>24</ParameterType><Value Attribute1=\"a\" Attribute2=\"b\" "
-                                  "Attribute3=\"\" /><Value Attribute1=\"d\" />" +
-                                  tail);
+        "</ResultCriteria><Remarks> &lt;kept&gt;\r\n</Remarks></Parameter>");
 }
 
 TEST(ParameterXmlTest, DropsValuesThatAreOfNoUse) {
-    const std::tuple<int, int, bool> cases[] = {{1, 5, true},  {1, 1, true},  {1, 7, true},  {1, 4, false},
-                                                {1, 6, false}, {1, 9, false}, {1, 0, false}, {8, 5, false},
-                                                {8, 0, false}, {-8, 0, true}};
-    for (const auto& [nOperator, nValues, bReset] : cases) {
-        SCOPED_TRACE(testing::Message() << "operator " << nOperator << ", values " << nValues);
+    const std::tuple<MfxOperator_e, int, LPCWSTR, bool> cases[] = {
+        {OperatorRanges, 1, L"r", true},  {OperatorRanges, 7, L"r", true},  {OperatorRanges, 4, L"r", false},
+        {OperatorRanges, 9, L"r", false}, {OperatorRanges, 0, L"r", false}, {OperatorAtMost, 5, L"r", false},
+        {OperatorAtMost, 0, L"", true}};
+    for (const auto& [op, nValues, pszRemarks, bReset] : cases) {
+        SCOPED_TRACE(testing::Message() << "operator " << op << ", values " << nValues);
         CMfxParamStorage storage(TypeInteger32);
-        storage.m_operator = static_cast<MfxOperator_e>(nOperator);
-        storage.m_strRemarks = nOperator < 0 ? L"" : L"remark";
-        MfxArray<std::int32_t>& values = storage.GetValues<std::int32_t>();
-        values = MfxArray<std::int32_t>(20, 6);
+        storage.m_operator = op;
+        storage.m_strRemarks = pszRemarks;
+        MfxArray<std::int32_t>& values = storage.GetValues<std::int32_t>() = MfxArray<std::int32_t>(20, 6);
         for (int i = 0; i < nValues; ++i) values.Add(i);
         EXPECT_EQ(Written(storage).find("<Value>") == std::string::npos, bReset || nValues == 0);
         EXPECT_THAT(std::make_tuple(values.m_nCount, values.m_nCapacity, values.m_nGrowBy),
@@ -162,48 +163,55 @@ TEST(ParameterXmlTest, DropsValuesThatAreOfNoUse) {
     }
 }
 
-TEST(ParameterXmlTest, FindsItsElementByTheId) {
+TEST(ParameterXmlTest, ReadsWhatIsThereUnderItsId) {
     const std::string parameters =
-        "<Other Type='5'><Operator>1</Operator></Other>"
-        "<Parameter Type='abc'><Operator>3</Operator></Parameter><Parameter Type='5'><Operator>7</Operator>"
+        "<Other Type='5'><Operator>1</Operator></Other><Parameter Type='5'><Operator>7</Operator>"
         "</Parameter><Parameter Type='5'><Operator>8</Operator></Parameter><Parameter Type='-6'/>";
-    const std::pair<int, int> operatorsById[] = {{5, 7}, {0, 3}, {-6, 0}, {6, 12}};
-    for (const auto& [nId, nOperator] : operatorsById) {
-        CMfxParamStorage storage(TypeDouble);
+    CMfxParamStorage storage = FullParameter(TypeText);
+    storage.GetValues<CString>().Add(L"old");
+    const std::string before = Written(storage);
+    Read(storage, parameters);
+    FindParameterSerializer(TypeText)->read(storage, nullptr);
+    EXPECT_EQ(Written(storage), before) << "without an element it stays as it is";
+    EXPECT_FALSE(NodePtr(FindParameterSerializer(TypeText)->write(storage))) << "no current document";
+    EXPECT_FALSE(FindParameterSerializer(0) || FindParameterSerializer(9));
+    for (const auto& [nId, nOperator] : {std::pair{5, 7}, {-6, 0}}) {
         storage.m_nParamId = nId;
-        storage.m_operator = OperatorTransient;
         Read(storage, parameters);
         EXPECT_EQ(storage.m_operator, nOperator) << nId;
     }
-    CMfxParamStorage unread = FullParameter(TypeDouble);
-    unread.GetValues<double>().Add(1);
-    const std::string before = Written(unread);
-    Read(unread, parameters);
-    FindParameterSerializer(TypeDouble)->read(unread, nullptr);
-    EXPECT_EQ(Written(unread), before) << "without an element it stays as it is";
-    EXPECT_FALSE(NodePtr(FindParameterSerializer(TypeDouble)->write(unread))) << "no current document";
-    EXPECT_FALSE(FindParameterSerializer(0) || FindParameterSerializer(9));
-}
-
-TEST(ParameterXmlTest, ReadsWhatIsThere) {
-    CMfxParamStorage storage = FullParameter(TypeText);
-    storage.GetValues<CString>().Add(L"old");
-    Read(storage, "<Parameter Type='10068'/>");
-    EXPECT_TRUE(storage.m_bStatus && storage.m_operator == OperatorNone && storage.m_paramType == ParamText);
+    EXPECT_TRUE(storage.m_bStatus && storage.m_paramType == ParamText);
     EXPECT_TRUE(storage.m_operatorOptions.IsEmpty() && storage.GetValues<CString>().IsEmpty());
-    for (const std::string status : {"0", "1", "", "false", "00", " 0"}) {
-        Read(storage, "<Parameter Type='10068' Status='" + status + "'/>");
+    for (const std::string status : {"0", "1", "", "00"}) {
+        Read(storage, "<Parameter Type='-6' Status='" + status + "'/>");
         EXPECT_EQ(storage.m_bStatus, status != "0") << status;
     }
     Read(storage,
-         "<Parameter Type='10068'><Operator>3</Operator><Operator>7</Operator><OperatorOption>x"
+         "<Parameter Type='-6'><Operator>3</Operator><Operator>7</Operator><OperatorOption>x"
          "</OperatorOption><ParameterType>1</ParameterType><Value Attribute1='no'>text</Value><Value/>"
          "<ResultCriteria><PercentDeviation><Info/><Fatal><Value>1</Value><Value>-2</Value><Value>3</Value>"
          "</Fatal></PercentDeviation></ResultCriteria></Parameter>");
     EXPECT_EQ(storage.m_operator, OperatorEqual);
     EXPECT_THAT(ToVector(storage.m_operatorOptions), ElementsAre(0));
     EXPECT_THAT(ToVector(storage.GetValues<CString>()), ElementsAre(L"text", L""));
-    EXPECT_TRUE(!storage.m_bCriteriaStatus && storage.m_nCriteriaType == 0 &&
-                storage.m_absoluteDeviation.empty());
+    EXPECT_TRUE(!storage.m_bCriteriaStatus && storage.m_absoluteDeviation.empty());
     EXPECT_EQ(storage.m_percentDeviation, (MfxSeverityMap{{SeverityInfo, {}}, {SeverityUnknown, {1, -2}}}));
+}
+
+TEST(ValueTextTest, HasItsDocumentedFormsAndReadsOthers) {
+    EXPECT_EQ(ToText(true) + ToText(false) + ToText(std::int32_t{-5}) + ToText(0.1), L"10-50.1");
+    EXPECT_EQ(ToText(MfxDoublePair{0.5, 1e-300}), L"0.5;1e-300");
+    EXPECT_EQ(ToText(MfxTextList{{L"a", L"b;c", L"\\", L""}}), L"a;b\\;c;\\\\;;");
+    EXPECT_EQ(ToRow(CString(L"a;b")), MfxTableRow{{L"a;b"}});
+    CString strCells;
+    FromRow(MfxTableRow{{L"a;", L"b"}}, strCells);
+    EXPECT_EQ(strCells, L"a\\;;b;") << "several cells as one text lose nothing";
+
+    const MfxTextList old{{L"old"}};
+    EXPECT_EQ(FromTextTo(old, L"a;b\\"), (MfxTextList{{L"a", L"b\\"}})) << "as typed by hand";
+    EXPECT_EQ(FromTextTo(old, L""), MfxTextList{});
+    EXPECT_EQ(FromTextTo(MfxDoublePair{8, 9}, L"x; 2"), (MfxDoublePair{0, 2}));
+    EXPECT_EQ(FromTextTo(MfxDoublePair{8, 9}, L"3"), (MfxDoublePair{3, 0}));
+    EXPECT_TRUE(FromTextTo(false, L"2") && !FromTextTo(true, L"abc") && FromTextTo(9.0, L"abc") == 0 &&
+                FromTextTo(std::int32_t{9}, L"") == 0 && FromTextTo(std::int64_t{9}, L"x") == 0);
 }

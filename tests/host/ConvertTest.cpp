@@ -1,41 +1,8 @@
 #include "HostTest.h"
 
-#include <numbers>
-#include <regex>
 #include <sstream>
 
 using namespace testing;
-
-// The numbers of all table rows, in order.
-static std::vector<double> Cells(const std::string& xml) {
-    static const std::regex kCell("Attribute\\d=\"([^\"]+)\"");
-    std::vector<double> cells;
-    for (std::sregex_iterator it(xml.begin(), xml.end(), kCell), end; it != end; ++it)
-        cells.push_back(std::stod((*it)[1]));
-    return cells;
-}
-
-TEST_F(HostTest, ConvertsEveryValueThereAndBack) {
-    m_folder.Write(L"d.xml", m_sample);
-    Run({L"convert", L"d.xml", L"--length", L"in", L"--angle", L"rad", L"-o", L"c.xml"}, 0,
-        "c.xml: 1 rule converted from millimetres and degrees to inches and radians\n", "");
-    EXPECT_EQ(m_folder.Read(L"d.xml"), m_sample);
-    Run({L"convert", L"c.xml", L"--length", L"mm", L"--angle", L"deg", L"-o", L"b.xml"}, 0,
-        "b.xml: 1 rule converted from inches and radians to millimetres and degrees\n", "");
-
-    const std::string converted = m_folder.Read(L"c.xml"), back = m_folder.Read(L"b.xml");
-    EXPECT_THAT(converted, HasSubstr(R"(Unit="3" AngleUnit="1">)"));
-    EXPECT_THAT(back, HasSubstr(R"(Unit="1" AngleUnit="0">)"));
-    const auto before = Cells(m_sample), there = Cells(converted), again = Cells(back);
-    ASSERT_THAT((std::vector{before.size(), there.size(), again.size()}), ElementsAre(20u, 20u, 20u));
-    constexpr double kTolerance = 0.501e-6;  // values are stored with six decimals
-    for (std::size_t i = 0; i < before.size(); ++i) {
-        SCOPED_TRACE("cell " + std::to_string(i));
-        const double factor = i % 5 < 2 ? 1 / 25.4 : std::numbers::pi / 180;
-        EXPECT_NEAR(there[i], before[i] * factor, kTolerance);
-        EXPECT_NEAR(again[i], before[i], kTolerance / factor + kTolerance);
-    }
-}
 
 TEST_F(HostTest, ConvertsInPlaceWithoutTheOpenUpperBound) {
     m_folder.Write(L"i.xml", m_inches);
@@ -47,12 +14,6 @@ TEST_F(HostTest, ConvertsInPlaceWithoutTheOpenUpperBound) {
     expected = Replaced(expected, R"("4.0" Attribute2)", R"("101.6" Attribute2)");
     EXPECT_EQ(m_folder.Read(L"i.xml"), expected);
     EXPECT_THAT(m_folder.Names(), ElementsAre(L"i.xml"));
-
-    const std::wstring utf16 = L"\ufeff" + Wide(Replaced(m_sample, "UTF-8", "UTF-16"));
-    m_folder.Write(L"i.xml", {reinterpret_cast<const char*>(utf16.data()), utf16.size() * 2});
-    Run({L"convert", L"i.xml", L"--length", L"mm", L"-o", L"i.xml"}, 0, HasSubstr("from millimetres"), "");
-    EXPECT_EQ(Cells(m_folder.Read(L"i.xml")), Cells(m_sample));
-    EXPECT_THAT(m_folder.Read(L"i.xml"), HasSubstr("encoding=\"UTF-8\""));
 }
 
 TEST_F(HostTest, KnowsUnitsAsPeopleTypeThem) {
@@ -84,34 +45,17 @@ TEST_F(HostTest, KnowsUnitsAsPeopleTypeThem) {
     EXPECT_EQ(m_folder.Read(L"d.xml"), document);
 }
 
-TEST_F(HostTest, KeepsWhatIsNotItsOwn) {
-    const std::string content = R"(
-  <!-- our own -->
-  <x:Extra xmlns:x="urn:x" x:a="Ä &amp; &lt;𠮷">
-    <Deep>a &lt; b<![CDATA[<raw>]]></Deep>
-  </x:Extra>
-  <?tool data?>
-)";
-    const std::string document =
-        Document(R"(<Value Attribute1="0" Attribute2="25.4" Attribute3="1" Attribute4="2"/>)", content);
-    m_folder.Write(L"d.xml", "<!-- first -->\n<!DOCTYPE MfxRules>\n" +
-                                 Replaced(document, "<MfxRules", R"(<MfxRules by="M &amp; S")") +
-                                 "<!-- last -->");
-    Run({L"convert", L"d.xml", L"--length", L"in"}, 0, HasSubstr("1 rule converted"), "");
-    EXPECT_THAT(m_folder.Read(L"d.xml"),
-                AllOf(HasSubstr("<!-- first -->\n<!DOCTYPE MfxRules>\n"
-                                R"(<MfxRules by="M &amp; S" Unit="3" AngleUnit="0">)" +
-                                content + "  <Rule "),
-                      HasSubstr(R"(Attribute2="1.0" Attribute3="1")"), HasSubstr("<Remarks>r</Remarks>"),
-                      EndsWith("</MfxRules>\n<!-- last -->\n")));
-}
-
-// The record is written anew: what the rule did not take in has to be reported, or kept.
-TEST_F(HostTest, LosesNothingInARuleSilently) {
+// The record is written anew: what the rule did not take in has to be reported, or kept, as all around it.
+TEST_F(HostTest, LosesNothingSilently) {
     const struct {
         std::string part, by;
         const char* kept;  // null when only a report will do
     } kCases[] = {
+        {"<MfxRules", "<!-- first -->\n<MfxRules by=\"M &amp; S\"",
+         "<!-- first -->\n<MfxRules by=\"M &amp; S\""},
+        {"<Rule", "<x:e xmlns:x=\"u\">Ä &lt; b<![CDATA[<r>]]></x:e>\n<?t d?><Rule",
+         "<x:e xmlns:x=\"u\">Ä &lt; b<![CDATA[<r>]]></x:e>\n  <?t d?>"},
+        {"<Remarks>r", "<Remarks>r; 𠮷", "<Remarks>r; 𠮷</Remarks>"},
         {"Severity", "owner=\"me\" Severity", "owner=\"me\""},
         {"<Par", "<!-- why --><Par", "<!-- why -->"},
         {"<Par", "<Parameter Type=\"4711\"><Value>25.4</Value></Parameter><Par", "4711"},
@@ -119,7 +63,6 @@ TEST_F(HostTest, LosesNothingInARuleSilently) {
         {"<Remarks>", "<Note>n</Note><Remarks>", "<Note>n</Note>"},
         {"</Parameter>", "</Parameter><Parameter Type=\"29183\"><Value Attribute1=\"7\"/></Parameter>",
          nullptr},
-        {"Attribute4=\"2\"", "Attribute4=\"2\" Attribute6=\"8\"", "Attribute6=\"8\""},
         {" Attribute4=\"2\"", "", nullptr},  // too short: it would keep the old units
         {"<Operator>3", "<Operator>is", nullptr},
         {"<ParameterType>24", "<ParameterType>", nullptr},
@@ -131,6 +74,7 @@ TEST_F(HostTest, LosesNothingInARuleSilently) {
         m_folder.Write(L"d.xml", document);
         const ProcessResult run = Run({L"convert", L"d.xml", L"--length", L"in"});
         const std::string after = m_folder.Read(L"d.xml");
+        EXPECT_EQ(after.find("=\"-1\""), std::string::npos) << "no numbers that were not there";
         if (run.nExitCode == 0 && kept && after.find(kept) != std::string::npos) continue;
         EXPECT_EQ(run.nExitCode, 1);
         EXPECT_THAT(run.err, StartsWith("d.xml:"));

@@ -61,10 +61,8 @@ TEST_F(HostTest, ExplainsItsUsage) {
     for (const auto& [arguments, reason] : kCases)
         Run(arguments, 2, "", AllOf(StartsWith("mfxhost: "), HasSubstr(reason)));
     EXPECT_EQ(m_folder.Read(L"d.xml"), m_sample);
-    for (const char* word : {"list ", "new ", "show ", "convert ", "Exit codes"})
-        Run({L"--help"}, 0, HasSubstr(word), "");
-    for (const char* word : {"mfxhost convert", "--length", "--angle", "--output", "chinese-simplified"})
-        Run({L"convert", L"--help"}, 0, HasSubstr(word), "");
+    Run({L"--help"}, 0, AllOf(HasSubstr("list "), HasSubstr("convert "), HasSubstr("Exit codes")), "");
+    Run({L"convert", L"--help"}, 0, AllOf(HasSubstr("--length"), HasSubstr("chinese-simplified")), "");
 }
 
 TEST_F(HostTest, LeavesATargetThatCannotBeWrittenWhole) {

@@ -5,6 +5,7 @@
 #include <memory>
 
 #include "MfcTestIds.h"
+#include "support/MessageBoxRecorder.h"
 
 namespace {
 
@@ -43,11 +44,6 @@ Module LoadTestDll(LPCWSTR mode = nullptr) {
     return Module(::LoadLibraryW(_T(MFX_TEST_DLL)));
 }
 
-template <typename Function>
-Function* Export(const Module& module, LPCSTR name) {
-    return reinterpret_cast<Function*>(reinterpret_cast<void (*)()>(::GetProcAddress(module.get(), name)));
-}
-
 // A handle of the host's own choice, which nothing but the host may change.
 class ApplicationDllTest : public ::testing::Test {
   protected:
@@ -66,28 +62,18 @@ class ApplicationDllTest : public ::testing::Test {
 
 TEST(ApplicationTest, ProgramsObjectIsTheApplication) {
     const HINSTANCE program = ::GetModuleHandleW(nullptr);
-    EXPECT_EQ(AfxGetApp(), &theApp);
     EXPECT_STREQ(AfxGetAppName(), L"Host");
-    EXPECT_EQ(AfxGetInstanceHandle(), program);
+    EXPECT_TRUE(AfxGetApp() == &theApp && AfxGetInstanceHandle() == program);
     EXPECT_EQ(AfxGetResourceHandle(), program);
-
     // AfxWinInit keeps the pointer.
     static wchar_t s_commandLine[] = L"check file.xml";
     EXPECT_TRUE(AfxWinInit(program, nullptr, s_commandLine, SW_HIDE));
     EXPECT_STREQ(theApp.m_lpCmdLine, L"check file.xml");
     EXPECT_EQ(theApp.m_nCmdShow, SW_HIDE);
-}
 
-TEST(ApplicationTest, ObjectOnHeapTakesItsPlaceAndLeavesIt) {
     auto app = std::make_unique<CWinApp>();
-    EXPECT_EQ(AfxGetApp(), app.get());
-    EXPECT_EQ(app->m_hInstance, ::GetModuleHandleW(nullptr));
-    EXPECT_STREQ(app->m_lpCmdLine, L"");
-    // Without a name it is the program's file name, also when somebody cleared the name.
-    const CString name = AfxGetAppName();
-    EXPECT_EQ(name, L"mfx_mfc_tests");
-    app->m_pszAppName = nullptr;
-    EXPECT_EQ(name, AfxGetAppName());
+    EXPECT_TRUE(AfxGetApp() == app.get() && app->m_hInstance == program);
+    EXPECT_STREQ(AfxGetAppName(), L"mfx_mfc_tests") << "without a name it is the file's";
     app.reset();
     EXPECT_EQ(AfxGetApp(), &theApp);
 }
@@ -97,15 +83,14 @@ TEST_F(ApplicationDllTest, ObjectOfDllStartsAndEndsWithItsOwnResources) {
     ASSERT_TRUE(dll);
     EXPECT_EQ(TakeTrace(), L"init from the test DLL;");
     EXPECT_EQ(AfxGetResourceHandle(), m_hostHandle);
-
-    CWinApp* const own = Export<CWinApp*()>(dll, "OwnApplication")();
-    EXPECT_EQ(own->m_hInstance, dll.get());
-    EXPECT_NE(own, AfxGetApp());
-    EXPECT_EQ(Export<CWinApp*()>(dll, "SeenApplication")(), &theApp);
-
+    const auto look = reinterpret_cast<void (*)()>(::GetProcAddress(dll.get(), "Look"));
+    CWinApp *own = nullptr, *seen = nullptr;
+    CString text;
+    reinterpret_cast<void (*)(CWinApp**, CWinApp**, CString*)>(look)(&own, &seen, &text);
+    EXPECT_TRUE(own->m_hInstance == dll.get() && seen == &theApp);
     dll.reset();
     EXPECT_EQ(TakeTrace(), L"exit from the test DLL;");
-    EXPECT_EQ(AfxGetApp(), &theApp);
+    EXPECT_EQ(text + L'!', L"a text too long for a small buffer!") << "it outlives the DLL that made it";
 }
 
 TEST_F(ApplicationDllTest, FailedStartFailsTheLoadWithoutAnEnd) {
@@ -114,26 +99,12 @@ TEST_F(ApplicationDllTest, FailedStartFailsTheLoadWithoutAnEnd) {
         EXPECT_EQ(TakeTrace(), L"init from the test DLL;");
         EXPECT_EQ(AfxGetResourceHandle(), m_hostHandle);
     }
-    EXPECT_TRUE(LoadTestDll()) << "a later load must not find the remains of the failed one";
-}
-
-TEST_F(ApplicationDllTest, ExceptionAtTheEndStaysInside) {
-    Module dll = LoadTestDll(L"throw at exit");
-    ASSERT_TRUE(dll);
-    dll.reset();
+    // A later load finds no remains of a failed one; an exception at the end stays inside.
+    EXPECT_TRUE(LoadTestDll(L"throw at exit"));
     EXPECT_FALSE(::GetModuleHandleW(_T(MFX_TEST_DLL)));
 }
 
-TEST_F(ApplicationDllTest, TextOutlivesTheDllThatMadeIt) {
-    Module dll = LoadTestDll();
-    ASSERT_TRUE(dll);
-    CString text;
-    Export<void(CString*)>(dll, "FillText")(&text);
-    dll.reset();
-    EXPECT_EQ(text + L'!', L"a text too long for a small buffer!");
-}
-
-TEST(MessageBoxTest, GoesThroughTheApplication) {
+TEST(MessageBoxTest, GoesThroughTheApplicationToTheActiveWindow) {
     EXPECT_EQ(AfxMessageBox(L"text", MB_YESNO | MB_ICONSTOP, 7), IDRETRY);
     EXPECT_EQ(theApp.m_shown, L"text|20|7");
     // The string's id is the help context, unless another one is given.
@@ -141,41 +112,15 @@ TEST(MessageBoxTest, GoesThroughTheApplication) {
     EXPECT_EQ(theApp.m_shown, L"%s: %d of %d|0|102");
     AfxMessageBox(IDS_TEST_FORMAT, MB_OK, 5);
     EXPECT_EQ(theApp.m_shown, L"%s: %d of %d|0|5");
-}
 
-namespace {
-
-CString s_caption;
-CString s_prompt;
-HWND s_owner;
-
-LRESULT CALLBACK AnswerBox(int code, WPARAM wParam, LPARAM lParam) {
-    const HWND box = reinterpret_cast<HWND>(wParam);
-    if (code == HCBT_ACTIVATE && ::GetDlgItem(box, 0xFFFF)) {
-        ::GetWindowTextW(box, s_caption.GetBuffer(100), 100);
-        s_caption.ReleaseBuffer();
-        ::GetDlgItemTextW(box, 0xFFFF, s_prompt.GetBuffer(100), 100);
-        s_prompt.ReleaseBuffer();
-        s_owner = ::GetWindow(box, GW_OWNER);
-        ::PostMessageW(box, WM_COMMAND, IDNO, 0);
-    }
-    return ::CallNextHookEx(nullptr, code, wParam, lParam);
-}
-
-}  // namespace
-
-TEST(MessageBoxTest, RealBoxIsOwnedByTheActiveWindow) {
-    const HWND window = ::CreateWindowExW(0, L"STATIC", L"owner", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 0, 0, 100,
-                                          100, nullptr, nullptr, nullptr, nullptr);
-    if (!window) GTEST_SKIP() << "no display";
+    const HWND window = ::CreateWindowW(L"STATIC", L"owner", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 0, 0, 100, 100,
+                                        nullptr, nullptr, nullptr, nullptr);
     ::SetActiveWindow(window);
-    const HHOOK hook = ::SetWindowsHookExW(WH_CBT, AnswerBox, nullptr, ::GetCurrentThreadId());
+    MessageBoxRecorder boxes;
+    boxes.Expect(L"question", MB_ICONQUESTION, IDNO);
     theApp.m_showForReal = true;
-    EXPECT_EQ(AfxMessageBox(L"question", MB_YESNO), IDNO);
-    theApp.m_showForReal = false;
-    ::UnhookWindowsHookEx(hook);
-    EXPECT_EQ(s_caption, L"Host");
-    EXPECT_EQ(s_prompt, L"question");
-    EXPECT_EQ(s_owner, window);
+    EXPECT_EQ(AfxMessageBox(L"question", MB_YESNO | MB_ICONQUESTION), IDNO);
+    EXPECT_EQ(boxes.m_strCaption, L"Host");
+    EXPECT_TRUE(window && boxes.m_hOwner == window);
     ::DestroyWindow(window);
 }

@@ -16,14 +16,9 @@ constexpr auto kUnknownType = static_cast<Type_e>(TypeTableRow + 1);
 // each is its id.
 struct CTestRule : CMfxRule {
     CTestRule() {
-        m_strName = L"N";
-        m_strSummary = L"S";
-        m_strModule = L"M";
-        m_strRuleModule = L"R";
+        std::tie(m_strName, m_strSummary, m_strModule, m_strRuleModule) = std::tuple(L"N", L"S", L"M", L"R");
+        std::tie(m_nStatus, m_nLifeStatus, m_nSeverity) = std::tuple(1, -2, 3);
         m_strRuleModuleFileName = L"C:\\a\\b\\rules.dll";
-        m_nStatus = 1;
-        m_nLifeStatus = -2;
-        m_nSeverity = 3;
         SetRuleCategory(CategorySandCasting);
         int nId = 0;
         for (const auto op :
@@ -115,25 +110,10 @@ TEST_F(RuleRecordTest, WritesAttributesSavedParametersConstraints) {
                     R"(RuleModuleFileName="rules.dll" Severity="3" RuleCategory="Sand Casting">)"));
     EXPECT_THAT(WrittenChildren(), ElementsAre(L"2", L"4", L"5", L"Steel", L"Iron"));
 
-    for (const auto& [pszPath, pszFile] :
-         {std::pair{L"rules.dll", L"rules.dll"}, {L"C:\\a\\", L""}, {L"", L""}}) {
-        m_rule.m_strRuleModuleFileName = pszPath;
-        CString strFile = L"none";
-        NodePtr(WriteRuleRecord(&m_rule))->GetAttributeValue(L"RuleModuleFileName", strFile);
-        EXPECT_STREQ(strFile, pszFile);
-    }
-}
-
-TEST_F(RuleRecordTest, NothingComesOfNothing) {
-    EXPECT_FALSE(NodePtr(WriteRuleRecord(nullptr)));
-    m_rule.m_paramArray[1].m_type = kUnknownType;
-    SetRuleDocument(nullptr);
-    EXPECT_FALSE(NodePtr(WriteRuleRecord(&m_rule)));
-    ReadRuleRecord(nullptr, NodePtr(m_document.CreateNode(L"Rule")).get());
-    ReadRuleRecord(&m_rule, nullptr);
-    EXPECT_FALSE(m_rule.m_bPopulated);
-    EXPECT_EQ(m_rule.m_nPostPopulates, 0);
-    EXPECT_EQ(m_rule.m_nStatus, 1);
+    m_rule.m_strRuleModuleFileName = L"bare.dll";
+    CString strFile;
+    NodePtr(WriteRuleRecord(&m_rule))->GetAttributeValue(L"RuleModuleFileName", strFile);
+    EXPECT_STREQ(strFile, L"bare.dll");
 }
 
 TEST_F(RuleRecordTest, UnknownTypeIsLeftOutOfTheRecordButEndsTheReading) {
@@ -152,8 +132,7 @@ TEST_F(RuleRecordTest, UnknownTypeIsLeftOutOfTheRecordButEndsTheReading) {
          "</Rule>");
     EXPECT_THAT(m_rule.Values(), ElementsAre(20, 2, 3, 4, 5, 10, 10));
     EXPECT_STREQ(m_rule.m_strName, L"read");
-    EXPECT_FALSE(m_rule.m_bPopulated);
-    EXPECT_EQ(m_rule.m_nPostPopulates, 0);
+    EXPECT_TRUE(!m_rule.m_bPopulated && m_rule.m_nPostPopulates == 0);
 }
 
 TEST_F(RuleRecordTest, ReadsTheHeaderWithoutSummaryAndCategory) {
@@ -161,28 +140,19 @@ TEST_F(RuleRecordTest, ReadsTheHeaderWithoutSummaryAndCategory) {
         "<Rule Name='n' Module='m' RuleModule='r' RuleModuleFileName='f.dll' Summary='s' RuleCategory='c' "
         "Status='4' LifeStatus='5' Severity='6'/>");
     EXPECT_STREQ(m_rule.Header(), L"n m r f.dll S Sand Casting 4 5 6");
-    EXPECT_TRUE(m_rule.m_bPopulated);
-    EXPECT_EQ(m_rule.m_nPostPopulates, 1);
-
+    EXPECT_TRUE(m_rule.m_bPopulated && m_rule.m_nPostPopulates == 1);
     // Texts that are missing stay; numbers do not.
-    for (const auto& [text, nNumber] :
-         {std::pair{"", -1}, {"abc", -1}, {"7abc", 7}, {"-3", -3}, {" 12 ", 12}, {"2.9", 2}, {"x5", -1}}) {
-        CString strHeader;
-        strHeader.Format(L"n m r f.dll S Sand Casting -1 %d 8", nNumber);
-        Read(std::string("<Rule LifeStatus='") + text + "' Severity='8'/>");
-        EXPECT_STREQ(m_rule.Header(), strHeader);
-    }
-    Read("<Rule Status='7abc'/>");
+    Read("<Rule Status='7abc' LifeStatus='x5'/>");
     EXPECT_STREQ(m_rule.Header(), L"n m r f.dll S Sand Casting 7 -1 -1");
 }
 
 TEST_F(RuleRecordTest, ReadsConstraintsOnlyWhenTheirNumberIsRight) {
-    for (const auto& [text, nFirst, nSecond] : {std::tuple{std::string(), 10, 10},
-                                                {Constraint(60), 10, 10},
+    for (const auto& [text, nFirst, nSecond] : {std::tuple{Constraint(60), 10, 10},
                                                 {Constraint(60) + Constraint(70) + Constraint(80), 10, 10},
                                                 {Constraint(60) + "<Other/>" + Constraint(70), 60, 70}}) {
         Read("<Rule>" + Parameter(1, -1) + text + "</Rule>");
         EXPECT_THAT(m_rule.Values(), ElementsAre(-1, 2, 3, 4, 5, nFirst, nSecond)) << text;
     }
-    EXPECT_EQ(m_rule.m_nPostPopulates, 4);
+    ReadRuleRecord(&m_rule, nullptr);
+    EXPECT_EQ(m_rule.m_nPostPopulates, 3);
 }

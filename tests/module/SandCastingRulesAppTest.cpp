@@ -31,43 +31,34 @@ TEST(SandCastingRulesAppTest, OpensTheUsersAndTheDefaultLanguage) {
         CLanguageUtil::SetMfxKitLang(pszWord);
         CMFXSandCastingRulesApp app;
         EXPECT_TRUE(app.InitInstance());
-        EXPECT_EQ(g_pSandCastingRulesApp, &app);
-        EXPECT_EQ(app.m_hPrevResource, hHost);
+        EXPECT_TRUE(g_pSandCastingRulesApp == &app && app.m_hPrevResource == hHost);
         EXPECT_EQ(AfxGetResourceHandle(), app.m_hResDll);
         EXPECT_STREQ(app.GetLanguage(), pszOpened);
-        EXPECT_STREQ(app.m_strLanguageCode, L"");
         EXPECT_STREQ(app.m_strResPath,
                      CString(strDefault).Left(strDefault.ReverseFind(L'\\') + 1) + pszOpened);
-        EXPECT_STREQ(app.m_strResDllPath, app.m_strResPath + kLibrary);
         EXPECT_STREQ(app.m_strHelpPath, app.m_strResPath + L"\\mfxkit.chm");
         ASSERT_TRUE(app.m_hResDll && app.m_hDefaultResDll);
-        EXPECT_EQ(app.m_hResDll, GetModuleHandleW(app.m_strResDllPath));
+        EXPECT_EQ(app.m_hResDll, GetModuleHandleW(app.m_strResPath + kLibrary));
         EXPECT_EQ(app.m_hDefaultResDll, GetModuleHandleW(strDefault + kLibrary));
 
         AfxSetResourceHandle(hHost);
         EXPECT_STREQ(app.LoadDefaultLanguageString(IDS_DRAFT_RULE_NAME), L"Variable Draft Angle");
         EXPECT_EQ(AfxGetResourceHandle(), hHost);
-        EXPECT_EQ(app.ExitInstance(), 0);
-        EXPECT_FALSE(g_pSandCastingRulesApp);
+        EXPECT_TRUE(app.ExitInstance() == 0 && !g_pSandCastingRulesApp);
         EXPECT_FALSE(GetModuleHandleW(app.m_strResDllPath) || GetModuleHandleW(strDefault + kLibrary));
     }
 }
 
-TEST(SandCastingRulesAppTest, WithoutLibrariesTextsAreEmptyAndNotTheHosts) {
+TEST(SandCastingRulesAppTest, WithoutLibrariesOrApplicationTextsAreEmptyAndNotTheHosts) {
     CString strHost;
     EXPECT_TRUE(strHost.LoadString(GetModuleHandleW(nullptr), IDS_PROCESS));
     CMFXSandCastingRulesApp app;
     EXPECT_STREQ(app.LoadLocalizedString(IDS_PROCESS) + app.LoadDefaultLanguageString(IDS_PROCESS), L"");
     EXPECT_EQ(app.ExitInstance(), 0);
-}
 
-TEST(SandCastingRulesAppTest, WithoutApplicationRulesAreNamelessAndThereAreNone) {
     CMFXSCVariableDraftAngleRule rule;
-    EXPECT_STREQ(rule.m_strName + rule.m_strDisplayName + rule.m_strSummary + rule.m_strModule +
-                     rule.m_strRuleCategory,
-                 L"");
+    EXPECT_STREQ(rule.m_strName + rule.m_strDisplayName + rule.m_strSummary + rule.m_strModule, L"");
     EXPECT_TRUE(rule.m_processList.IsEmpty());
-    EXPECT_EQ(rule.m_nSeverity, 0);
     EXPECT_EQ(rule.m_paramArray[0].m_pStorage->GetValues<MfxTableRow>().GetCount(), 4);
     MfxRuleArray rules;
     GetAllRules(rules);
@@ -78,17 +69,13 @@ TEST(SandCastingRulesAppTest, WithoutApplicationRulesAreNamelessAndThereAreNone)
 
 TEST(SandCastingRulesAppTest, DatabaseModulesAreReplacedByACopy) {
     StartedApp app(L"english");
-    for (const std::vector<const wchar_t*>& names :
-         {std::vector{L"Zinc", L"Alloys", L"Steel"}, {L"Steel"}, {}}) {
-        CStringList modules;
-        for (const wchar_t* pszName : names) modules.AddTail(pszName);
-        SetDBModuleList(modules);
-        modules.RemoveAll();
-        std::vector<std::wstring> own;
-        for (POSITION pos = app.m_dbModuleList.GetHeadPosition(); pos;)
-            own.emplace_back(app.m_dbModuleList.GetNext(pos));
-        EXPECT_THAT(own, testing::ElementsAreArray(names));
-    }
+    CStringList modules, &own = app.m_dbModuleList;
+    for (const LPCWSTR pszName : {L"Zinc", L"Alloys"}) modules.AddTail(pszName);
+    for (int i = 0; i < 2; ++i) SetDBModuleList(modules);
+    modules.RemoveAll();
+    EXPECT_TRUE(own.GetCount() == 2 && own.GetHead() == L"Zinc" && own.GetTail() == L"Alloys");
+    SetDBModuleList(modules);
+    EXPECT_TRUE(own.IsEmpty());
 }
 
 TEST(SystemLanguageTest, RegistryOptionOrElseTheSystemsLanguage) {
@@ -114,13 +101,14 @@ TEST(SystemLanguageTest, RegistryOptionOrElseTheSystemsLanguage) {
 TEST(SystemLanguageTest, LocaleCode) {
     const CString strSystem = Environment(L"MFX_TEST_LOCALE", L"en_US");
     CMFXSandCastingRulesApp app;
-    for (const auto& [pszWord, pszCode] : {std::pair<LPCWSTR, LPCWSTR>{L"chinese-simplified", strSystem},
-                                           {L"chinese", strSystem},
-                                           {L"japanese", L"japanese"},
-                                           {L"korean", L"korean"},
-                                           {L"french", L"french"},
-                                           {L"german", L"english"},
-                                           {L"", L"english"}}) {
+    const std::pair<LPCWSTR, LPCWSTR> codes[] = {{L"chinese-simplified", strSystem},
+                                                 {L"chinese", strSystem},
+                                                 {L"japanese", L"japanese"},
+                                                 {L"korean", L"korean"},
+                                                 {L"french", L"french"},
+                                                 {L"german", L"english"},
+                                                 {L"", L"english"}};
+    for (const auto& [pszWord, pszCode] : codes) {
         app.m_strLanguageCode = pszWord;
         EXPECT_STREQ(app.GetLocaleCode(), pszCode) << pszWord;
     }

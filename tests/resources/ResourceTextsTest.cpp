@@ -40,7 +40,6 @@ std::vector<std::wstring> InsertsOf(const std::wstring& text) {
 }  // namespace
 
 TEST(ResourceTextsTest, EveryLanguageHasEveryTextWithTheSameInserts) {
-    EXPECT_THAT(InsertsOf(L"%s: 5% of %5.2lf%%, %d"), testing::ElementsAre(L"%s", L"%5.2lf", L"%%", L"%d"));
     Texts english = ReadTexts(L"english");
     for (const CString& strLanguage : CLanguageUtil::GetLanguageWords()) {
         SCOPED_TRACE(testing::Message() << strLanguage.GetString());

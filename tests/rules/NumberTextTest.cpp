@@ -1,5 +1,7 @@
 #include "NumberText.h"
 
+#include "MaterialTables.h"
+
 #include <gtest/gtest.h>
 
 TEST(NumberTextTest, FormatsWithoutTrailingZeros) {
@@ -11,19 +13,28 @@ TEST(NumberTextTest, FormatsWithoutTrailingZeros) {
 }
 
 TEST(NumberTextTest, ParsesTheLeadingPointsAndDigits) {
-    const std::pair<CString, double> numeric[] = {{L"25.4", 25.4}, {L"", 0},   {L".5", 0.5},
-                                                  {L"5.", 5},      {L".", 0},  {L"1.2.3", 1.2},
-                                                  {L"1..5", 1},    {L"007", 7}};
-    const std::pair<CString, double> others[] = {{L"-5", 0},   {L"+5", 0},      {L" 5", 0},
-                                                 {L"5 mm", 5}, {L"1e5", 1},     {L"1,5", 1},
-                                                 {L"abc", 0},  {L"5\u0665", 5}, {L"inf", 0}};
-    for (const auto& [strText, value] : numeric)
-        EXPECT_TRUE(ParseDouble(strText) == value && IsNumericText(strText)) << strText.GetString();
-    for (const auto& [strText, value] : others)
-        EXPECT_TRUE(ParseDouble(strText) == value && !IsNumericText(strText)) << strText.GetString();
+    // Points and digits only, or more than that.
+    const std::tuple<CString, double, bool> texts[] = {
+        {L"25.4", 25.4, true}, {L"", 0, true},      {L".5", 0.5, true},    {L".", 0, true},
+        {L"1.2.3", 1.2, true}, {L"1..5", 1, true},  {L"007", 7, true},     {L"-5", 0, false},
+        {L" 5", 0, false},     {L"5 mm", 5, false}, {L"1e5", 1, false},    {L"1,5", 1, false},
+        {L"abc", 0, false},    {L"inf", 0, false},  {L"5\u0665", 5, false}};
+    for (const auto& [strText, value, bNumeric] : texts)
+        EXPECT_TRUE(ParseDouble(strText) == value && IsNumericText(strText) == bNumeric)
+            << strText.GetString();
 }
 
 TEST(NumberTextTest, KnowsTheOpenUpperLimit) {
     for (const double value : {1e9, 1e9 + 5e-7, 1e9 - 5e-7}) EXPECT_TRUE(IsNoUpperLimit(value));
     for (const double value : {1e9 + 2e-6, 1e9 - 2e-6, -1e9}) EXPECT_FALSE(IsNoUpperLimit(value));
+}
+
+TEST(MaterialTablesTest, TablesByCategory) {
+    for (int nCategory = -1; nCategory < 30; ++nCategory) {
+        EXPECT_EQ(GetDefaultMaterials(nCategory).size(), nCategory == 9 ? 38u : nCategory == 19 ? 5u : 0u);
+        EXPECT_EQ(GetMaterialGroups(nCategory).size(), nCategory == 19 ? 7u : 0u);
+    }
+    EXPECT_STREQ(GetDefaultMaterials(9)[37].pszMaximumInch, L"0.187");
+    EXPECT_NEAR(ParseDouble(GetDefaultMaterials(19)[0].pszMaximumInch), 4.76 / 25.4, 1e-15);
+    EXPECT_STREQ(GetDefaultMaterials(19)[4].pszMaterial, L"Malleable Cast Iron");
 }

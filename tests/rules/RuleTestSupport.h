@@ -49,23 +49,6 @@ struct RuleTest : testing::Test {
         }
         return text.str().c_str();
     }
-    // A fresh rule: texts; category, id, severity, status, units; results, the status after being told 5.
-    CString State(CMfxRule& rule) const {
-        EXPECT_TRUE(rule.m_bParametersCreated && !rule.m_bPopulated && rule.AcceptRuleData(nullptr));
-        for (const auto& [type, p] : rule.m_paramArray)
-            EXPECT_EQ(p->m_strName.GetString(), m_app.Text(static_cast<UINT>(p->m_nParamId)));
-        std::wostringstream text;
-        for (const CString& str : {rule.m_strName, rule.m_strDisplayName, rule.m_processList.GetHead(),
-                                   rule.m_strModule, rule.m_strSummary, Values(rule.m_paramArray, true)})
-            text << str.GetString() << L"; ";
-        for (const int n : {rule.GetRuleCategoryEnum(), rule.GetRuleId(), rule.m_nSeverity, rule.m_nStatus,
-                            rule.m_nLengthUnit, rule.m_nAngleUnit})
-            text << n << L" ";
-        rule.SetRuleStatusForAssemblyModel(5);
-        text << L"; " << rule.Execute({}, {}, {}, 0) << rule.ExecuteAlternate({}, {}, {}, 0) << rule.m_nStatus
-             << rule.GetMaterialStatus();
-        return text.str().c_str();
-    }
     static UnitPair Units(const CMfxRule& rule) { return {rule.m_nLengthUnit, rule.m_nAngleUnit}; }
 
     MessageBoxRecorder m_boxes;

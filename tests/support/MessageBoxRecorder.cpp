@@ -67,6 +67,7 @@ LRESULT CALLBACK MessageBoxRecorder::OnHook(int nCode, WPARAM wParam, LPARAM lPa
 
 int MessageBoxRecorder::OnBox(HWND hBox) {
     m_strCaption = WindowText(hBox);
+    m_hOwner = GetWindow(hBox, GW_OWNER);
     const CString strText = WindowText(GetDlgItem(hBox, kTextId));
     if (m_expected.empty()) {
         ADD_FAILURE() << "unexpected message box: " << strText.GetString();

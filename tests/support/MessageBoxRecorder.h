@@ -17,7 +17,9 @@ class MessageBoxRecorder {
     // Fails the test for expected boxes that have not come, and forgets them.
     void Verify();
 
-    CString m_strCaption;  // of the last box
+    // Of the last box.
+    CString m_strCaption;
+    HWND m_hOwner = nullptr;
 
   private:
     struct Box {

@@ -13,9 +13,12 @@ CString Variable(LPCWSTR name) {
     return value;
 }
 
-// The host reads the trace from its environment, also when this DLL is gone.
-void Trace(const CString& text) {
-    ::SetEnvironmentVariableW(L"MFX_TEST_TRACE", Variable(L"MFX_TEST_TRACE") + text + L';');
+// The host reads the trace from its environment, also when this DLL is gone. The resource handle is spoilt.
+void Enter(const CString& what) {
+    CString text;
+    text.LoadString(IDS_TEST_GREETING);
+    ::SetEnvironmentVariableW(L"MFX_TEST_TRACE", Variable(L"MFX_TEST_TRACE") + what + text + L';');
+    AfxSetResourceHandle(::GetModuleHandleW(L"user32.dll"));
 }
 
 class CTestDllApp : public CWinApp {
@@ -23,20 +26,14 @@ class CTestDllApp : public CWinApp {
     CTestDllApp() : CWinApp(L"TestDll") {}
 
     BOOL InitInstance() override {
-        CString text;
-        text.LoadString(IDS_TEST_GREETING);
-        Trace(L"init " + text);
-        AfxSetResourceHandle(::GetModuleHandleW(L"user32.dll"));
+        Enter(L"init ");
         const CString mode = Variable(L"MFX_TEST_MODE");
         if (mode == L"throw") throw std::runtime_error("start");
         return mode != L"fail";
     }
 
     int ExitInstance() override {
-        CString text;
-        text.LoadString(IDS_TEST_GREETING);
-        Trace(L"exit " + text);
-        AfxSetResourceHandle(::GetModuleHandleW(L"user32.dll"));
+        Enter(L"exit ");
         if (Variable(L"MFX_TEST_MODE") == L"throw at exit") throw std::runtime_error("end");
         return 0;
     }
@@ -46,14 +43,9 @@ CTestDllApp theApp;
 
 }  // namespace
 
-extern "C" __declspec(dllexport) CWinApp* OwnApplication() {
-    return &theApp;
-}
-
-extern "C" __declspec(dllexport) CWinApp* SeenApplication() {
-    return AfxGetApp();
-}
-
-extern "C" __declspec(dllexport) void FillText(CString* text) {
+// The DLL's own object, the application that it sees, and a text of its making.
+extern "C" __declspec(dllexport) void Look(CWinApp** own, CWinApp** seen, CString* text) {
+    *own = &theApp;
+    *seen = AfxGetApp();
     *text = L"a text too long for a small buffer";
 }
