@@ -1,5 +1,6 @@
-// mfxhost: lists, shows and converts rule documents with the rules module, without the CAD system.
+// mfxhost: lists, shows, checks and converts rule documents with the rules module, without the CAD system.
 
+#include "CheckCommand.h"
 #include "Commands.h"
 #include "CrashReport.h"
 #include "FrameworkLibrary.h"
@@ -12,6 +13,7 @@
 #include <CLI/CLI.hpp>
 
 #include <functional>
+#include <map>
 #include <vector>
 
 namespace {
@@ -41,7 +43,7 @@ CLI::Option* AddFile(CLI::App& cli, const char* name, std::string& path, const c
 // The library's own words for a wrong command line, but for those that would not help.
 std::string UsageError(const CLI::ParseError& error, const CLI::App& cli, int argc, const char* const* argv) {
     std::string reason = error.what();
-    if (argc <= 1) reason = "give a command: list, new, show or convert";
+    if (argc <= 1) reason = "give a command: list, new, show, check or convert";
     if (cli.get_subcommands().empty() && argc > 1 && argv[1][0] != '-')
         reason = "\"" + std::string(argv[1]) + "\" is not a command";
     return reason + "; mfxhost --help tells the usage";
@@ -49,7 +51,7 @@ std::string UsageError(const CLI::ParseError& error, const CLI::App& cli, int ar
 
 // Reads the command line and runs the command it names.
 int Run(int argc, const char* const* argv) {
-    CLI::App cli("Lists, shows and converts rule documents of the sand casting rules.", "mfxhost");
+    CLI::App cli("Lists, shows, checks and converts rule documents of the sand casting rules.", "mfxhost");
     cli.require_subcommand(1);
     cli.fallthrough();                       // --lang stands before or behind the command
     cli.allow_windows_style_options(false);  // "/file" is a file
@@ -85,6 +87,23 @@ int Run(int argc, const char* const* argv) {
     CLI::App* show = add("show", "Print the rules, parameters and constraints of a rule document",
                          [&](const RuleModule& module) { return ShowDocument(module, FromUtf8(path)); });
     AddFile(*show, "FILE", path, "Rule document to read")->required();
+
+    std::vector<std::string> paths;
+    CheckOptions checkOptions;
+    CLI::App* check =
+        add("check", "Report what is wrong or unusual in rule documents", [&](const RuleModule& module) {
+            for (const std::string& file : paths) checkOptions.files.push_back(FromUtf8(file));
+            return CheckDocuments(module, checkOptions);
+        });
+    check->add_option("FILE", paths, "Rule documents to check")->required()->type_name("");
+    const std::map<std::string, Severity> severities{
+        {"hint", Severity::Hint}, {"warning", Severity::Warning}, {"error", Severity::Error}};
+    check
+        ->add_option("--severity", checkOptions.severity,
+                     "The least that is reported: hint, warning or error")
+        ->type_name("SEVERITY")
+        ->transform(CLI::CheckedTransformer(severities, CLI::ignore_case).description(""));
+    check->add_flag("--json", checkOptions.bJson, "Print the findings as JSON");
 
     std::string output;
     ConvertOptions options;
