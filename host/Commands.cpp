@@ -42,17 +42,6 @@ UnitPair TargetUnits(const UnitPair& own, const ConvertOptions& options) {
     return units;
 }
 
-// Prints what the module passed over in the document; false when there was nothing.
-bool PrintUnread(const RuleDocument& document) {
-    bool bPrinted = false;
-    for (const Finding& finding : CheckRecords(document)) {
-        if (!finding.bUnread) continue;
-        PrintError(document.Place(finding.nLine) + FormatFinding(finding) + "\n");
-        bPrinted = true;
-    }
-    return bPrinted;
-}
-
 }  // namespace
 
 ExitCode ListRules(const RuleModule& module) {

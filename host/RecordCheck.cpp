@@ -250,3 +250,13 @@ class RecordChecker {
 std::vector<Finding> CheckRecords(const RuleDocument& document) {
     return RecordChecker(document).Check();
 }
+
+bool PrintUnread(const RuleDocument& document) {
+    bool bPrinted = false;
+    for (const Finding& finding : CheckRecords(document)) {
+        if (!finding.bUnread) continue;
+        PrintError(document.Place(finding.nLine) + FormatFinding(finding) + "\n");
+        bPrinted = true;
+    }
+    return bPrinted;
+}
