@@ -1,7 +1,7 @@
 #include "Commands.h"
 
 #include "File.h"
-#include "RecordProblems.h"
+#include "RecordCheck.h"
 #include "RuleDocument.h"
 #include "RuleTable.h"
 #include "Text.h"
@@ -42,10 +42,6 @@ UnitPair TargetUnits(const UnitPair& own, const ConvertOptions& options) {
     return units;
 }
 
-void PrintProblems(const std::vector<std::string>& problems) {
-    for (const std::string& problem : problems) PrintError(problem + "\n");
-}
-
 }  // namespace
 
 ExitCode ListRules(const RuleModule& module) {
@@ -75,9 +71,7 @@ ExitCode ShowDocument(const RuleModule& module, const CString& strPath) {
     Print(Heading(strPath, document));
     for (const RuleDocument::Entry& entry : document.GetEntries())
         if (entry.pRule) Print("\n" + FormatRule(*entry.pRule));
-    const std::vector<std::string> problems = FindRecordProblems(document);
-    PrintProblems(problems);
-    return problems.empty() ? ExitCode::Done : ExitCode::Findings;
+    return PrintUnread(document) ? ExitCode::Findings : ExitCode::Done;
 }
 
 ExitCode ConvertDocument(const RuleModule& module, const ConvertOptions& options) {
@@ -86,8 +80,7 @@ ExitCode ConvertDocument(const RuleModule& module, const ConvertOptions& options
     RuleDocument document(options.strInput, module);
     const UnitPair from = document.GetUnits();
     const UnitPair to = TargetUnits(from, options);
-    if (const std::vector<std::string> problems = FindRecordProblems(document); !problems.empty()) {
-        PrintProblems(problems);
+    if (PrintUnread(document)) {
         PrintError("mfxhost: " + ToUtf8(options.strInput) + " was not converted\n");
         return ExitCode::Findings;
     }

@@ -1,7 +1,10 @@
-// mfxhost: lists, shows and converts rule documents with the rules module, without the CAD system.
+// mfxhost: lists, shows, checks, compares and converts rule documents with the rules module, without the CAD
+// system.
 
+#include "CheckCommand.h"
 #include "Commands.h"
 #include "CrashReport.h"
+#include "DiffCommand.h"
 #include "FrameworkLibrary.h"
 #include "LanguageUtil.h"
 #include "Text.h"
@@ -12,6 +15,7 @@
 #include <CLI/CLI.hpp>
 
 #include <functional>
+#include <map>
 #include <vector>
 
 namespace {
@@ -41,7 +45,7 @@ CLI::Option* AddFile(CLI::App& cli, const char* name, std::string& path, const c
 // The library's own words for a wrong command line, but for those that would not help.
 std::string UsageError(const CLI::ParseError& error, const CLI::App& cli, int argc, const char* const* argv) {
     std::string reason = error.what();
-    if (argc <= 1) reason = "give a command: list, new, show or convert";
+    if (argc <= 1) reason = "give a command: list, new, show, check, diff or convert";
     if (cli.get_subcommands().empty() && argc > 1 && argv[1][0] != '-')
         reason = "\"" + std::string(argv[1]) + "\" is not a command";
     return reason + "; mfxhost --help tells the usage";
@@ -49,7 +53,8 @@ std::string UsageError(const CLI::ParseError& error, const CLI::App& cli, int ar
 
 // Reads the command line and runs the command it names.
 int Run(int argc, const char* const* argv) {
-    CLI::App cli("Lists, shows and converts rule documents of the sand casting rules.", "mfxhost");
+    CLI::App cli("Lists, shows, checks, compares and converts rule documents of the sand casting rules.",
+                 "mfxhost");
     cli.require_subcommand(1);
     cli.fallthrough();                       // --lang stands before or behind the command
     cli.allow_windows_style_options(false);  // "/file" is a file
@@ -85,6 +90,39 @@ int Run(int argc, const char* const* argv) {
     CLI::App* show = add("show", "Print the rules, parameters and constraints of a rule document",
                          [&](const RuleModule& module) { return ShowDocument(module, FromUtf8(path)); });
     AddFile(*show, "FILE", path, "Rule document to read")->required();
+
+    std::vector<std::string> paths;
+    CheckOptions checkOptions;
+    CLI::App* check =
+        add("check", "Report what is wrong or unusual in rule documents", [&](const RuleModule& module) {
+            for (const std::string& file : paths) checkOptions.files.push_back(FromUtf8(file));
+            return CheckDocuments(module, checkOptions);
+        });
+    check->add_option("FILE", paths, "Rule documents to check")->required()->type_name("");
+    const std::map<std::string, Severity> severities{
+        {"hint", Severity::Hint}, {"warning", Severity::Warning}, {"error", Severity::Error}};
+    check
+        ->add_option("--severity", checkOptions.severity,
+                     "The least that is reported: hint, warning or error")
+        ->type_name("SEVERITY")
+        ->transform(CLI::CheckedTransformer(severities, CLI::ignore_case).description(""));
+    check->add_flag("--json", checkOptions.bJson, "Print the findings as JSON");
+
+    DiffOptions diffOptions;
+    std::string right;
+    CLI::App* diff = add("diff", "Print where two rule documents differ", [&](const RuleModule& module) {
+        if (right.empty() && !diffOptions.bDefaults)
+            throw HostError(ExitCode::Usage, "diff: give a second file, or --defaults");
+        diffOptions.strLeft = FromUtf8(path);
+        diffOptions.strRight = FromUtf8(right);
+        return DiffDocuments(module, diffOptions);
+    });
+    AddFile(*diff, "A", path, "Rule document; its units are those of the output")->required();
+    CLI::Option* pRight = AddFile(*diff, "B", right, "Rule document to compare with");
+    CLI::Option* pDefaults = diff->add_flag("--defaults", diffOptions.bDefaults,
+                                            "Compare A with its rules as they are by default");
+    diff->add_flag("--json", diffOptions.bJson, "Print the differences as JSON");
+    pDefaults->excludes(pRight);
 
     std::string output;
     ConvertOptions options;

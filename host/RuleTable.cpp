@@ -15,16 +15,8 @@ namespace {
 
 using Align = TextTable::Align;
 
-// As many digits as a person compares, and all of those before the point; the file has the others too.
-std::string FormatNumber(double value) {
-    const bool bLarge = std::fabs(value) >= 1e6 && std::fabs(value) < 1e15;
-    char text[32];
-    const auto format = bLarge ? std::chars_format::fixed : std::chars_format::general;
-    return {text, std::to_chars(text, text + sizeof text, value, format, bLarge ? 0 : 7).ptr};
-}
-
 // A limit, with the marks for "not given" and "no upper limit" in words.
-std::string FormatNumber(double value, ParameterQuantity quantity) {
+std::string FormatLimit(double value, ParameterQuantity quantity) {
     if (quantity != ParameterQuantity::None && value < -kTolerance) return "-";
     return IsNoUpperLimit(value) ? "no limit" : FormatNumber(value);
 }
@@ -45,25 +37,12 @@ std::string MassUnitLabel(const CMfxRule& rule) {
     return MassUnitSymbol(bHasLabel ? ToUtf8(pUnit->GetValues<CString>()[0]) : "");
 }
 
-// Symbol of the unit of a parameter's numbers; empty for numbers without one.
-std::string UnitOf(const CMfxParamStorage& storage, const CMfxRule& rule) {
-    switch (QuantityOfParameter(storage.m_nParamId)) {
-        case ParameterQuantity::Length:
-            return LengthUnitSymbol(rule.m_nLengthUnit);
-        case ParameterQuantity::Mass:
-            return MassUnitLabel(rule);
-        case ParameterQuantity::None:
-            break;
-    }
-    return {};
-}
-
 // Values of one parameter, separated by commas; table rows by their number, since they stand in a table of
 // their own.
 std::string FormatValues(const CMfxParamStorage& storage, const CMfxRule& rule) {
     if (IsTable(storage))
         return Count(static_cast<std::size_t>(storage.GetValues<MfxTableRow>().GetCount()), "row");
-    const std::string unit = UnitOf(storage, rule);
+    const std::string unit = UnitOfParameter(storage, rule);
     const auto format = [](const auto& value) {
         if constexpr (std::is_same_v<std::decay_t<decltype(value)>, double>)
             return FormatNumber(value);
@@ -120,7 +99,7 @@ std::vector<std::vector<std::string>> ConstraintRows(const CMFXConstraint& const
             const int nValue = static_cast<int>(i);
             rows[i].resize(static_cast<std::size_t>(nColumn), "-");
             rows[i].push_back(nValue < values.GetCount()
-                                  ? FormatNumber(values[nValue], QuantityOfParameter(storage.m_nParamId))
+                                  ? FormatLimit(values[nValue], QuantityOfParameter(storage.m_nParamId))
                                   : "-");
         }
     }
@@ -132,7 +111,7 @@ std::string FormatConstraints(const CMfxRule& rule) {
     if (rule.m_constraintArray.IsEmpty()) return {};
     std::vector<std::string> header{"constraint", "active"};
     for (const MfxParamRecord& record : rule.m_constraintArray[0]->m_paramArray) {
-        const std::string unit = UnitOf(*record.m_pStorage, rule);
+        const std::string unit = UnitOfParameter(*record.m_pStorage, rule);
         header.push_back(ToUtf8(record.m_pStorage->m_strName) + (unit.empty() ? "" : " [" + unit + "]"));
     }
     std::vector<Align> columns(header.size(), Align::Right);
@@ -156,4 +135,23 @@ std::string FormatRule(const CMfxRule& rule) {
     return ToUtf8(rule.m_strDisplayName) + " (rule " + std::to_string(rule.GetRuleId()) + ")\n  " +
            ToUtf8(rule.m_strSummary) + "\n  status " + std::to_string(rule.m_nStatus) + ", severity " +
            std::to_string(rule.m_nSeverity) + "\n" + FormatParameters(rule) + FormatConstraints(rule);
+}
+
+std::string FormatNumber(double value) {
+    const bool bLarge = std::fabs(value) >= 1e6 && std::fabs(value) < 1e15;
+    char text[32];
+    const auto format = bLarge ? std::chars_format::fixed : std::chars_format::general;
+    return {text, std::to_chars(text, text + sizeof text, value, format, bLarge ? 0 : 7).ptr};
+}
+
+std::string UnitOfParameter(const CMfxParamStorage& storage, const CMfxRule& rule) {
+    switch (QuantityOfParameter(storage.m_nParamId)) {
+        case ParameterQuantity::Length:
+            return LengthUnitSymbol(rule.m_nLengthUnit);
+        case ParameterQuantity::Mass:
+            return MassUnitLabel(rule);
+        case ParameterQuantity::None:
+            break;
+    }
+    return {};
 }

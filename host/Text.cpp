@@ -33,6 +33,10 @@ bool FlushOutput() {
     return fflush(stdout) == 0 && ferror(stdout) == 0;
 }
 
+bool IsErrorTerminal() {
+    return _isatty(_fileno(stderr)) != 0;
+}
+
 void PrepareConsole() {
     SetConsoleOutputCP(CP_UTF8);
     // The same bytes on the console, in a file and in a pipe.

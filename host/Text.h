@@ -15,6 +15,9 @@ void PrintError(const std::string& text);
 // Ends the output; false when not all of it could be written.
 bool FlushOutput();
 
+// Whether standard error is a terminal.
+bool IsErrorTerminal();
+
 // Puts the console in a state in which it shows what Print writes.
 void PrepareConsole();
 

@@ -99,11 +99,14 @@ std::string UnitWords(const UnitPair& units) {
     return std::string(pLength ? pLength->words : "?") + " and " + (pAngle ? pAngle->words : "?");
 }
 
+int FindMassUnit(const std::string& symbol) {
+    constexpr std::string_view kSymbols[] = {"mg", "g", "kg", "t", "lb"};  // from MassMilligram on
+    const auto found = std::find(std::begin(kSymbols), std::end(kSymbols), symbol);
+    return found != std::end(kSymbols) ? static_cast<int>(found - std::begin(kSymbols)) + MassMilligram : 0;
+}
+
 std::string MassUnitSymbol(const std::string& label) {
-    constexpr std::string_view kMassUnits[] = {"mg", "g", "kg", "t", "lb"};
-    const bool bKnown =
-        std::find(std::begin(kMassUnits), std::end(kMassUnits), label) != std::end(kMassUnits);
-    return bKnown ? label : "kg";
+    return FindMassUnit(label) ? label : "kg";
 }
 
 std::string LengthUnitSymbols() {

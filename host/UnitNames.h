@@ -19,6 +19,9 @@ std::string AngleUnitSymbol(int nAngleUnit);
 // The mass unit that a rule takes a stored label for: kg for a label that is none.
 std::string MassUnitSymbol(const std::string& label);
 
+// The code of a mass unit's symbol, 0 for a text that is none.
+int FindMassUnit(const std::string& symbol);
+
 // "inches and degrees".
 std::string UnitWords(const UnitPair& units);
 

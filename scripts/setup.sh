@@ -11,13 +11,13 @@ preset=
 
 packages=(
   g++-mingw-w64-x86-64-posix cmake ninja-build python3
-  dpkg-dev ca-certificates googletest libcli11-dev
+  dpkg-dev ca-certificates googletest libcli11-dev nlohmann-json3-dev
   wine64 fonts-wine fonts-noto-cjk locales xvfb
   # Wine loads these when they are there, and its windows behave differently without them.
   libxcomposite1 libxcursor1 libxfixes3 libxi6 libxinerama1 libxrandr2 libxrender1
 )
 # A library is added by its name here and a function make_NAME below.
-libraries=(pugixml googletest cli11 benchmark)
+libraries=(pugixml googletest cli11 json benchmark)
 
 steps=$((3 + ${#libraries[@]}))
 [[ -z $preset ]] || steps=$((steps + 2))
@@ -173,6 +173,13 @@ make_cli11() {
   mkdir -p "$deps/include" "$deps/share/cmake"
   cp -r /usr/include/CLI "$deps/include"
   cp -r /usr/share/cmake/CLI11 "$deps/share/cmake"
+}
+
+make_json() {
+  version=$(dpkg-query -W -f='${Version}' nlohmann-json3-dev)
+  mkdir -p "$deps/include" "$deps/share/cmake"
+  cp -r /usr/include/nlohmann "$deps/include"
+  cp -r /usr/share/cmake/nlohmann_json "$deps/share/cmake"
 }
 
 make_wineprefix() {

@@ -44,7 +44,7 @@ TEST_F(SamplesTest, AreShown) {
         {"legacy-material-table-off.xml",
          "Minimum wall thickness: 4.0 mm .*\n.*\n.*\n.*\n.*\n.*\n  Aluminium +no "},
         {"size-and-weight-metres.xml",
-         "lb\n.* from .m. .* from .lb. .*\n.*\n.*\n  Copper .* yes +- +- +0 +2 "},
+         "lb\n.* from .m. .* from .lb. .*\n.*\n.*\n  Copper .* yes +- +- +0.1 +2 "},
         {"other-module.xml", ": 3 rules .*\n\nWall Thickness Variation .*\n.* at most 30.0\n"},
     };
     for (const auto& [name, text] : samples) {

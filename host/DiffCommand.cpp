@@ -1,0 +1,236 @@
+#include "DiffCommand.h"
+
+#include "MFXUnitConvertor.h"
+#include "RecordCheck.h"
+#include "RuleDocument.h"
+#include "RuleParameters.h"
+#include "RuleValues.h"
+#include "Text.h"
+#include "TextTable.h"
+#include "UnitNames.h"
+
+#include <nlohmann/json.hpp>
+
+#include <algorithm>
+#include <map>
+#include <optional>
+#include <set>
+
+namespace {
+
+using Json = nlohmann::ordered_json;
+
+// A place where two documents differ: a value, or a whole constraint or rule. What one side does not have is
+// nothing.
+struct Difference {
+    std::string rule;
+    int nRuleId = 0;
+    std::string constraint;
+    std::string label;
+    int nRow = 0;
+    std::optional<RuleValue> left;
+    std::optional<RuleValue> right;
+};
+
+// A rule's values in the units in which both sides are shown.
+struct RuleContent {
+    std::string name;
+    int nRuleId = 0;
+    std::vector<RuleValue> values;
+};
+
+double InUnits(const RuleValue& value, const UnitPair& from, const UnitPair& to, double number) {
+    const CMFXUnitConvertor convertor;
+    if (value.unit == LengthUnitSymbol(from.m_nLengthUnit))
+        return convertor.ConversionFromOneUnitToAnother(number, QuantityLength, from.m_nLengthUnit,
+                                                        to.m_nLengthUnit);
+    if (value.unit == AngleUnitSymbol(from.m_nAngleUnit))
+        return convertor.ConversionFromOneUnitToAnother(number, QuantityAngle, from.m_nAngleUnit,
+                                                        to.m_nAngleUnit);
+    return number;
+}
+
+// Masses are compared in kilograms, whatever unit the rule keeps them in.
+double InKilograms(double number, int nMassUnit) {
+    return CMFXUnitConvertor().ConversionFromOneUnitToAnotherForMass(number, nMassUnit, MassKilogram);
+}
+
+void BringToUnits(RuleValue& value, const UnitPair& from, const UnitPair& to) {
+    double* pNumber = std::get_if<double>(&value.value);
+    if (!pNumber) return;
+    if (const int nMassUnit = FindMassUnit(value.unit)) {
+        *pNumber = InKilograms(*pNumber, nMassUnit);
+        value.unit = "kg";
+        return;
+    }
+    *pNumber = InUnits(value, from, to, *pNumber);
+    value.storedWithin = InUnits(value, from, to, value.storedWithin);
+    if (value.unit == LengthUnitSymbol(from.m_nLengthUnit))
+        value.unit = LengthUnitSymbol(to.m_nLengthUnit);
+    else if (value.unit == AngleUnitSymbol(from.m_nAngleUnit))
+        value.unit = AngleUnitSymbol(to.m_nAngleUnit);
+}
+
+RuleContent ContentOf(const CMfxRule& rule, const UnitPair& from, const UnitPair& to) {
+    RuleContent content{ToUtf8(rule.m_strDisplayName), rule.GetRuleId(), ListRuleValues(rule)};
+    for (RuleValue& value : content.values) BringToUnits(value, from, to);
+    return content;
+}
+
+// The rules of a document that the module recognised.
+std::vector<RuleContent> ContentsOf(const RuleDocument& document, const UnitPair& to) {
+    std::vector<RuleContent> contents;
+    for (const RuleDocument::Entry& entry : document.GetEntries())
+        if (entry.pRule) contents.push_back(ContentOf(*entry.pRule, document.GetUnits(), to));
+    return contents;
+}
+
+// A fresh rule for every rule of the document, in its order.
+std::vector<RuleContent> DefaultsFor(const RuleDocument& document, const RuleModule& module,
+                                     const UnitPair& to) {
+    const std::vector<RulePtr> fresh = module.CreateAllRules();
+    std::vector<RuleContent> contents;
+    for (const RuleDocument::Entry& entry : document.GetEntries())
+        for (const RulePtr& pRule : fresh)
+            if (entry.pRule && pRule->GetRuleId() == entry.pRule->GetRuleId())
+                contents.push_back(ContentOf(*pRule, UnitPair(), to));
+    return contents;
+}
+
+std::optional<RuleValue> FindPlace(const std::vector<RuleValue>& values, const RuleValue& place) {
+    const auto found = std::find_if(values.begin(), values.end(), [&](const RuleValue& value) {
+        return value.nRow == place.nRow && value.label == place.label && value.constraint == place.constraint;
+    });
+    return found != values.end() ? std::optional(*found) : std::nullopt;
+}
+
+// Stands for all values of a constraint or a rule that only one side has.
+RuleValue Whole(const std::string& what) {
+    return {"", "", 0, "", what};
+}
+
+// The constraints that only the first rule has; their values are not compared one by one.
+std::set<std::string> ConstraintsOnlyIn(const RuleContent& first, const RuleContent& second) {
+    std::set<std::string> constraints;
+    for (const RuleValue& value : first.values) constraints.insert(value.constraint);
+    for (const RuleValue& value : second.values) constraints.erase(value.constraint);
+    return constraints;
+}
+
+void CompareRules(const RuleContent& left, const RuleContent& right, std::vector<Difference>& differences) {
+    std::set<std::string> whole = ConstraintsOnlyIn(left, right);
+    for (const std::string& constraint : whole)
+        differences.push_back(
+            {left.name, left.nRuleId, constraint, "constraint", 0, Whole("present"), std::nullopt});
+    for (const std::string& constraint : ConstraintsOnlyIn(right, left)) {
+        differences.push_back(
+            {left.name, left.nRuleId, constraint, "constraint", 0, std::nullopt, Whole("present")});
+        whole.insert(constraint);
+    }
+    for (const RuleValue& value : left.values) {
+        const std::optional<RuleValue> other = FindPlace(right.values, value);
+        if (whole.count(value.constraint) == 0 && !(other && IsSameValue(value, *other)))
+            differences.push_back(
+                {left.name, left.nRuleId, value.constraint, value.label, value.nRow, value, other});
+    }
+    for (const RuleValue& value : right.values)
+        if (whole.count(value.constraint) == 0 && !FindPlace(left.values, value))
+            differences.push_back(
+                {left.name, left.nRuleId, value.constraint, value.label, value.nRow, std::nullopt, value});
+}
+
+// Rules are compared with the rule of the same kind and number: the second draft angle rule with the second
+// one.
+std::vector<Difference> Compare(const std::vector<RuleContent>& left, const std::vector<RuleContent>& right) {
+    const auto number = [](const std::vector<RuleContent>& contents) {
+        std::map<std::pair<int, int>, const RuleContent*> numbered;
+        std::map<int, int> counts;
+        for (const RuleContent& content : contents)
+            numbered[{content.nRuleId, ++counts[content.nRuleId]}] = &content;
+        return numbered;
+    };
+    const auto lefts = number(left), rights = number(right);
+    std::vector<Difference> differences;
+    for (const auto& [key, pContent] : lefts) {
+        const auto found = rights.find(key);
+        if (found != rights.end())
+            CompareRules(*pContent, *found->second, differences);
+        else
+            differences.push_back({pContent->name, key.first, "", "rule", 0, Whole("present"), std::nullopt});
+    }
+    for (const auto& [key, pContent] : rights)
+        if (lefts.count(key) == 0)
+            differences.push_back({pContent->name, key.first, "", "rule", 0, std::nullopt, Whole("present")});
+    return differences;
+}
+
+std::string PlaceText(const Difference& difference) {
+    return (difference.constraint.empty() ? "" : difference.constraint + ": ") + difference.label +
+           (difference.nRow ? ", row " + std::to_string(difference.nRow) : "");
+}
+
+void PrintTable(const std::vector<Difference>& differences, const std::string& left,
+                const std::string& right) {
+    using Align = TextTable::Align;
+    TextTable table({Align::Left, Align::Left, Align::Right, Align::Right});
+    table.Add({"rule", "value", left, right});
+    for (const Difference& difference : differences)
+        table.Add({difference.rule, PlaceText(difference),
+                   difference.left ? FormatRuleValue(*difference.left) : "(none)",
+                   difference.right ? FormatRuleValue(*difference.right) : "(none)"});
+    if (!differences.empty()) Print(table.Format(0));
+}
+
+Json TextOrNull(const std::string& text) {
+    return text.empty() ? Json(nullptr) : Json(text);
+}
+
+Json ToJson(const std::optional<RuleValue>& value) {
+    if (!value) return nullptr;
+    if (const double* pNumber = std::get_if<double>(&value->value)) return *pNumber;
+    return std::get<std::string>(value->value);
+}
+
+Json ToJson(const Difference& difference) {
+    const std::string unit = difference.left ? difference.left->unit : difference.right->unit;
+    Json json{{"rule", difference.rule}, {"ruleId", difference.nRuleId}};
+    json["constraint"] = TextOrNull(difference.constraint);
+    json["value"] = difference.label;
+    json["row"] = difference.nRow ? Json(difference.nRow) : Json(nullptr);
+    json["unit"] = TextOrNull(unit);
+    json["left"] = ToJson(difference.left);
+    json["right"] = ToJson(difference.right);
+    return json;
+}
+
+void PrintJson(const std::vector<Difference>& differences, const std::string& left,
+               const std::string& right) {
+    constexpr int kJsonVersion = 1;
+    Json json{{"version", kJsonVersion}, {"left", left}, {"right", right}, {"differences", Json::array()}};
+    for (const Difference& difference : differences) json["differences"].push_back(ToJson(difference));
+    Print(json.dump(2, ' ', false, Json::error_handler_t::replace) + "\n");
+}
+
+}  // namespace
+
+ExitCode DiffDocuments(const RuleModule& module, const DiffOptions& options) {
+    const CString& strRight = options.bDefaults ? options.strLeft : options.strRight;
+    const RuleDocument right(strRight, module);
+    const std::unique_ptr<RuleDocument> pLeft =
+        options.bDefaults ? nullptr : std::make_unique<RuleDocument>(options.strLeft, module);
+    const UnitPair units = pLeft ? pLeft->GetUnits() : right.GetUnits();
+
+    const std::vector<RuleContent> rightContents = ContentsOf(right, units);
+    const std::vector<RuleContent> leftContents =
+        pLeft ? ContentsOf(*pLeft, units) : DefaultsFor(right, module, units);
+    const std::vector<Difference> differences = Compare(leftContents, rightContents);
+
+    const std::string leftName = pLeft ? ToUtf8(options.strLeft) : "default";
+    if (options.bJson)
+        PrintJson(differences, leftName, ToUtf8(strRight));
+    else
+        PrintTable(differences, leftName, ToUtf8(strRight));
+    const bool bUnreadLeft = pLeft && PrintUnread(*pLeft);
+    const bool bUnread = PrintUnread(right) || bUnreadLeft;
+    return bUnread || !differences.empty() ? ExitCode::Findings : ExitCode::Done;
+}
