@@ -150,11 +150,13 @@ void PlainConversion(benchmark::State& state) {
     std::vector<std::vector<double>> lists(3 * kGroups);
     for (std::vector<double>& values : lists)
         for (int nBand = 0; nBand < kBands; ++nBand) values.push_back(nBand + 0.5);
-    double factor = 1 / 25.4;
+    double numerator = 10, denominator = 254;  // exact, as the converter's ratios
     for (auto _ : state) {
         for (std::vector<double>& values : lists)
-            for (double& value : values) value = value * factor;
-        factor = 1 / factor;
+            for (double& value : values) value = value * numerator / denominator;
+        std::swap(numerator, denominator);
+        benchmark::DoNotOptimize(numerator);
+        benchmark::DoNotOptimize(denominator);
         benchmark::ClobberMemory();
     }
 }

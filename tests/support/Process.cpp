@@ -36,11 +36,21 @@ ProcessResult RunProcess(const std::wstring& program, const std::vector<std::wst
     start.hStdOutput = OpenOutput(output.Path(L"out"));
     start.hStdError = OpenOutput(output.Path(L"err"));
     PROCESS_INFORMATION process{};
-    const BOOL bStarted = CreateProcessW(program.c_str(), commandLine.data(), nullptr, nullptr, TRUE, 0,
-                                         nullptr, workFolder.c_str(), &start, &process);
+    // Wine refuses about one start in two thousand for no fault of the program's.
+    constexpr int kTries = 5;
+    BOOL bStarted = FALSE;
+    DWORD dwError = 0;
+    for (int i = 0; i < kTries && !bStarted; ++i) {
+        if (i > 0) Sleep(200);
+        std::wstring ownCommandLine = commandLine;  // the call may write into it
+        bStarted = CreateProcessW(program.c_str(), ownCommandLine.data(), nullptr, nullptr, TRUE, 0, nullptr,
+                                  workFolder.c_str(), &start, &process);
+        dwError = GetLastError();
+    }
     CloseHandle(start.hStdOutput);
     CloseHandle(start.hStdError);
-    if (!bStarted) throw std::runtime_error(Utf8(program) + " does not start");
+    if (!bStarted)
+        throw std::runtime_error(Utf8(program) + " does not start: error " + std::to_string(dwError));
 
     ProcessResult result;
     result.bTimedOut = WaitForSingleObject(process.hProcess, dwTimeoutMs) != WAIT_OBJECT_0;
