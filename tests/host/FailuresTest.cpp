@@ -109,3 +109,14 @@ TEST_F(HostTest, NamesThePartOfTheInstallationThatIsMissing) {
             fs::rename(file + L".away", file);
         }
 }
+
+// Numbers that no enumerator has are kept as they are.
+TEST_F(HostTest, TakesAnyOperatorAndParameterType) {
+    const std::string row = R"(<Value Attribute1="0" Attribute2="9" Attribute3="3" Attribute4="2"/>)";
+    for (const std::string number : {"16", "-2147483648", "2147483647", "99999999999999999999"}) {
+        m_folder.Write(L"d.xml", Replaced(Document(row), "<Operator>3", "<Operator>" + number));
+        Run({L"convert", L"d.xml", L"--length", L"in"}, 0, HasSubstr("1 rule converted"), "");
+        m_folder.Write(L"d.xml", Replaced(Document(row), "<ParameterType>24", "<ParameterType>" + number));
+        Run({L"show", L"d.xml"}, 1, _, HasSubstr("ParameterType"));
+    }
+}
