@@ -52,7 +52,7 @@ void PrintReport(const FileReport& report) {
     if (!report.unreadable.empty()) return PrintError("mfxhost: " + report.unreadable + "\n");
     for (const Finding& finding : report.findings)
         Print(report.file + ":" + std::to_string(finding.nLine) + ": " + SeverityName(finding.severity) +
-              ": " + finding.rule + ": " + FormatFinding(finding) + "\n");
+              ": " + (finding.rule.empty() ? "" : finding.rule + ": ") + FormatFinding(finding) + "\n");
     if (report.nRules == 0) Print(report.file + ": there is no rule to check\n");
 }
 

@@ -3,7 +3,6 @@
 #include "MFXUnitConvertor.h"
 #include "RecordCheck.h"
 #include "RuleDocument.h"
-#include "RuleParameters.h"
 #include "RuleValues.h"
 #include "Text.h"
 #include "TextTable.h"
@@ -39,36 +38,24 @@ struct RuleContent {
     std::vector<RuleValue> values;
 };
 
-double InUnits(const RuleValue& value, const UnitPair& from, const UnitPair& to, double number) {
-    const CMFXUnitConvertor convertor;
-    if (value.unit == LengthUnitSymbol(from.m_nLengthUnit))
-        return convertor.ConversionFromOneUnitToAnother(number, QuantityLength, from.m_nLengthUnit,
-                                                        to.m_nLengthUnit);
-    if (value.unit == AngleUnitSymbol(from.m_nAngleUnit))
-        return convertor.ConversionFromOneUnitToAnother(number, QuantityAngle, from.m_nAngleUnit,
-                                                        to.m_nAngleUnit);
-    return number;
-}
-
-// Masses are compared in kilograms, whatever unit the rule keeps them in.
-double InKilograms(double number, int nMassUnit) {
-    return CMFXUnitConvertor().ConversionFromOneUnitToAnotherForMass(number, nMassUnit, MassKilogram);
-}
-
+// Lengths and angles in the units asked for, masses in kilograms, whatever unit the rule keeps them in.
 void BringToUnits(RuleValue& value, const UnitPair& from, const UnitPair& to) {
     double* pNumber = std::get_if<double>(&value.value);
     if (!pNumber) return;
+    const CMFXUnitConvertor convertor;
     if (const int nMassUnit = FindMassUnit(value.unit)) {
-        *pNumber = InKilograms(*pNumber, nMassUnit);
+        *pNumber = convertor.ConversionFromOneUnitToAnotherForMass(*pNumber, nMassUnit, MassKilogram);
         value.unit = "kg";
         return;
     }
-    *pNumber = InUnits(value, from, to, *pNumber);
-    value.storedWithin = InUnits(value, from, to, value.storedWithin);
-    if (value.unit == LengthUnitSymbol(from.m_nLengthUnit))
-        value.unit = LengthUnitSymbol(to.m_nLengthUnit);
-    else if (value.unit == AngleUnitSymbol(from.m_nAngleUnit))
-        value.unit = AngleUnitSymbol(to.m_nAngleUnit);
+    const bool bLength = value.unit == LengthUnitSymbol(from.m_nLengthUnit);
+    if (!bLength && value.unit != AngleUnitSymbol(from.m_nAngleUnit)) return;
+    for (double* p : {pNumber, &value.storedWithin})
+        *p = bLength ? convertor.ConversionFromOneUnitToAnother(*p, QuantityLength, from.m_nLengthUnit,
+                                                                to.m_nLengthUnit)
+                     : convertor.ConversionFromOneUnitToAnother(*p, QuantityAngle, from.m_nAngleUnit,
+                                                                to.m_nAngleUnit);
+    value.unit = bLength ? LengthUnitSymbol(to.m_nLengthUnit) : AngleUnitSymbol(to.m_nAngleUnit);
 }
 
 RuleContent ContentOf(const CMfxRule& rule, const UnitPair& from, const UnitPair& to) {

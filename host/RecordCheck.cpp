@@ -32,6 +32,8 @@ class RecordChecker {
             if (entry.pRule->FindParameterInArray(kThicknessMinId)) CheckOlderTable(*entry.pRecord);
             CheckMassUnit(entry);
         }
+        m_rule.clear();
+        m_nRuleId = 0;
         for (const MfxXMLNode& rule : m_document.FindNestedRules())
             Add(rule, "this rule stands inside another element, where it is not read");
         return std::move(m_findings);
@@ -186,12 +188,11 @@ class RecordChecker {
     }
 
     void CheckValues(const MfxXMLNode& parameter, const CMfxParamStorage& storage) {
-        const int nValues = storage.GetType() == TypeDouble ? storage.GetValues<double>().GetCount() : 0;
         const bool bLimit = m_nParamId == kThicknessMinId || m_nParamId == kThicknessMaxId;
         if (bLimit && CountValues(parameter) > 2)
             Add(parameter, "Value: a limit has one value, or a switch and one value");
         if (storage.GetType() == TypeTableRow) ForEachValue(parameter, &RecordChecker::CheckCells);
-        if (nValues > 0) ForEachValue(parameter, &RecordChecker::CheckReal);
+        if (storage.GetType() == TypeDouble) ForEachValue(parameter, &RecordChecker::CheckReal);
     }
 
     static long CountValues(const MfxXMLNode& parameter) {
