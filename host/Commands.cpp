@@ -42,6 +42,20 @@ UnitPair TargetUnits(const UnitPair& own, const ConvertOptions& options) {
     return units;
 }
 
+const RuleDocument::Entry& FindRule(const RuleDocument& document, const ConfigureOptions& options) {
+    for (const RuleDocument::Entry& entry : document.GetEntries())
+        if (entry.pRule && entry.pRule->GetRuleId() == options.nRuleId) return entry;
+    throw HostError(ExitCode::Usage, ToUtf8(options.strInput) + " has no rule " +
+                                         std::to_string(options.nRuleId) + "; mfxhost show tells the ids");
+}
+
+void CheckDisplay() {
+    const HWND hWindow =
+        CreateWindowW(L"STATIC", L"", WS_POPUP, 0, 0, 1, 1, nullptr, nullptr, nullptr, nullptr);
+    if (!hWindow) throw HostError(ExitCode::Missing, "there is no display on which a dialog can be shown");
+    DestroyWindow(hWindow);
+}
+
 }  // namespace
 
 ExitCode ListRules(const RuleModule& module) {
@@ -93,5 +107,24 @@ ExitCode ConvertDocument(const RuleModule& module, const ConvertOptions& options
     document.Save(strOutput);
     Print(ToUtf8(strOutput) + ": " + Count(document.GetEntries().size(), "rule") + " converted from " +
           UnitWords(from) + " to " + UnitWords(to) + "\n");
+    return ExitCode::Done;
+}
+
+ExitCode ConfigureDocument(const RuleModule& module, const ConfigureOptions& options) {
+    RuleDocument document(options.strInput, module);
+    const RuleDocument::Entry& entry = FindRule(document, options);
+    if (PrintUnread(document, options.nRuleId)) {
+        PrintError("mfxhost: " + ToUtf8(options.strInput) + " was not changed\n");
+        return ExitCode::Findings;
+    }
+    CheckDisplay();
+    const CString& strOutput = options.strOutput.IsEmpty() ? options.strInput : options.strOutput;
+    const std::string rule = ToUtf8(entry.pRule->m_strDisplayName);
+    if (!document.ConfigureRule(entry, module)) {
+        Print(rule + " was not changed\n");
+        return ExitCode::Done;
+    }
+    document.Save(strOutput);
+    Print(ToUtf8(strOutput) + ": " + rule + " changed\n");
     return ExitCode::Done;
 }

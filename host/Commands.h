@@ -28,3 +28,13 @@ struct ConvertOptions {
 // Converts a rule document to other units. Refuses, with Findings, a document of which it does not understand
 // everything: what it left alone would be taken for values in the new units.
 ExitCode ConvertDocument(const RuleModule& module, const ConvertOptions& options);
+
+struct ConfigureOptions {
+    CString strInput;
+    CString strOutput;  // empty: the input is replaced
+    int nRuleId = 0;
+};
+
+// Opens the dialog of the document's first rule with that id, and saves the document when the rule changed.
+// Refuses, with Findings, a rule that was not read completely: its dialog would drop the rest.
+ExitCode ConfigureDocument(const RuleModule& module, const ConfigureOptions& options);

@@ -1,5 +1,5 @@
-// mfxhost: lists, shows, checks, compares and converts rule documents with the rules module, without the CAD
-// system.
+// mfxhost: lists, shows, checks, compares, converts and edits rule documents with the rules module, without
+// the CAD system.
 
 #include "CheckCommand.h"
 #include "Commands.h"
@@ -45,7 +45,7 @@ CLI::Option* AddFile(CLI::App& cli, const char* name, std::string& path, const c
 // The library's own words for a wrong command line, but for those that would not help.
 std::string UsageError(const CLI::ParseError& error, const CLI::App& cli, int argc, const char* const* argv) {
     std::string reason = error.what();
-    if (argc <= 1) reason = "give a command: list, new, show, check, diff or convert";
+    if (argc <= 1) reason = "give a command: list, new, show, check, diff, convert or configure";
     if (cli.get_subcommands().empty() && argc > 1 && argv[1][0] != '-')
         reason = "\"" + std::string(argv[1]) + "\" is not a command";
     return reason + "; mfxhost --help tells the usage";
@@ -53,8 +53,9 @@ std::string UsageError(const CLI::ParseError& error, const CLI::App& cli, int ar
 
 // Reads the command line and runs the command it names.
 int Run(int argc, const char* const* argv) {
-    CLI::App cli("Lists, shows, checks, compares and converts rule documents of the sand casting rules.",
-                 "mfxhost");
+    CLI::App cli(
+        "Lists, shows, checks, compares, converts and edits rule documents of the sand casting rules.",
+        "mfxhost");
     cli.require_subcommand(1);
     cli.fallthrough();                       // --lang stands before or behind the command
     cli.allow_windows_style_options(false);  // "/file" is a file
@@ -138,6 +139,20 @@ int Run(int argc, const char* const* argv) {
     convert->add_option("--angle", options.angleUnit, "New angle unit: " + AngleUnitSymbols())
         ->type_name("UNIT");
     AddFile(*convert, "-o,--output", output, "File to write instead of FILE; replaces an existing one")
+        ->type_name("FILE");
+
+    ConfigureOptions configureOptions;
+    CLI::App* configure = add("configure", "Open the dialog of a rule and save what is changed in it",
+                              [&](const RuleModule& module) {
+                                  configureOptions.strInput = FromUtf8(path);
+                                  configureOptions.strOutput = FromUtf8(output);
+                                  return ConfigureDocument(module, configureOptions);
+                              });
+    AddFile(*configure, "FILE", path, "Rule document to read, and to replace unless -o is given")->required();
+    configure->add_option("--rule", configureOptions.nRuleId, "Id of the rule, as list and show print it")
+        ->type_name("ID")
+        ->required();
+    AddFile(*configure, "-o,--output", output, "File to write instead of FILE; replaces an existing one")
         ->type_name("FILE");
 
     try {

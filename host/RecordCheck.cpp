@@ -252,10 +252,10 @@ std::vector<Finding> CheckRecords(const RuleDocument& document) {
     return RecordChecker(document).Check();
 }
 
-bool PrintUnread(const RuleDocument& document) {
+bool PrintUnread(const RuleDocument& document, int nRuleId) {
     bool bPrinted = false;
     for (const Finding& finding : CheckRecords(document)) {
-        if (!finding.bUnread) continue;
+        if (!finding.bUnread || (nRuleId && finding.nRuleId != nRuleId)) continue;
         PrintError(document.Place(finding.nLine) + FormatFinding(finding) + "\n");
         bPrinted = true;
     }

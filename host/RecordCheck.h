@@ -8,5 +8,5 @@
 std::vector<Finding> CheckRecords(const RuleDocument& document);
 
 // Prints the findings about what a reader of the document does not get to see, a line each, to standard
-// error; false when there are none.
-bool PrintUnread(const RuleDocument& document);
+// error; false when there are none. With a rule id, those about such rules alone.
+bool PrintUnread(const RuleDocument& document, int nRuleId = 0);

@@ -143,6 +143,20 @@ void RuleDocument::ConvertUnits(const UnitPair& units, const RuleModule& module)
     pRoot->AddAttribute(L"AngleUnit", FormatInteger(units.m_nAngleUnit));
 }
 
+bool RuleDocument::ConfigureRule(const Entry& entry, const RuleModule& module) {
+    const WritingScope writing(module, *m_pXml);
+    CMfxRule& rule = *entry.pRule;
+    const auto update = [&] {
+        UpdateRecord(*entry.pRecord, *WriteRecord(rule));
+        return m_pXml->ToUtf8();
+    };
+    const std::string before = update();
+    rule.ConfigureRuleDialog();
+    const UnitPair chosen{rule.m_nLengthUnit, rule.m_nAngleUnit};
+    if (!(chosen == m_units)) rule.ConvertUnits(chosen, m_units);
+    return update() != before;
+}
+
 void RuleDocument::Save(const CString& strPath) const {
     ReplaceFileBytes(strPath, m_pXml->ToUtf8());
 }

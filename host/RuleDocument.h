@@ -41,6 +41,10 @@ class RuleDocument {
     // Converts every rule to other units and brings its record up to date.
     void ConvertUnits(const UnitPair& units, const RuleModule& module);
 
+    // Runs the dialog of one of the document's rules, then brings the rule back to the document's units and
+    // its record up to date. Whether anything changed.
+    bool ConfigureRule(const Entry& entry, const RuleModule& module);
+
     // "file:line: ", the line only where it is known.
     std::string Place(int nLine) const;
     int GetLine(const MfxXMLNode& element) const { return m_pXml->GetLine(element); }

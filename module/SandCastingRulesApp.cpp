@@ -116,3 +116,7 @@ const CString& LoadLocalizedString(UINT nStringId) {
 const CString& LoadDefaultLanguageString(UINT nStringId) {
     return g_pSandCastingRulesApp ? g_pSandCastingRulesApp->LoadDefaultLanguageString(nStringId) : kNoText;
 }
+
+const CString& GetHelpFilePath() {
+    return g_pSandCastingRulesApp ? g_pSandCastingRulesApp->m_strHelpPath : kNoText;
+}

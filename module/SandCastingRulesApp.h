@@ -56,3 +56,6 @@ extern CMFXSandCastingRulesApp* g_pSandCastingRulesApp;
 // The strings of the application object; empty while there is none.
 const CString& LoadLocalizedString(UINT nStringId);
 const CString& LoadDefaultLanguageString(UINT nStringId);
+
+// Full path of the help file; empty while there is no application object.
+const CString& GetHelpFilePath();

@@ -1,6 +1,13 @@
 /* Ids of the resource libraries. The numbers are shared with hosts and saved records: never change one. */
 #pragma once
 
+/* Length units in dialogs, in the order of the unit codes from 1 on */
+#define IDS_UNIT_MILLIMETRE 10000
+#define IDS_UNIT_CENTIMETRE 10001
+#define IDS_UNIT_INCH 10002
+#define IDS_UNIT_METRE 10003
+#define IDS_UNIT_FOOT 10004
+
 /* Unit labels in summaries, by unit code (codes: framework/MFXUnitConvertor.h) */
 #define IDS_SUMMARY_MODEL_UNIT 10005
 #define IDS_SUMMARY_MILLIMETRE 10006
@@ -19,6 +26,11 @@
 
 /* Rule records */
 #define IDS_UNKNOWN_PARAMETER_TYPE 10019
+
+/* Every rule dialog; the first two are loaded by framework/MFXRuleDlgBase.cpp */
+#define IDS_HELP_MISSING 10020 /* path of the help file */
+#define IDS_NOTHING_TO_EDIT 10021
+#define IDS_VALUE_IS_ZERO 10120
 
 /* The module */
 #define IDS_MODULE_NAME 10061
@@ -61,3 +73,6 @@
 #define IDS_VARIATION_RULE_NAME 29168
 #define IDS_VARIATION_SUMMARY 29169 /* value */
 #define IDS_VARIATION_DESCRIPTION 29170
+#define IDD_VARIATION 29164
+#define IDC_VARIATION_VALUE 29165
+#define IDC_VARIATION_LENGTH_UNIT 29166

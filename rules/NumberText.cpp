@@ -4,12 +4,6 @@
 
 #include <cmath>
 
-namespace {
-
-constexpr wchar_t kNumberCharacters[] = L".0123456789";
-
-}  // namespace
-
 bool IsNoUpperLimit(double value) {
     return std::fabs(value - NoUpperLimitValue) <= kTolerance;
 }

@@ -9,6 +9,9 @@ inline constexpr double kTolerance = 1e-6;
 // Upper bound of a size band without an upper limit. It is never converted between units.
 inline constexpr double NoUpperLimitValue = 1000000000.0;
 
+// What the text of a number is made of.
+inline constexpr wchar_t kNumberCharacters[] = L".0123456789";
+
 // Whether the number is NoUpperLimitValue within the tolerance.
 bool IsNoUpperLimit(double value);
 

@@ -7,6 +7,7 @@
 #include "RuleHeader.h"
 #include "RuleParameters.h"
 #include "RuleRecord.h"
+#include "SCWTVariationDlg.h"
 #include "SandCastingRulesApp.h"
 #include "resource.h"
 
@@ -91,6 +92,14 @@ void CMFXSCWTVariationRule::ConvertUnits(const UnitPair&, const UnitPair&) {
 
 bool CMFXSCWTVariationRule::AcceptRuleData(const CMfxData*) {
     return true;
+}
+
+void CMFXSCWTVariationRule::ConfigureRuleDialog() {
+    NoThrow([this] {
+        const ResourceSwitch resources;
+        CMFXSCWTVariationDlg(this, nullptr).DoModal();
+        UpdateVariationSummary();
+    });
 }
 
 int CMFXSCWTVariationRule::ExecuteAlternate(MFXICadSys*, const CMfxData*, MFXResultSet*, int) {

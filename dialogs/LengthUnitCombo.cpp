@@ -1,0 +1,31 @@
+#include "LengthUnitCombo.h"
+
+#include "MFXUnitConvertor.h"
+#include "SandCastingRulesApp.h"
+#include "resource.h"
+
+#include <iterator>
+
+namespace {
+
+// By unit code, from LengthMillimetre on.
+constexpr UINT kLabels[] = {IDS_UNIT_MILLIMETRE, IDS_UNIT_CENTIMETRE, IDS_UNIT_INCH, IDS_UNIT_METRE,
+                            IDS_UNIT_FOOT};
+static_assert(std::size(kLabels) == LengthFoot - LengthMillimetre + 1);
+
+}  // namespace
+
+void FillLengthUnits(CComboBox& combo) {
+    combo.ResetContent();
+    for (const UINT nLabel : kLabels) combo.AddString(LoadLocalizedString(nLabel));
+}
+
+void SelectLengthUnit(CComboBox& combo, int nLengthUnit) {
+    const bool bOffered = nLengthUnit >= LengthMillimetre && nLengthUnit <= LengthFoot;
+    combo.SetCurSel(bOffered ? nLengthUnit - LengthMillimetre : -1);
+}
+
+int GetSelectedLengthUnit(const CComboBox& combo) {
+    const int nSelected = combo.GetCurSel();
+    return nSelected < 0 ? 0 : nSelected + LengthMillimetre;
+}

@@ -1,0 +1,82 @@
+#include "PictureControl.h"
+
+#include "PixelScaling.h"
+
+#include <algorithm>
+
+namespace {
+
+BITMAPINFO HeaderOf(int nWidth, int nHeight) {
+    BITMAPINFO info{};
+    info.bmiHeader.biSize = sizeof info.bmiHeader;
+    info.bmiHeader.biWidth = nWidth;
+    info.bmiHeader.biHeight = -nHeight;  // rows from the top
+    info.bmiHeader.biPlanes = 1;
+    info.bmiHeader.biBitCount = 32;
+    return info;
+}
+
+CSize SizeOf(HBITMAP hBitmap) {
+    BITMAP bitmap{};
+    GetObjectW(hBitmap, sizeof bitmap, &bitmap);
+    return {bitmap.bmWidth, bitmap.bmHeight};
+}
+
+Pixels ReadPixels(HDC hDC, HBITMAP hBitmap) {
+    const CSize size = SizeOf(hBitmap);
+    Pixels pixels{size.cx, size.cy, std::vector<std::uint32_t>(static_cast<std::size_t>(size.cx * size.cy))};
+    BITMAPINFO info = HeaderOf(size.cx, size.cy);
+    GetDIBits(hDC, hBitmap, 0, static_cast<UINT>(size.cy), pixels.values.data(), &info, DIB_RGB_COLORS);
+    return pixels;
+}
+
+HBITMAP CreateBitmapOf(HDC hDC, const Pixels& pixels) {
+    const BITMAPINFO info = HeaderOf(pixels.nWidth, pixels.nHeight);
+    return CreateDIBitmap(hDC, &info.bmiHeader, CBM_INIT, pixels.values.data(), &info, DIB_RGB_COLORS);
+}
+
+// The largest size of the picture's proportions that fits.
+CSize FitInto(CSize picture, CSize room) {
+    const double scale =
+        std::min(static_cast<double>(room.cx) / picture.cx, static_cast<double>(room.cy) / picture.cy);
+    return {std::max(1, static_cast<int>(picture.cx * scale + 0.5)),
+            std::max(1, static_cast<int>(picture.cy * scale + 0.5))};
+}
+
+}  // namespace
+
+BEGIN_MESSAGE_MAP(PictureControl, CStatic)
+    ON_WM_PAINT()
+END_MESSAGE_MAP()
+
+void PictureControl::SetBitmap(HBITMAP hBitmap) {
+    m_bitmap.DeleteObject();
+    m_scaledSize = CSize(0, 0);
+    if (hBitmap) m_bitmap.Attach(hBitmap);
+    if (GetSafeHwnd()) Invalidate();
+}
+
+void PictureControl::ScaleTo(CSize size) {
+    if (size == m_scaledSize) return;
+    const HDC hScreen = ::GetDC(nullptr);
+    m_scaled.DeleteObject();
+    m_scaled.Attach(CreateBitmapOf(hScreen, ScalePixels(ReadPixels(hScreen, m_bitmap), size.cx, size.cy)));
+    ::ReleaseDC(nullptr, hScreen);
+    m_scaledSize = size;
+}
+
+void PictureControl::OnPaint() {
+    CPaintDC dc(this);
+    CRect room;
+    GetClientRect(&room);
+    dc.FillSolidRect(&room, GetSysColor(COLOR_3DFACE));
+    if (!m_bitmap.GetSafeHandle() || room.IsRectEmpty()) return;
+    const CSize size = FitInto(SizeOf(m_bitmap), room.Size());
+    ScaleTo(size);
+    CDC memory;
+    memory.CreateCompatibleDC(&dc);
+    CBitmap* const pPrevious = memory.SelectObject(&m_scaled);
+    dc.BitBlt((room.Width() - size.cx) / 2, (room.Height() - size.cy) / 2, size.cx, size.cy, &memory, 0, 0,
+              SRCCOPY);
+    memory.SelectObject(pPrevious);
+}

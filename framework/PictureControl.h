@@ -1,0 +1,24 @@
+#pragma once
+
+#include "MfxKitExport.h"
+
+#include <afxwin.h>
+
+// Shows the picture of a rule in its dialog: as large as the control allows, in the middle, its proportions
+// kept.
+class MFXKIT_API PictureControl : public CStatic {
+  public:
+    // Shows the bitmap, which the control owns from now on; null for none.
+    void SetBitmap(HBITMAP hBitmap);
+
+  protected:
+    afx_msg void OnPaint();
+    DECLARE_MESSAGE_MAP()
+
+  private:
+    void ScaleTo(CSize size);
+
+    CBitmap m_bitmap;
+    CBitmap m_scaled;  // as it was painted last
+    CSize m_scaledSize{0, 0};
+};

@@ -1,0 +1,70 @@
+#include "HostTest.h"
+#include "resource.h"
+
+#include <thread>
+
+using namespace testing;
+
+namespace {
+
+// Runs mfxhost and acts in the dialog that it opens, from outside as a screen reader would.
+class ConfigureTest : public HostTest {
+  protected:
+    ConfigureTest() { m_folder.Write(L"r.xml", m_folder.Read(Wide(MFX_SAMPLES "all-rules.xml"))); }
+
+    void Configure(const Arguments& more, void (*act)(HWND), const TextMatcher& out) {
+        Arguments arguments{L"configure", L"r.xml", L"--rule", L"19030", L"--lang", L"english"};
+        arguments.insert(arguments.end(), more.begin(), more.end());
+        std::thread user([act] {
+            HWND hDialog = nullptr;
+            for (int i = 0; i < 500 && !(hDialog = FindWindowW(L"#32770", L"Wall Thickness Variation")); ++i)
+                Sleep(20);
+            ASSERT_TRUE(hDialog);
+            while (!IsWindowVisible(hDialog)) Sleep(20);
+            act(hDialog);
+        });
+        Run(arguments, 0, out, "");
+        user.join();
+    }
+};
+
+void EnterSevenInches(HWND hDialog) {
+    SendDlgItemMessageW(hDialog, IDC_VARIATION_VALUE, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(L"7"));
+    SendDlgItemMessageW(hDialog, IDC_VARIATION_LENGTH_UNIT, CB_SETCURSEL, 2, 0);
+    PostMessageW(hDialog, WM_COMMAND, IDOK, 0);
+}
+
+void Cancel(HWND hDialog) {
+    PostMessageW(hDialog, WM_COMMAND, IDCANCEL, 0);
+}
+
+}  // namespace
+
+TEST_F(ConfigureTest, SavesWhatWasChangedAndNothingElse) {
+    const std::string before = m_folder.Read(L"r.xml");
+    Configure({L"-o", L"out.xml"}, EnterSevenInches, "out.xml: Wall Thickness Variation changed\n");
+    EXPECT_EQ(m_folder.Read(L"r.xml"), before);
+    Configure({}, EnterSevenInches, "r.xml: Wall Thickness Variation changed\n");
+    const std::string after = Replaced(Replaced(before, "<Value>25</Value>", "<Value>7</Value>"), "at most 25.0",
+                                       "at most 7.0");
+    EXPECT_EQ(m_folder.Read(L"r.xml"), after) << "the document stays in its units";
+    EXPECT_EQ(m_folder.Read(L"out.xml"), after);
+    Run({L"show", L"r.xml", L"--lang", L"english"}, 0, HasSubstr("Allowed variation  yes     7\n"), "");
+}
+
+TEST_F(ConfigureTest, WritesNothingWhenNothingChanged) {
+    const std::string before = m_folder.Read(L"r.xml");
+    for (const auto act : {Cancel, +[](HWND hDialog) { PostMessageW(hDialog, WM_COMMAND, IDOK, 0); }}) {
+        Configure({L"-o", L"out.xml"}, act, "Wall Thickness Variation was not changed\n");
+        EXPECT_THAT(m_folder.Names(), ElementsAre(L"r.xml"));
+        EXPECT_EQ(m_folder.Read(L"r.xml"), before);
+    }
+}
+
+TEST_F(ConfigureTest, RefusesWhatItCanNotEdit) {
+    const Arguments variation{L"configure", L"r.xml", L"--rule", L"19030"};
+    Run({L"configure", L"r.xml", L"--rule", L"7"}, 2, "", HasSubstr("r.xml has no rule 7; mfxhost show"));
+    Run({L"configure", L"r.xml"}, 2, "", HasSubstr("--rule"));
+    m_folder.Write(L"r.xml", Replaced(m_folder.Read(L"r.xml"), "<Value>25</Value>", "<Value>x</Value>"));
+    Run(variation, 1, "", AllOf(HasSubstr("\"x\" is not a number"), HasSubstr("r.xml was not changed")));
+}

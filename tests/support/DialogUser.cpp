@@ -1,0 +1,141 @@
+#include "DialogUser.h"
+
+#include <gtest/gtest.h>
+
+#include <vector>
+
+namespace {
+
+constexpr UINT kTickMs = 10;
+constexpr ULONGLONG kPatienceMs = 20'000;
+DialogUser* g_pUser = nullptr;
+
+BOOL CALLBACK TakeOpenDialog(HWND hWindow, LPARAM pFound) {
+    wchar_t szClass[16] = L"";
+    GetClassNameW(hWindow, szClass, static_cast<int>(std::size(szClass)));
+    if (CString(szClass) != L"#32770" || !IsWindowVisible(hWindow) || !IsWindowEnabled(hWindow)) return TRUE;
+    *reinterpret_cast<HWND*>(pFound) = hWindow;
+    return FALSE;
+}
+
+INPUT KeyInput(WORD wKey, WORD wScan, DWORD dwFlags) {
+    INPUT input{};
+    input.type = INPUT_KEYBOARD;
+    input.ki.wVk = wKey;
+    input.ki.wScan = wScan;
+    input.ki.dwFlags = dwFlags;
+    return input;
+}
+
+void Send(std::vector<INPUT> inputs) {
+    const auto nInputs = static_cast<UINT>(inputs.size());
+    EXPECT_EQ(SendInput(nInputs, inputs.data(), sizeof(INPUT)), nInputs);
+}
+
+}  // namespace
+
+// A timer's message comes only when the queue has nothing else, so each tick finds the dialog idle.
+DialogUser::DialogUser(const std::function<void(DialogUser&)>& act)
+    : m_act(act),
+      m_nTimer(SetTimer(nullptr, 0, kTickMs, OnTick)),
+      m_pLoop(ConvertThreadToFiber(nullptr)),
+      m_pActor(CreateFiber(0, OnFiber, this)) {
+    g_pUser = this;
+}
+
+DialogUser::~DialogUser() {
+    KillTimer(nullptr, m_nTimer);
+    while (m_hDialog && !m_bDone) SwitchToFiber(m_pActor);  // what act does after the dialog has closed
+    DeleteFiber(m_pActor);
+    ConvertFiberToThread();
+    g_pUser = nullptr;
+    EXPECT_TRUE(m_hDialog) << "no dialog came";
+}
+
+void CALLBACK DialogUser::OnTick(HWND, UINT, UINT_PTR, DWORD) {
+    if (g_pUser && GetCurrentFiber() == g_pUser->m_pLoop) g_pUser->Tick();
+}
+
+void DialogUser::Tick() {
+    if (!m_hDialog) Find();
+    if (!m_hDialog) return;
+    if (!m_bDone) {
+        SwitchToFiber(m_pActor);
+    } else if (IsOpen()) {
+        ADD_FAILURE() << "the dialog is still open";
+        PostMessageW(m_hDialog, WM_COMMAND, IDCANCEL, 0);
+    }
+    if (GetTickCount64() - m_nStart > kPatienceMs) {
+        ADD_FAILURE() << "the dialog takes too long";
+        std::fflush(stdout);
+        TerminateProcess(GetCurrentProcess(), 1);
+    }
+}
+
+void DialogUser::Find() {
+    EnumThreadWindows(GetCurrentThreadId(), TakeOpenDialog, reinterpret_cast<LPARAM>(&m_hDialog));
+    if (m_hDialog) SetForegroundWindow(m_hDialog);
+}
+
+void CALLBACK DialogUser::OnFiber(void* pUser) {
+    auto& user = *static_cast<DialogUser*>(pUser);
+    user.Idle();
+    user.m_act(user);
+    user.m_bDone = true;
+    for (;;) SwitchToFiber(user.m_pLoop);
+}
+
+void DialogUser::Idle() {
+    SwitchToFiber(m_pLoop);
+}
+
+CString DialogUser::TextOf(int nControlId) const {
+    CString strText;
+    const int nLength = GetWindowTextLengthW(Control(nControlId)) + 1;
+    GetWindowTextW(Control(nControlId), strText.GetBuffer(nLength), nLength);
+    strText.ReleaseBuffer();
+    return strText;
+}
+
+void DialogUser::Press(WORD wKey, WORD wHeldKey) {
+    std::vector<INPUT> inputs{KeyInput(wKey, 0, 0), KeyInput(wKey, 0, KEYEVENTF_KEYUP)};
+    if (wHeldKey) {
+        inputs.insert(inputs.begin(), KeyInput(wHeldKey, 0, 0));
+        inputs.push_back(KeyInput(wHeldKey, 0, KEYEVENTF_KEYUP));
+    }
+    Send(inputs);
+    Idle();
+}
+
+void DialogUser::Type(const CString& strText) {
+    for (int i = 0; i < strText.GetLength(); ++i) {
+        Send({KeyInput(0, strText[i], KEYEVENTF_UNICODE),
+              KeyInput(0, strText[i], KEYEVENTF_UNICODE | KEYEVENTF_KEYUP)});
+        Idle();
+    }
+}
+
+void DialogUser::ClickOn(int nControlId) {
+    RECT rect{};
+    GetWindowRect(Control(nControlId), &rect);
+    SetCursorPos((rect.left + rect.right) / 2, (rect.top + rect.bottom) / 2);
+    INPUT input{};
+    input.type = INPUT_MOUSE;
+    input.mi.dwFlags = MOUSEEVENTF_LEFTDOWN;
+    Send({input});
+    input.mi.dwFlags = MOUSEEVENTF_LEFTUP;
+    Send({input});
+    Idle();
+}
+
+void DialogUser::Enter(int nControlId, const CString& strText) {
+    SendMessageW(m_hDialog, WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(Control(nControlId)), TRUE);
+    SendMessageW(Control(nControlId), EM_SETSEL, 0, -1);
+    if (strText.IsEmpty()) Press(VK_DELETE);
+    Type(strText);
+}
+
+void RunDialog(const std::function<void()>& open, const std::function<void(DialogUser&)>& act) {
+    const DialogUser user(act);
+    open();
+}
