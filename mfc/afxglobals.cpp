@@ -25,6 +25,12 @@ HINSTANCE AfxGetInstanceHandle() {
     return app ? app->m_hInstance : ::GetModuleHandleW(nullptr);
 }
 
+CWnd* AfxGetMainWnd() {
+    const CWinApp* const app = AfxGetApp();
+    CWnd* const pMain = app ? app->m_pMainWnd : nullptr;
+    return pMain && pMain->GetSafeHwnd() ? pMain : CWnd::GetActiveWindow();
+}
+
 HINSTANCE AfxGetResourceHandle() {
     return g_hResource ? g_hResource : ::GetModuleHandleW(nullptr);
 }

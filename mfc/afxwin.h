@@ -2,12 +2,18 @@
 
 #include "afx.h"
 #include "afxcoll.h"
+#include "atltypes.h"
 #include "ccmdtarget.h"
+#include "cdc.h"
+#include "cwnd.h"
+#include "cdataexchange.h"
+#include "cdialog.h"
+#include "cbutton.h"
+#include "ccombobox.h"
+#include "cedit.h"
+#include "cstatic.h"
 #include "cwinthread.h"
 #include "cwinapp.h"
-
-// Marks a message handler for the reader.
-#define afx_msg
 
 // The process's application: the host's, also when called from a DLL with an application object of its own.
 // Null if the program has none.
@@ -15,6 +21,8 @@ MFX_MFC_API CWinApp* AfxGetApp();
 // Never null: without an application or a name it is the base name of the program's file.
 MFX_MFC_API LPCTSTR AfxGetAppName();
 MFX_MFC_API HINSTANCE AfxGetInstanceHandle();
+// The application's m_pMainWnd if it has a window, else the thread's active window or null.
+MFX_MFC_API CWnd* AfxGetMainWnd();
 
 // Where strings, dialogs and bitmaps are loaded from. One handle for the whole process; it starts as the
 // program's, and null sets it back to that.

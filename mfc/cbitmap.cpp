@@ -1,0 +1,12 @@
+#include "cbitmap.h"
+
+#include "afxwin.h"
+#include "temporaries.h"
+
+BOOL CBitmap::LoadBitmap(LPCTSTR lpszResourceName) {
+    return Attach(::LoadBitmapW(AfxGetResourceHandle(), lpszResourceName));
+}
+
+CBitmap* CBitmap::FromHandle(HBITMAP hBitmap) {
+    return mfx::CTemporaries::Get<CBitmap, &CBitmap::m_hObject>(hBitmap);
+}

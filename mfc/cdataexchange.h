@@ -1,0 +1,23 @@
+#pragma once
+
+#include "cwnd.h"
+
+// One exchange between a window's controls and its object's members.
+class MFX_MFC_API CDataExchange {
+  public:
+    CDataExchange(CWnd* pDlgWnd, BOOL bSaveAndValidate);
+
+    // Null if there is no such control.
+    HWND PrepareCtrl(int nIDC);
+    HWND PrepareEditCtrl(int nIDC) { return PrepareCtrl(nIDC); }
+
+    BOOL m_bSaveAndValidate;  // TRUE from controls to members
+    CWnd* m_pDlgWnd;
+};
+
+// Subclasses the control at the first exchange. This and the following leave a member as it is where there is
+// no such control, so that the others get theirs; GetSafeHwnd of rControl then stays null.
+MFX_MFC_API void DDX_Control(CDataExchange* pDX, int nIDC, CWnd& rControl);
+MFX_MFC_API void DDX_Text(CDataExchange* pDX, int nIDC, CString& value);
+MFX_MFC_API void DDX_CBIndex(CDataExchange* pDX, int nIDC, int& index);
+MFX_MFC_API void DDX_Check(CDataExchange* pDX, int nIDC, int& value);

@@ -1,0 +1,15 @@
+#pragma once
+
+#include "cwnd.h"
+
+class MFX_MFC_API CStatic : public CWnd {
+  public:
+    CStatic() = default;
+
+    virtual BOOL Create(LPCTSTR lpszText, DWORD dwStyle, const RECT& rect, CWnd* pParentWnd,
+                        UINT nID = 0xffff);
+
+    // The bitmap stays the caller's; returns the previous one.
+    HBITMAP SetBitmap(HBITMAP hBitmap);
+    HBITMAP GetBitmap() const;
+};

@@ -1,0 +1,153 @@
+#include <utility>
+
+#include "cwnd.h"
+#include "guarded.h"
+#include "windowmap.h"
+
+namespace {
+
+thread_local const MSG* t_pCurrentMessage = nullptr;
+
+// Makes a message the current one while it is handled; messages nest.
+class CCurrentMessage {
+  public:
+    explicit CCurrentMessage(const MSG& msg) : m_pPrevious(std::exchange(t_pCurrentMessage, &msg)) {}
+    ~CCurrentMessage() { t_pCurrentMessage = m_pPrevious; }
+    CCurrentMessage(const CCurrentMessage&) = delete;
+    CCurrentMessage& operator=(const CCurrentMessage&) = delete;
+
+  private:
+    const MSG* m_pPrevious;
+};
+
+UINT NotificationCode(const MSG& msg) {
+    if (msg.message == WM_NOTIFY) return mfx::LParam<const NMHDR*>(msg)->code;
+    return msg.lParam ? HIWORD(msg.wParam) : 0;  // without a control it is a menu or an accelerator
+}
+
+const AFX_MSGMAP_ENTRY* FindEntry(const AFX_MSGMAP* map, UINT message, UINT code, UINT id) {
+    for (; map; map = map->pBaseMap)
+        for (const AFX_MSGMAP_ENTRY* entry = map->pEntries; entry->pfnCall; ++entry)
+            if (entry->nMessage == message && entry->nCode == code && entry->nID == id) return entry;
+    return nullptr;
+}
+
+// Messages that one handler takes together.
+UINT MapMessage(UINT message) {
+    return message > WM_CTLCOLORMSGBOX && message <= WM_CTLCOLORSTATIC ? WM_CTLCOLORMSGBOX : message;
+}
+
+}  // namespace
+
+CWnd* mfx::WParamWnd(const MSG& msg) {
+    return CWnd::FromHandle(WParam<HWND>(msg));
+}
+
+CWnd* mfx::LParamWnd(const MSG& msg) {
+    return CWnd::FromHandle(LParam<HWND>(msg));
+}
+
+CScrollBar* mfx::LParamScrollBar(const MSG& msg) {
+    return static_cast<CScrollBar*>(LParamWnd(msg));
+}
+
+CDC* mfx::WParamDC(const MSG& msg) {
+    return CDC::FromHandle(WParam<HDC>(msg));
+}
+
+UINT mfx::ControlKind(const MSG& msg) {
+    return msg.message - WM_CTLCOLORMSGBOX;
+}
+
+const AFX_MSGMAP* CWnd::GetMessageMap() const {
+    return GetThisMessageMap();
+}
+
+const AFX_MSGMAP* CWnd::GetThisMessageMap() {
+    static const AFX_MSGMAP_ENTRY noEntries{};
+    static const AFX_MSGMAP map{nullptr, &noEntries};
+    return &map;
+}
+
+// The object is looked up once and not used any more after WindowProc, where it may have been deleted.
+LRESULT CALLBACK CWnd::OnMessage(HWND hWnd, UINT message, WPARAM wParam, LPARAM lParam) noexcept {
+    const MSG msg{hWnd, message, wParam, lParam, 0, {}};
+    const CCurrentMessage current(msg);
+    const LRESULT result = mfx::Guarded(msg, [&] {
+        CWnd* const pWnd = FromHandlePermanent(hWnd);
+        return pWnd ? pWnd->WindowProc(message, wParam, lParam)
+                    : CallOwnProcedure(hWnd, message, wParam, lParam);
+    });
+    if (message == WM_NCDESTROY) mfx::Guarded(msg, [&] { return ForgetDestroyed(hWnd), 0; });
+    return result;
+}
+
+void CWnd::ForgetDestroyed(HWND hWnd) {
+    CWnd* const pWnd = FromHandlePermanent(hWnd);
+    mfx::WindowMap().erase(hWnd);
+    if (!pWnd) return;
+    pWnd->m_hWnd = nullptr;
+    pWnd->PostNcDestroy();
+}
+
+LRESULT CWnd::CallOwnProcedure(HWND hWnd, UINT message, WPARAM wParam, LPARAM lParam) {
+    const auto it = mfx::WindowMap().find(hWnd);
+    if (it == mfx::WindowMap().end() || !it->second.pfnOwn)
+        return ::DefWindowProcW(hWnd, message, wParam, lParam);
+    return ::CallWindowProcW(it->second.pfnOwn, hWnd, message, wParam, lParam);
+}
+
+LRESULT CWnd::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
+    LRESULT result = 0;
+    return OnWndMsg(message, wParam, lParam, &result) ? result : DefWindowProc(message, wParam, lParam);
+}
+
+LRESULT CWnd::DefWindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
+    return CallOwnProcedure(m_hWnd, message, wParam, lParam);
+}
+
+LRESULT CWnd::Default() {
+    const MSG& msg = *GetCurrentMessage();
+    return DefWindowProc(msg.message, msg.wParam, msg.lParam);
+}
+
+const MSG* CWnd::GetCurrentMessage() {
+    return t_pCurrentMessage;
+}
+
+BOOL CWnd::OnWndMsg(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* pResult) {
+    if (message == WM_COMMAND) return OnCommand(wParam, lParam);
+    if (message == WM_NOTIFY) return OnNotify(wParam, lParam, pResult);
+    return CallHandler({m_hWnd, message, wParam, lParam, 0, {}}, MapMessage(message), 0, 0, pResult);
+}
+
+BOOL CWnd::CallHandler(const MSG& msg, UINT nMapMessage, UINT nCode, UINT nID, LRESULT* pResult) {
+    const AFX_MSGMAP_ENTRY* const entry = FindEntry(GetMessageMap(), nMapMessage, nCode, nID);
+    if (!entry) return FALSE;
+    const LRESULT result = entry->pfnCall(*this, msg);
+    if (pResult) *pResult = result;
+    return TRUE;
+}
+
+BOOL CWnd::OnCommand(WPARAM wParam, LPARAM lParam) {
+    const MSG msg{m_hWnd, WM_COMMAND, wParam, lParam, 0, {}};
+    return OfferToControl(reinterpret_cast<HWND>(lParam), msg, nullptr) ||
+           CallHandler(msg, WM_COMMAND, NotificationCode(msg), LOWORD(wParam), nullptr);
+}
+
+BOOL CWnd::OnNotify(WPARAM wParam, LPARAM lParam, LRESULT* pResult) {
+    const MSG msg{m_hWnd, WM_NOTIFY, wParam, lParam, 0, {}};
+    const NMHDR& header = *mfx::LParam<const NMHDR*>(msg);
+    return OfferToControl(header.hwndFrom, msg, pResult) ||
+           CallHandler(msg, WM_NOTIFY, header.code, static_cast<UINT>(header.idFrom), pResult);
+}
+
+BOOL CWnd::OfferToControl(HWND hControl, const MSG& msg, LRESULT* pResult) {
+    CWnd* const pControl = FromHandlePermanent(hControl);
+    return pControl && pControl->OnChildNotify(msg.message, msg.wParam, msg.lParam, pResult);
+}
+
+BOOL CWnd::OnChildNotify(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* pResult) {
+    const MSG msg{m_hWnd, message, wParam, lParam, 0, {}};
+    return CallHandler(msg, mfx::kReflected + message, NotificationCode(msg), 0, pResult);
+}
