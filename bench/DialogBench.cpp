@@ -67,7 +67,8 @@ INT_PTR CALLBACK BareProcedure(HWND hDialog, UINT nMessage, WPARAM wParam, LPARA
 }
 
 void OpenBareDialog(benchmark::State& state) {
-    const HINSTANCE hLibrary = LoadLibraryW(CLocationHelper::GetDefaultResPath() + L"\\MFXSandCastingRulesResu.dll");
+    const HINSTANCE hLibrary =
+        LoadLibraryW(CLocationHelper::GetDefaultResPath() + L"\\MFXSandCastingRulesResu.dll");
     TimeToIdle(state, [hLibrary](HWND hOwner) {
         DialogBoxParamW(hLibrary, MAKEINTRESOURCEW(IDD_VARIATION), hOwner, BareProcedure,
                         reinterpret_cast<LPARAM>(hLibrary));
@@ -82,17 +83,20 @@ void OpenRuleDialog(benchmark::State& state) {
             TimeToIdle(state, [&](HWND) { pRule->ConfigureRuleDialog(); });
 }
 
+void Register(const char* name, void (*function)(benchmark::State&)) {
+    benchmark::RegisterBenchmark(name, function)
+        ->UseManualTime()
+        ->Unit(benchmark::kMicrosecond)
+        ->Repetitions(7)
+        ->ReportAggregatesOnly();
+}
+
 }  // namespace
 
 int wmain(int argc, wchar_t** argv) {
     InstallCrashReport();
     AfxWinInit(GetModuleHandleW(nullptr), nullptr, GetCommandLineW(), 0);
-    for (const auto& [name, function] :
-         {std::pair{"open dialog/reference", OpenBareDialog}, {"open dialog/subject", OpenRuleDialog}})
-        benchmark::RegisterBenchmark(name, function)
-            ->UseManualTime()
-            ->Unit(benchmark::kMicrosecond)
-            ->Repetitions(7)
-            ->ReportAggregatesOnly();
+    Register("open dialog/reference", OpenBareDialog);
+    Register("open dialog/subject", OpenRuleDialog);
     return RunWithRatios(argc, argv);
 }

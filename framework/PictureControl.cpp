@@ -47,6 +47,7 @@ CSize FitInto(CSize picture, CSize room) {
 
 BEGIN_MESSAGE_MAP(PictureControl, CStatic)
     ON_WM_PAINT()
+    ON_WM_SIZE()
 END_MESSAGE_MAP()
 
 void PictureControl::SetBitmap(HBITMAP hBitmap) {
@@ -76,7 +77,12 @@ void PictureControl::OnPaint() {
     CDC memory;
     memory.CreateCompatibleDC(&dc);
     CBitmap* const pPrevious = memory.SelectObject(&m_scaled);
-    dc.BitBlt((room.Width() - size.cx) / 2, (room.Height() - size.cy) / 2, size.cx, size.cy, &memory, 0, 0,
-              SRCCOPY);
+    dc.StretchBlt((room.Width() - size.cx) / 2, (room.Height() - size.cy) / 2, size.cx, size.cy, &memory, 0,
+                  0, size.cx, size.cy, SRCCOPY);
     memory.SelectObject(pPrevious);
+}
+
+void PictureControl::OnSize(UINT nType, int cx, int cy) {
+    CStatic::OnSize(nType, cx, cy);
+    Invalidate();  // the picture is another one all over
 }

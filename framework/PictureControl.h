@@ -13,6 +13,7 @@ class MFXKIT_API PictureControl : public CStatic {
 
   protected:
     afx_msg void OnPaint();
+    afx_msg void OnSize(UINT nType, int cx, int cy);
     DECLARE_MESSAGE_MAP()
 
   private:

@@ -51,7 +51,11 @@ TEST_F(SCWTVariationDlgTest, ClosesByKeysAndClicks) {
         {[](DialogUser& user) { user.ClickOn(IDOK); }, true},
         {[](DialogUser& user) { user.Press(VK_ESCAPE); }, false},
         {[](DialogUser& user) { user.ClickOn(IDCANCEL); }, false},
-        {[](DialogUser& user) { SendMessageW(user.Window(), WM_SYSCOMMAND, SC_CLOSE, 0); }, false},
+        {[](DialogUser& user) {
+             PostMessageW(user.Window(), WM_SYSCOMMAND, SC_CLOSE, 0);
+             user.Idle();
+         },
+         false},
     };
     for (const auto& [close, bStores] : kWays) {
         Values()[0] = 1.0;

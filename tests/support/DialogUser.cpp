@@ -45,7 +45,7 @@ DialogUser::DialogUser(const std::function<void(DialogUser&)>& act)
 
 DialogUser::~DialogUser() {
     KillTimer(nullptr, m_nTimer);
-    while (m_hDialog && !m_bDone) SwitchToFiber(m_pActor);  // what act does after the dialog has closed
+    while (m_hDialog && !m_bDone) Act();  // what act does after the dialog has closed
     DeleteFiber(m_pActor);
     ConvertFiberToThread();
     g_pUser = nullptr;
@@ -53,14 +53,14 @@ DialogUser::~DialogUser() {
 }
 
 void CALLBACK DialogUser::OnTick(HWND, UINT, UINT_PTR, DWORD) {
-    if (g_pUser && GetCurrentFiber() == g_pUser->m_pLoop) g_pUser->Tick();
+    if (g_pUser && !g_pUser->m_bActing) g_pUser->Tick();
 }
 
 void DialogUser::Tick() {
     if (!m_hDialog) Find();
     if (!m_hDialog) return;
     if (!m_bDone) {
-        SwitchToFiber(m_pActor);
+        Act();
     } else if (IsOpen()) {
         ADD_FAILURE() << "the dialog is still open";
         PostMessageW(m_hDialog, WM_COMMAND, IDCANCEL, 0);
@@ -70,6 +70,13 @@ void DialogUser::Tick() {
         std::fflush(stdout);
         TerminateProcess(GetCurrentProcess(), 1);
     }
+}
+
+// Ticks also come while act is at work, in the loop of a message box that it made come.
+void DialogUser::Act() {
+    m_bActing = true;
+    SwitchToFiber(m_pActor);
+    m_bActing = false;
 }
 
 void DialogUser::Find() {

@@ -32,6 +32,7 @@ class DialogUser {
     static void CALLBACK OnTick(HWND, UINT, UINT_PTR, DWORD);
     static void CALLBACK OnFiber(void* pUser);
     void Tick();
+    void Act();
     void Find();
 
     const std::function<void(DialogUser&)>& m_act;
@@ -40,6 +41,7 @@ class DialogUser {
     ULONGLONG m_nStart = GetTickCount64();
     void* m_pLoop;   // fiber of the dialog's message loop
     void* m_pActor;  // fiber of act
+    bool m_bActing = false;
     bool m_bDone = false;
 };
 

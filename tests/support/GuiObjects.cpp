@@ -21,8 +21,9 @@ int CountTableOfDrawingObjects() {
     };
     constexpr int kEntries = 16'384;
     constexpr int kTableOffset = 0xF8;
-    const auto* const pProcess = reinterpret_cast<const std::byte*>(__readgsqword(0x60));
-    const auto* const pTable = *reinterpret_cast<const Entry* const*>(pProcess + kTableOffset);
+    const auto getProcess = reinterpret_cast<const char* (*)()>(
+        reinterpret_cast<void (*)()>(GetProcAddress(GetModuleHandleW(L"ntdll.dll"), "RtlGetCurrentPeb")));
+    const auto* const pTable = *reinterpret_cast<const Entry* const*>(getProcess() + kTableOffset);
     int nObjects = 0;
     for (int i = 0; pTable && i < kEntries; ++i) nObjects += pTable[i].type != 0;
     return nObjects;
