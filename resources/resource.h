@@ -32,6 +32,11 @@
 #define IDS_NOTHING_TO_EDIT 10021
 #define IDS_VALUE_IS_ZERO 10120
 
+/* Grids of the rule dialogs */
+#define IDS_MAXIMUM_BELOW_MINIMUM 10107
+#define IDS_ALREADY_IN_TABLE 10108 /* follows a name and a blank */
+#define IDS_DEFAULT 10133 /* also the placeholder in the list of material groups */
+
 /* The module */
 #define IDS_MODULE_NAME 10061
 #define IDS_MODULE_SUMMARY 10062
@@ -60,6 +65,8 @@
 #define IDS_SIZE_WEIGHT_SIZE_MAX 29120
 #define IDS_SIZE_WEIGHT_WEIGHT_MIN 29121
 #define IDS_SIZE_WEIGHT_WEIGHT_MAX 29122
+
+#define IDC_SIZE_WEIGHT_BANDS 29114
 
 /* Mass units; records store the label, so it is the same in every language */
 #define IDS_MASS_TONNE 29100

@@ -1,0 +1,24 @@
+#pragma once
+
+#include <afx.h>
+
+class CMFXListCtrl;
+
+// What the size-and-weight grids tell their dialog.
+enum GridNotification {
+    GridGroupSelected = 100,  // a group was selected by click or key; its name
+    GridCellCommitted = 101,  // a cell of the band grid was committed; its text
+    GridGroupNamed = 103,     // a group's name was chosen
+};
+
+// A dialog with such grids.
+class IGridParent {
+  public:
+    virtual void OnGridNotify(const CString& strText, int nCode) = 0;
+
+    // Asks for the material groups that the grid offers; called when it has none.
+    virtual void SupplyMaterialGroups(CMFXListCtrl& grid) = 0;
+
+  protected:
+    ~IGridParent() = default;
+};

@@ -1,0 +1,86 @@
+#pragma once
+
+#include "DoubleEditEx.h"
+
+#include <afxcmn.h>
+
+#include <vector>
+
+// Report-style list view whose cells are edited in place: a text box or a drop-down list floats over one cell
+// at a time. Cells hold text. The editors are made when they are first needed and only hidden afterwards:
+// cell editing counts as active from then on, and ending it again writes the hidden editor's text again, on
+// purpose. Whoever refills the grid calls ForgetEditedCell first, so that no old text is written over new.
+class CMFXListCtrl : public CListCtrl {
+  public:
+    // Shows the text editor over a cell, its text selected. The limit of the first editing stays in force for
+    // all. A cell that the grid does not show gets no editor.
+    void BeginCellEdit(int nRow, int nCol, int nTextLimit);
+    // Hides the text editor and writes its text into the cell; FALSE when there never was one.
+    BOOL EndCellEdit(CString& strText);
+    // Hide an editor without writing; FALSE when there never was one.
+    BOOL CancelCellEdit();
+    BOOL CancelComboEdit();
+    // Whether a cell has been edited since the grid was made.
+    BOOL IsCellEditActive() const;
+
+    // Shows the drop-down list over a cell, filled with the combo items.
+    void BeginComboEdit(int nRow, int nCol, int nTextLimit);
+    // Hides the drop-down list and writes the choice into the cell. FALSE when there never was one, or, after
+    // a message of the choice and the given text, when another row has the choice in column 0.
+    BOOL EndComboEdit(CString& strText, const CString& strDuplicateMessage);
+
+    void SetCellText(int nRow, int nCol, const CString& strText);
+    void InsertRowText(int nRow, const CString& strText);
+
+    // The cell edited last, -1 for none.
+    int GetEditRow() const { return m_nEditRow; }
+    int GetEditCol() const { return m_nEditCol; }
+    void ForgetEditedCell();
+
+    void SetComboItems(const std::vector<CString>& items);
+    BOOL IsValueInFirstColumn(const CString& strText) const;
+
+    // Ends editing of a minimum (column 1) or maximum (column 2): what is no number, or contradicts the other
+    // of the row, is emptied.
+    void CommitNumericCell(int nRow, int nCol);
+    // FALSE, after a message, when the row's maximum is below its minimum.
+    BOOL CheckMinMaxCells(int nRow, int nCol);
+
+    // Keys while a cell is edited; TRUE when the message is consumed. The dialog offers every message.
+    BOOL HandleKeyDown(MSG* pMsg);
+    // Blanks the selected rows; their number stays, since the dialogs' tables have a fixed length.
+    BOOL DeleteSelectedRows();
+
+  protected:
+    static constexpr int kTextLimit = 260;
+
+    afx_msg void OnVScroll(UINT nSBCode, UINT nPos, CScrollBar* pScrollBar);
+    DECLARE_MESSAGE_MAP()
+
+    // Creates the columns unless there are some; all but the first can be edited by keyboard. Widths in
+    // pixels at 96 dpi, the last one for all further columns.
+    void CreateColumns(const std::vector<CString>& headers, const std::vector<int>& widths, int nFormat);
+    // Commits the cell, then edits another one if asked to.
+    BOOL CommitAndMove(int nRows, int nCols, bool bMove = true);
+    struct Cell {
+        int nRow, nCol;  // -1 for none
+    };
+    Cell FindCell(CPoint point) const;  // at a point of the client area
+    bool IsEditorVisible() const;
+    // The row that is selected, the first of several; -1 for none.
+    int GetSelectedRow() const;
+
+    int m_nFirstEditCol = 0;  // columns that the keyboard moves the editor to
+    int m_nLastEditCol = 0;
+    std::vector<CString> m_vecComboItems;
+    CDoubleEditEx m_editCell;
+    CComboBox m_comboCell;
+    int m_nEditRow = -1;
+    int m_nEditCol = -1;
+    CString m_strEditStartText;
+
+  private:
+    int ScaleForDpi(int nPixels) const;
+    bool GetEditorRect(int nRow, int nCol, CRect& rect);
+    void Record(int nRow, int nCol, const CString& strText);
+};

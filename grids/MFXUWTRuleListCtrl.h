@@ -1,0 +1,29 @@
+#pragma once
+
+#include "MFXListCtrl.h"
+
+#include <map>
+
+// Grid of the uniform thickness dialog: material, smallest and largest wall thickness.
+class CMFXUWTRuleListCtrl : public CMFXListCtrl {
+  public:
+    void InitColumns(const std::vector<CString>& headers);
+
+    // The limits that choosing a material brings; of a name given twice the first ones count.
+    void SetMaterialDefaults(const std::vector<CString>& names, const std::vector<CString>& minimums,
+                             const std::vector<CString>& maximums);
+
+    BOOL HandleKeyDown(MSG* pMsg);
+
+  protected:
+    afx_msg void OnLButtonDown(UINT nFlags, CPoint point);
+    afx_msg void OnLButtonDblClk(UINT nFlags, CPoint point);
+    DECLARE_MESSAGE_MAP()
+
+  private:
+    BOOL CommitEditedCell();
+    void CommitMaterial();
+
+    std::map<CString, CString> m_mapMaterialMin;
+    std::map<CString, CString> m_mapMaterialMax;
+};

@@ -1,0 +1,38 @@
+#pragma once
+
+#include "GridParent.h"
+#include "MFXListCtrl.h"
+
+// Grids of the size-and-weight dialog: the list of material groups, one column, and the bands of a group
+// (control 29114), a narrow blank column and five numbers. The dialog may be an IGridParent.
+class CMFXWTBasedOnSizeAndWeightListCtrl : public CMFXListCtrl {
+  public:
+    void InitGroupColumns(const std::vector<CString>& headers);
+    void InitBandColumns(const std::vector<CString>& headers);
+
+    // Ends editing of a number: what is none is emptied.
+    void CommitCell(int nRow, int nCol);
+
+    BOOL HandleKeyDown(MSG* pMsg);
+
+    // The cell under the last left click, -1 for none.
+    int GetLastHitRow() const { return m_nLastHitRow; }
+    int GetLastHitCol() const { return m_nLastHitCol; }
+
+  protected:
+    afx_msg void OnLButtonDown(UINT nFlags, CPoint point);
+    afx_msg void OnLButtonDblClk(UINT nFlags, CPoint point);
+    afx_msg void OnKeyDown(UINT nChar, UINT nRepCnt, UINT nFlags);
+    DECLARE_MESSAGE_MAP()
+
+  private:
+    bool IsBandGrid() const;
+    bool CanEdit(const Cell& cell) const;
+    CString CommitEditedCell();
+    void Notify(const CString& strText, GridNotification code);
+    void NotifyOfSelection(int nRowBefore);
+    IGridParent* FindGridParent() const;
+
+    int m_nLastHitRow = -1;
+    int m_nLastHitCol = -1;
+};
