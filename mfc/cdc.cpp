@@ -31,10 +31,6 @@ CBitmap* CDC::SelectObject(CBitmap* pBitmap) {
     return CBitmap::FromHandle(static_cast<HBITMAP>(::SelectObject(m_hDC, pBitmap->GetSafeHandle())));
 }
 
-CFont* CDC::SelectObject(CFont* pFont) {
-    return CFont::FromHandle(static_cast<HFONT>(::SelectObject(m_hDC, pFont->GetSafeHandle())));
-}
-
 BOOL CDC::StretchBlt(int x, int y, int nWidth, int nHeight, CDC* pSrcDC, int xSrc, int ySrc, int nSrcWidth,
                      int nSrcHeight, DWORD dwRop) {
     return ::StretchBlt(m_hDC, x, y, nWidth, nHeight, pSrcDC->m_hDC, xSrc, ySrc, nSrcWidth, nSrcHeight,
@@ -47,7 +43,7 @@ void CDC::FillSolidRect(LPCRECT lpRect, COLORREF clr) {
 }
 
 CDC* CDC::FromHandle(HDC hDC) {
-    return mfx::CTemporaries::Get<CDC, &CDC::m_hDC>(hDC);
+    return mfx::TemporaryFor<CDC, &CDC::m_hDC>(hDC);
 }
 
 CPaintDC::CPaintDC(CWnd* pWnd) : m_hWnd(pWnd->GetSafeHwnd()) {

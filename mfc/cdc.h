@@ -21,7 +21,6 @@ class MFX_MFC_API CDC : public CObject {
     // What was selected before, as a temporary object; null on failure. Select it again before the object at
     // hand or this context is deleted.
     CBitmap* SelectObject(CBitmap* pBitmap);
-    virtual CFont* SelectObject(CFont* pFont);
 
     int SetStretchBltMode(int nStretchMode) { return ::SetStretchBltMode(m_hDC, nStretchMode); }
     BOOL StretchBlt(int x, int y, int nWidth, int nHeight, CDC* pSrcDC, int xSrc, int ySrc, int nSrcWidth,

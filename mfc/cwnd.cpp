@@ -7,16 +7,15 @@
 #include "windowcreation.h"
 #include "windowmap.h"
 
-CWnd::CWnd() = default;
-
 CWnd::~CWnd() {
-    if (m_hWnd) CWnd::DestroyWindow();
+    if (!m_hWnd) return;
+    CWnd::DestroyWindow();
     Detach();  // a window that was only attached gives no notice of its end
 }
 
 CWnd* CWnd::FromHandle(HWND hWnd) {
     CWnd* const pWnd = FromHandlePermanent(hWnd);
-    return pWnd ? pWnd : mfx::CTemporaries::Get<CWnd, &CWnd::m_hWnd>(hWnd);
+    return pWnd ? pWnd : mfx::TemporaryFor<CWnd, &CWnd::m_hWnd>(hWnd);
 }
 
 CWnd* CWnd::FromHandlePermanent(HWND hWnd) {
@@ -25,7 +24,7 @@ CWnd* CWnd::FromHandlePermanent(HWND hWnd) {
 }
 
 void CWnd::DeleteTempMap() {
-    mfx::CTemporaries::DeleteAll(typeid(CWnd));
+    std::erase_if(mfx::Temporaries(), [](const auto& object) { return dynamic_cast<CWnd*>(object.get()); });
 }
 
 BOOL CWnd::Attach(HWND hWnd) {
@@ -114,14 +113,10 @@ BOOL CWnd::ModifyStyle(DWORD dwRemove, DWORD dwAdd, UINT nFlags) {
     return TRUE;
 }
 
-int CWnd::GetWindowText(LPTSTR lpszStringBuf, int nMaxCount) const {
-    return ::GetWindowTextW(m_hWnd, lpszStringBuf, nMaxCount);
-}
-
 void CWnd::GetWindowText(CString& rString) const {
     const int nLength = GetWindowTextLength();
     LPWSTR const buffer = rString.GetBuffer(nLength + 1);
-    rString.ReleaseBuffer(GetWindowText(buffer, nLength + 1));
+    rString.ReleaseBuffer(::GetWindowTextW(m_hWnd, buffer, nLength + 1));
 }
 
 int CWnd::GetDlgItemText(int nID, CString& rString) const {
@@ -134,10 +129,6 @@ void CWnd::SetFont(CFont* pFont, BOOL bRedraw) {
     SendMessage(WM_SETFONT, reinterpret_cast<WPARAM>(pFont ? pFont->GetSafeHandle() : nullptr), bRedraw);
 }
 
-void CWnd::MoveWindow(int x, int y, int nWidth, int nHeight, BOOL bRepaint) {
-    ::MoveWindow(m_hWnd, x, y, nWidth, nHeight, bRepaint);
-}
-
 void CWnd::MoveWindow(LPCRECT lpRect, BOOL bRepaint) {
     MoveWindow(lpRect->left, lpRect->top, lpRect->right - lpRect->left, lpRect->bottom - lpRect->top,
                bRepaint);
@@ -147,35 +138,10 @@ BOOL CWnd::SetWindowPos(const CWnd* pWndInsertAfter, int x, int y, int cx, int c
     return ::SetWindowPos(m_hWnd, pWndInsertAfter ? pWndInsertAfter->m_hWnd : nullptr, x, y, cx, cy, nFlags);
 }
 
-void CWnd::ScreenToClient(LPRECT lpRect) const {
-    ::MapWindowPoints(nullptr, m_hWnd, reinterpret_cast<LPPOINT>(lpRect), 2);
-}
-
-void CWnd::ClientToScreen(LPRECT lpRect) const {
-    ::MapWindowPoints(m_hWnd, nullptr, reinterpret_cast<LPPOINT>(lpRect), 2);
-}
-
 BOOL CWnd::RedrawWindow(LPCRECT lpRectUpdate, CRgn* /*prgnUpdate*/, UINT flags) {
     return ::RedrawWindow(m_hWnd, lpRectUpdate, nullptr, flags);
 }
 
-LRESULT CWnd::SendMessage(UINT message, WPARAM wParam, LPARAM lParam) {
-    return ::SendMessageW(m_hWnd, message, wParam, lParam);
-}
-
-BOOL CWnd::PostMessage(UINT message, WPARAM wParam, LPARAM lParam) {
-    return ::PostMessageW(m_hWnd, message, wParam, lParam);
-}
-
-LRESULT CWnd::SendDlgItemMessage(int nID, UINT message, WPARAM wParam, LPARAM lParam) {
-    return ::SendDlgItemMessageW(m_hWnd, nID, message, wParam, lParam);
-}
-
 int CWnd::MessageBox(LPCTSTR lpszText, LPCTSTR lpszCaption, UINT nType) {
     return ::MessageBoxW(m_hWnd, lpszText, lpszCaption ? lpszCaption : AfxGetAppName(), nType);
-}
-
-UINT_PTR CWnd::SetTimer(UINT_PTR nIDEvent, UINT nElapse,
-                        void(CALLBACK* lpfnTimer)(HWND, UINT, UINT_PTR, DWORD)) {
-    return ::SetTimer(m_hWnd, nIDEvent, nElapse, lpfnTimer);
 }

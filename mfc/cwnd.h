@@ -13,7 +13,7 @@ class CDataExchange;
 // otherwise.
 class MFX_MFC_API CWnd : public CCmdTarget {
   public:
-    CWnd();
+    CWnd() = default;
     ~CWnd() override;
 
     // Also without a window, which is null.
@@ -69,7 +69,6 @@ class MFX_MFC_API CWnd : public CCmdTarget {
     BOOL ModifyStyle(DWORD dwRemove, DWORD dwAdd, UINT nFlags = 0);
 
     void SetWindowText(LPCTSTR lpszString) { ::SetWindowTextW(m_hWnd, lpszString); }
-    int GetWindowText(LPTSTR lpszStringBuf, int nMaxCount) const;
     void GetWindowText(CString& rString) const;
     int GetWindowTextLength() const { return ::GetWindowTextLengthW(m_hWnd); }
     void SetDlgItemText(int nID, LPCTSTR lpszString) { ::SetDlgItemTextW(m_hWnd, nID, lpszString); }
@@ -87,30 +86,44 @@ class MFX_MFC_API CWnd : public CCmdTarget {
     BOOL ShowWindow(int nCmdShow) { return ::ShowWindow(m_hWnd, nCmdShow); }
     BOOL IsWindowVisible() const { return ::IsWindowVisible(m_hWnd); }
 
-    void MoveWindow(int x, int y, int nWidth, int nHeight, BOOL bRepaint = TRUE);
+    void MoveWindow(int x, int y, int nWidth, int nHeight, BOOL bRepaint = TRUE) {
+        ::MoveWindow(m_hWnd, x, y, nWidth, nHeight, bRepaint);
+    }
     void MoveWindow(LPCRECT lpRect, BOOL bRepaint = TRUE);
     BOOL SetWindowPos(const CWnd* pWndInsertAfter, int x, int y, int cx, int cy, UINT nFlags);
     void GetClientRect(LPRECT lpRect) const { ::GetClientRect(m_hWnd, lpRect); }
     void GetWindowRect(LPRECT lpRect) const { ::GetWindowRect(m_hWnd, lpRect); }
     void ScreenToClient(LPPOINT lpPoint) const { ::ScreenToClient(m_hWnd, lpPoint); }
-    void ScreenToClient(LPRECT lpRect) const;
+    void ScreenToClient(LPRECT lpRect) const {
+        ::MapWindowPoints(nullptr, m_hWnd, reinterpret_cast<LPPOINT>(lpRect), 2);
+    }
     void ClientToScreen(LPPOINT lpPoint) const { ::ClientToScreen(m_hWnd, lpPoint); }
-    void ClientToScreen(LPRECT lpRect) const;
+    void ClientToScreen(LPRECT lpRect) const {
+        ::MapWindowPoints(m_hWnd, nullptr, reinterpret_cast<LPPOINT>(lpRect), 2);
+    }
 
     void Invalidate(BOOL bErase = TRUE) { ::InvalidateRect(m_hWnd, nullptr, bErase); }
     void InvalidateRect(LPCRECT lpRect, BOOL bErase = TRUE) { ::InvalidateRect(m_hWnd, lpRect, bErase); }
     void UpdateWindow() { ::UpdateWindow(m_hWnd); }
-    BOOL RedrawWindow(LPCRECT lpRectUpdate = NULL, class CRgn* prgnUpdate = NULL,
+    BOOL RedrawWindow(LPCRECT lpRectUpdate = NULL, class CRgn* /*always null*/ = NULL,
                       UINT flags = RDW_INVALIDATE | RDW_UPDATENOW | RDW_ERASE);
     CDC* GetDC() { return CDC::FromHandle(::GetDC(m_hWnd)); }  // to be released
     int ReleaseDC(CDC* pDC) { return ::ReleaseDC(m_hWnd, pDC->GetSafeHdc()); }
 
-    LRESULT SendMessage(UINT message, WPARAM wParam = 0, LPARAM lParam = 0);
-    BOOL PostMessage(UINT message, WPARAM wParam = 0, LPARAM lParam = 0);
-    LRESULT SendDlgItemMessage(int nID, UINT message, WPARAM wParam = 0, LPARAM lParam = 0);
+    LRESULT SendMessage(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) {
+        return ::SendMessageW(m_hWnd, message, wParam, lParam);
+    }
+    BOOL PostMessage(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) {
+        return ::PostMessageW(m_hWnd, message, wParam, lParam);
+    }
+    LRESULT SendDlgItemMessage(int nID, UINT message, WPARAM wParam = 0, LPARAM lParam = 0) {
+        return ::SendDlgItemMessageW(m_hWnd, nID, message, wParam, lParam);
+    }
     int MessageBox(LPCTSTR lpszText, LPCTSTR lpszCaption = NULL, UINT nType = MB_OK);
     UINT_PTR SetTimer(UINT_PTR nIDEvent, UINT nElapse,
-                      void(CALLBACK* lpfnTimer)(HWND, UINT, UINT_PTR, DWORD));
+                      void(CALLBACK* lpfnTimer)(HWND, UINT, UINT_PTR, DWORD)) {
+        return ::SetTimer(m_hWnd, nIDEvent, nElapse, lpfnTimer);
+    }
     BOOL KillTimer(UINT_PTR nIDEvent) { return ::KillTimer(m_hWnd, nIDEvent); }
 
     HWND m_hWnd = nullptr;
@@ -167,7 +180,7 @@ class MFX_MFC_API CWnd : public CCmdTarget {
     static void ForgetDestroyed(HWND hWnd);
     static BOOL OfferToControl(HWND hControl, const MSG& msg, LRESULT* pResult);
     static BOOL PreTranslate(MSG& msg, HWND hTop) noexcept;
-    BOOL CallHandler(const MSG& msg, UINT nMapMessage, UINT nCode, UINT nID, LRESULT* pResult);
+    BOOL CallHandler(mfx::Message& msg, UINT nMapMessage, UINT nCode, UINT nID, LRESULT* pResult);
 
     int m_nModalResult = IDABORT;
     bool m_bContinueModal = false;

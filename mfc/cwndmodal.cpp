@@ -23,10 +23,12 @@ int CWnd::RunModalLoop(DWORD /*dwFlags*/) {
     m_bContinueModal = true;
     m_nModalResult = IDABORT;
     // Temporary objects made before may be in use by the handler that called.
-    const size_t nOlder = mfx::CTemporaries::Count();
+    auto& temporaries = mfx::Temporaries();
+    const size_t nOlder = temporaries.size();
     while (m_hWnd && ContinueModal()) {
         MSG msg;
-        if (!::PeekMessageW(&msg, nullptr, 0, 0, PM_NOREMOVE)) mfx::CTemporaries::DeleteFrom(nOlder);
+        if (!::PeekMessageW(&msg, nullptr, 0, 0, PM_NOREMOVE) && nOlder < temporaries.size())
+            temporaries.resize(nOlder);
         if (!::GetMessageW(&msg, nullptr, 0, 0)) {
             ::PostQuitMessage(static_cast<int>(msg.wParam));  // for the outer loops
             break;
