@@ -9,7 +9,7 @@
 namespace mfx {
 
 // The calling thread's, in the order in which they were made.
-std::vector<std::unique_ptr<CObject>>& Temporaries();
+MFX_MFC_API std::vector<std::unique_ptr<CObject>>& Temporaries();
 
 template <class T, auto HandleMember>
 class CTemporary : public T {
