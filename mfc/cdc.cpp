@@ -1,31 +1,7 @@
 #include "cdc.h"
 
-#include <utility>
-
 #include "cwnd.h"
 #include "temporaries.h"
-
-CDC::~CDC() {
-    DeleteDC();
-}
-
-BOOL CDC::Attach(HDC hDC) {
-    if (!hDC || m_hDC) return FALSE;
-    m_hDC = hDC;
-    return TRUE;
-}
-
-HDC CDC::Detach() {
-    return std::exchange(m_hDC, nullptr);
-}
-
-BOOL CDC::CreateCompatibleDC(CDC* pDC) {
-    return !m_hDC && Attach(::CreateCompatibleDC(pDC ? pDC->m_hDC : nullptr));
-}
-
-BOOL CDC::DeleteDC() {
-    return m_hDC && ::DeleteDC(Detach());
-}
 
 CBitmap* CDC::SelectObject(CBitmap* pBitmap) {
     return CBitmap::FromHandle(static_cast<HBITMAP>(::SelectObject(m_hDC, pBitmap->GetSafeHandle())));

@@ -9,12 +9,13 @@ class CWnd;
 class MFX_MFC_API CDC : public CObject {
   public:
     CDC() = default;
-    ~CDC() override;
+    ~CDC() override { DeleteDC(); }
 
-    BOOL Attach(HDC hDC);  // FALSE for a null handle or if there is one already
-    HDC Detach();
-    BOOL CreateCompatibleDC(CDC* pDC);  // null: compatible with the screen
-    BOOL DeleteDC();
+    // FALSE for a null handle, or if there is a context already.
+    BOOL Attach(HDC hDC) { return hDC && !m_hDC && (m_hDC = hDC); }
+    HDC Detach() { return std::exchange(m_hDC, nullptr); }
+    BOOL CreateCompatibleDC(CDC* pDC) { return !m_hDC && Attach(::CreateCompatibleDC(pDC->m_hDC)); }
+    BOOL DeleteDC() { return m_hDC && ::DeleteDC(Detach()); }
     HDC GetSafeHdc() const { return m_hDC; }
     operator HDC() const { return m_hDC; }
 

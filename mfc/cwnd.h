@@ -33,9 +33,11 @@ class MFX_MFC_API CWnd : public CCmdTarget {
     // Also takes the window's messages; what is not handled still goes to its own procedure. Only for windows
     // of the calling thread.
     BOOL SubclassWindow(HWND hWnd);
-    BOOL SubclassDlgItem(UINT nID, CWnd* pParent);
+    BOOL SubclassDlgItem(UINT nID, CWnd* pParent) {
+        return SubclassWindow(::GetDlgItem(pParent->m_hWnd, static_cast<int>(nID)));
+    }
     HWND UnsubclassWindow();
-    virtual void PreSubclassWindow();  // has its handle already, and no messages yet
+    virtual void PreSubclassWindow() {}  // has its handle already, and no messages yet
 
     // FALSE if there is no such class or the window refuses. All messages from the first on come here. The
     // first Create is for child windows.
@@ -46,15 +48,15 @@ class MFX_MFC_API CWnd : public CCmdTarget {
                           LPVOID lpParam = NULL);
     virtual BOOL CreateEx(DWORD dwExStyle, LPCTSTR lpszClassName, LPCTSTR lpszWindowName, DWORD dwStyle,
                           const RECT& rect, CWnd* pParentWnd, UINT nID, LPVOID lpParam = NULL);
-    virtual BOOL DestroyWindow();  // FALSE without a window
+    virtual BOOL DestroyWindow() { return ::DestroyWindow(m_hWnd); }  // FALSE without a window
 
     // TRUE if the message is dealt with and must not be dispatched.
-    virtual BOOL PreTranslateMessage(MSG* pMsg);
+    virtual BOOL PreTranslateMessage(MSG* /*pMsg*/) { return FALSE; }
 
     // Handles messages until ContinueModal is FALSE; returns what EndModalLoop was given, or IDABORT when the
     // window was destroyed or the program is to end. The flags have no effect: nothing is sent when idle.
     int RunModalLoop(DWORD dwFlags = 0);
-    virtual BOOL ContinueModal();
+    virtual BOOL ContinueModal() { return m_bContinueModal; }
     virtual void EndModalLoop(int nResult);
 
     // TRUE as argument reads the controls, FALSE fills them. Always TRUE; exceptions pass through.
@@ -73,7 +75,9 @@ class MFX_MFC_API CWnd : public CCmdTarget {
     int GetWindowTextLength() const { return ::GetWindowTextLengthW(m_hWnd); }
     void SetDlgItemText(int nID, LPCTSTR lpszString) { ::SetDlgItemTextW(m_hWnd, nID, lpszString); }
     int GetDlgItemText(int nID, CString& rString) const;
-    void SetFont(CFont* pFont, BOOL bRedraw = TRUE);  // the font must outlive its use
+    void SetFont(CFont* pFont, BOOL bRedraw = TRUE) {  // the font must outlive its use
+        SendMessage(WM_SETFONT, reinterpret_cast<WPARAM>(pFont ? pFont->m_hObject : nullptr), bRedraw);
+    }
     CFont* GetFont() const {
         return CFont::FromHandle(reinterpret_cast<HFONT>(::SendMessageW(m_hWnd, WM_GETFONT, 0, 0)));
     }
@@ -89,8 +93,13 @@ class MFX_MFC_API CWnd : public CCmdTarget {
     void MoveWindow(int x, int y, int nWidth, int nHeight, BOOL bRepaint = TRUE) {
         ::MoveWindow(m_hWnd, x, y, nWidth, nHeight, bRepaint);
     }
-    void MoveWindow(LPCRECT lpRect, BOOL bRepaint = TRUE);
-    BOOL SetWindowPos(const CWnd* pWndInsertAfter, int x, int y, int cx, int cy, UINT nFlags);
+    void MoveWindow(LPCRECT lpRect, BOOL bRepaint = TRUE) {
+        MoveWindow(lpRect->left, lpRect->top, lpRect->right - lpRect->left, lpRect->bottom - lpRect->top,
+                   bRepaint);
+    }
+    BOOL SetWindowPos(const CWnd* pAfter, int x, int y, int cx, int cy, UINT nFlags) {
+        return ::SetWindowPos(m_hWnd, pAfter ? pAfter->m_hWnd : nullptr, x, y, cx, cy, nFlags);
+    }
     void GetClientRect(LPRECT lpRect) const { ::GetClientRect(m_hWnd, lpRect); }
     void GetWindowRect(LPRECT lpRect) const { ::GetWindowRect(m_hWnd, lpRect); }
     void ScreenToClient(LPPOINT lpPoint) const { ::ScreenToClient(m_hWnd, lpPoint); }
@@ -106,7 +115,9 @@ class MFX_MFC_API CWnd : public CCmdTarget {
     void InvalidateRect(LPCRECT lpRect, BOOL bErase = TRUE) { ::InvalidateRect(m_hWnd, lpRect, bErase); }
     void UpdateWindow() { ::UpdateWindow(m_hWnd); }
     BOOL RedrawWindow(LPCRECT lpRectUpdate = NULL, class CRgn* /*always null*/ = NULL,
-                      UINT flags = RDW_INVALIDATE | RDW_UPDATENOW | RDW_ERASE);
+                      UINT flags = RDW_INVALIDATE | RDW_UPDATENOW | RDW_ERASE) {
+        return ::RedrawWindow(m_hWnd, lpRectUpdate, nullptr, flags);
+    }
     CDC* GetDC() { return CDC::FromHandle(::GetDC(m_hWnd)); }  // to be released
     int ReleaseDC(CDC* pDC) { return ::ReleaseDC(m_hWnd, pDC->GetSafeHdc()); }
 
@@ -144,8 +155,8 @@ class MFX_MFC_API CWnd : public CCmdTarget {
     // A notification that this window sent to its parent. pResult may be null.
     virtual BOOL OnChildNotify(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* pResult);
 
-    virtual void PostNcDestroy();  // after the window's end; a place to delete this object
-    virtual void DoDataExchange(CDataExchange* pDX);
+    virtual void PostNcDestroy() {}  // after the window's end; a place to delete this object
+    virtual void DoDataExchange(CDataExchange* /*pDX*/) {}
 
     // Handlers do what Windows does with the message being handled, whatever arguments they are given.
     afx_msg int OnCreate(LPCREATESTRUCT) { return static_cast<int>(Default()); }

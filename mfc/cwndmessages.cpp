@@ -1,24 +1,6 @@
-#include <utility>
-
 #include "cwnd.h"
-#include "guarded.h"
-#include "windowmap.h"
 
 namespace {
-
-thread_local const MSG* t_pCurrentMessage = nullptr;
-
-// Makes a message the current one while it is handled; messages nest.
-class CCurrentMessage {
-  public:
-    explicit CCurrentMessage(const MSG& msg) : m_pPrevious(std::exchange(t_pCurrentMessage, &msg)) {}
-    ~CCurrentMessage() { t_pCurrentMessage = m_pPrevious; }
-    CCurrentMessage(const CCurrentMessage&) = delete;
-    CCurrentMessage& operator=(const CCurrentMessage&) = delete;
-
-  private:
-    const MSG* m_pPrevious;
-};
 
 UINT NotificationCode(mfx::Message& msg) {
     if (msg.message == WM_NOTIFY) return mfx::LParam<NMHDR*>(msg)->code;
@@ -69,50 +51,14 @@ const AFX_MSGMAP* CWnd::GetThisMessageMap() {
     return &map;
 }
 
-// The object is looked up once and not used any more after WindowProc, where it may have been deleted.
-LRESULT CALLBACK CWnd::OnMessage(HWND hWnd, UINT message, WPARAM wParam, LPARAM lParam) noexcept {
-    const mfx::Message msg(hWnd, message, wParam, lParam);
-    const CCurrentMessage current(msg);
-    const LRESULT result = mfx::Guarded(msg, [&] {
-        CWnd* const pWnd = FromHandlePermanent(hWnd);
-        return pWnd ? pWnd->WindowProc(message, wParam, lParam)
-                    : CallOwnProcedure(hWnd, message, wParam, lParam);
-    });
-    if (message == WM_NCDESTROY) mfx::Guarded(msg, [&] { return ForgetDestroyed(hWnd), 0; });
-    return result;
-}
-
-void CWnd::ForgetDestroyed(HWND hWnd) {
-    CWnd* const pWnd = FromHandlePermanent(hWnd);
-    mfx::WindowMap().erase(hWnd);
-    if (!pWnd) return;
-    pWnd->m_hWnd = nullptr;
-    pWnd->PostNcDestroy();
-}
-
-LRESULT CWnd::CallOwnProcedure(HWND hWnd, UINT message, WPARAM wParam, LPARAM lParam) {
-    const auto it = mfx::WindowMap().find(hWnd);
-    if (it == mfx::WindowMap().end() || !it->second.pfnOwn)
-        return ::DefWindowProcW(hWnd, message, wParam, lParam);
-    return ::CallWindowProcW(it->second.pfnOwn, hWnd, message, wParam, lParam);
-}
-
 LRESULT CWnd::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
     LRESULT result = 0;
     return OnWndMsg(message, wParam, lParam, &result) ? result : DefWindowProc(message, wParam, lParam);
 }
 
-LRESULT CWnd::DefWindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
-    return CallOwnProcedure(m_hWnd, message, wParam, lParam);
-}
-
 LRESULT CWnd::Default() {
     const MSG& msg = *GetCurrentMessage();
     return DefWindowProc(msg.message, msg.wParam, msg.lParam);
-}
-
-const MSG* CWnd::GetCurrentMessage() {
-    return t_pCurrentMessage;
 }
 
 BOOL CWnd::OnWndMsg(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* pResult) {

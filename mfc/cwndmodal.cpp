@@ -15,10 +15,6 @@ BOOL CWnd::PreTranslate(MSG& msg, HWND hTop) noexcept {
     return mfx::Guarded(msg, walk) != 0;
 }
 
-BOOL CWnd::PreTranslateMessage(MSG* /*pMsg*/) {
-    return FALSE;
-}
-
 int CWnd::RunModalLoop(DWORD /*dwFlags*/) {
     m_bContinueModal = true;
     m_nModalResult = IDABORT;
@@ -39,10 +35,6 @@ int CWnd::RunModalLoop(DWORD /*dwFlags*/) {
     }
     m_bContinueModal = false;
     return m_nModalResult;
-}
-
-BOOL CWnd::ContinueModal() {
-    return m_bContinueModal;
 }
 
 void CWnd::EndModalLoop(int nResult) {
