@@ -7,8 +7,6 @@ class CSize : public tagSIZE {
     CSize() : tagSIZE{} {}
     CSize(int initCX, int initCY) : tagSIZE{initCX, initCY} {}
     CSize(SIZE initSize) : tagSIZE(initSize) {}
-
-    BOOL operator==(SIZE size) const { return cx == size.cx && cy == size.cy; }
 };
 
 class CPoint : public tagPOINT {
@@ -21,8 +19,6 @@ class CPoint : public tagPOINT {
         : tagPOINT{static_cast<short>(LOWORD(dwPoint)), static_cast<short>(HIWORD(dwPoint))} {}
 
     BOOL operator==(POINT point) const { return x == point.x && y == point.y; }
-    CPoint operator+(POINT point) const { return {x + point.x, y + point.y}; }
-    CSize operator-(POINT point) const { return {x - point.x, y - point.y}; }
 };
 
 class CRect : public tagRECT {
@@ -39,7 +35,6 @@ class CRect : public tagRECT {
     int Width() const { return right - left; }
     int Height() const { return bottom - top; }
     CSize Size() const { return {Width(), Height()}; }
-    CPoint CenterPoint() const { return {(left + right) / 2, (top + bottom) / 2}; }
     BOOL IsRectEmpty() const { return ::IsRectEmpty(this); }
     BOOL PtInRect(POINT point) const { return ::PtInRect(this, point); }
     BOOL operator==(const RECT& rect) const { return ::EqualRect(this, &rect); }

@@ -8,5 +8,5 @@ BOOL CBitmap::LoadBitmap(LPCTSTR lpszResourceName) {
 }
 
 CBitmap* CBitmap::FromHandle(HBITMAP hBitmap) {
-    return mfx::CTemporaries::Get<CBitmap, &CBitmap::m_hObject>(hBitmap);
+    return mfx::TemporaryFor<CBitmap, &CBitmap::m_hObject>(hBitmap);
 }

@@ -1,18 +1,11 @@
 #include "cdataexchange.h"
 
-CDataExchange::CDataExchange(CWnd* pDlgWnd, BOOL bSaveAndValidate)
-    : m_bSaveAndValidate(bSaveAndValidate), m_pDlgWnd(pDlgWnd) {}
-
-HWND CDataExchange::PrepareCtrl(int nIDC) {
-    return ::GetDlgItem(m_pDlgWnd->GetSafeHwnd(), nIDC);
-}
-
 void DDX_Control(CDataExchange* pDX, int nIDC, CWnd& rControl) {
     if (!rControl.GetSafeHwnd()) rControl.SubclassWindow(pDX->PrepareCtrl(nIDC));
 }
 
 void DDX_Text(CDataExchange* pDX, int nIDC, CString& value) {
-    const HWND hControl = pDX->PrepareEditCtrl(nIDC);
+    const HWND hControl = pDX->PrepareCtrl(nIDC);
     if (!hControl) return;
     if (pDX->m_bSaveAndValidate)
         pDX->m_pDlgWnd->GetDlgItemText(nIDC, value);

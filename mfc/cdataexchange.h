@@ -5,11 +5,11 @@
 // One exchange between a window's controls and its object's members.
 class MFX_MFC_API CDataExchange {
   public:
-    CDataExchange(CWnd* pDlgWnd, BOOL bSaveAndValidate);
+    CDataExchange(CWnd* pDlgWnd, BOOL bSaveAndValidate)
+        : m_bSaveAndValidate(bSaveAndValidate), m_pDlgWnd(pDlgWnd) {}
 
     // Null if there is no such control.
-    HWND PrepareCtrl(int nIDC);
-    HWND PrepareEditCtrl(int nIDC) { return PrepareCtrl(nIDC); }
+    HWND PrepareCtrl(int nIDC) { return ::GetDlgItem(m_pDlgWnd->GetSafeHwnd(), nIDC); }
 
     BOOL m_bSaveAndValidate;  // TRUE from controls to members
     CWnd* m_pDlgWnd;

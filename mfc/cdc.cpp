@@ -1,38 +1,10 @@
 #include "cdc.h"
 
-#include <utility>
-
 #include "cwnd.h"
 #include "temporaries.h"
 
-CDC::~CDC() {
-    DeleteDC();
-}
-
-BOOL CDC::Attach(HDC hDC) {
-    if (!hDC || m_hDC) return FALSE;
-    m_hDC = hDC;
-    return TRUE;
-}
-
-HDC CDC::Detach() {
-    return std::exchange(m_hDC, nullptr);
-}
-
-BOOL CDC::CreateCompatibleDC(CDC* pDC) {
-    return !m_hDC && Attach(::CreateCompatibleDC(pDC ? pDC->m_hDC : nullptr));
-}
-
-BOOL CDC::DeleteDC() {
-    return m_hDC && ::DeleteDC(Detach());
-}
-
 CBitmap* CDC::SelectObject(CBitmap* pBitmap) {
     return CBitmap::FromHandle(static_cast<HBITMAP>(::SelectObject(m_hDC, pBitmap->GetSafeHandle())));
-}
-
-CFont* CDC::SelectObject(CFont* pFont) {
-    return CFont::FromHandle(static_cast<HFONT>(::SelectObject(m_hDC, pFont->GetSafeHandle())));
 }
 
 BOOL CDC::StretchBlt(int x, int y, int nWidth, int nHeight, CDC* pSrcDC, int xSrc, int ySrc, int nSrcWidth,
@@ -47,7 +19,7 @@ void CDC::FillSolidRect(LPCRECT lpRect, COLORREF clr) {
 }
 
 CDC* CDC::FromHandle(HDC hDC) {
-    return mfx::CTemporaries::Get<CDC, &CDC::m_hDC>(hDC);
+    return mfx::TemporaryFor<CDC, &CDC::m_hDC>(hDC);
 }
 
 CPaintDC::CPaintDC(CWnd* pWnd) : m_hWnd(pWnd->GetSafeHwnd()) {

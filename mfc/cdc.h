@@ -9,19 +9,19 @@ class CWnd;
 class MFX_MFC_API CDC : public CObject {
   public:
     CDC() = default;
-    ~CDC() override;
+    ~CDC() override { DeleteDC(); }
 
-    BOOL Attach(HDC hDC);  // FALSE for a null handle or if there is one already
-    HDC Detach();
-    BOOL CreateCompatibleDC(CDC* pDC);  // null: compatible with the screen
-    BOOL DeleteDC();
+    // FALSE for a null handle, or if there is a context already.
+    BOOL Attach(HDC hDC) { return hDC && !m_hDC && (m_hDC = hDC); }
+    HDC Detach() { return std::exchange(m_hDC, nullptr); }
+    BOOL CreateCompatibleDC(CDC* pDC) { return !m_hDC && Attach(::CreateCompatibleDC(pDC->m_hDC)); }
+    BOOL DeleteDC() { return m_hDC && ::DeleteDC(Detach()); }
     HDC GetSafeHdc() const { return m_hDC; }
     operator HDC() const { return m_hDC; }
 
     // What was selected before, as a temporary object; null on failure. Select it again before the object at
     // hand or this context is deleted.
     CBitmap* SelectObject(CBitmap* pBitmap);
-    virtual CFont* SelectObject(CFont* pFont);
 
     int SetStretchBltMode(int nStretchMode) { return ::SetStretchBltMode(m_hDC, nStretchMode); }
     BOOL StretchBlt(int x, int y, int nWidth, int nHeight, CDC* pSrcDC, int xSrc, int ySrc, int nSrcWidth,

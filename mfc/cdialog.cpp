@@ -5,22 +5,6 @@
 
 namespace {
 
-// Keeps an owner from being used while its dialog is open.
-class CDisabledWindow {
-  public:
-    explicit CDisabledWindow(HWND hWnd) : m_hWnd(hWnd), m_bWasEnabled(hWnd && !::EnableWindow(hWnd, FALSE)) {}
-    ~CDisabledWindow() {
-        if (m_bWasEnabled) ::EnableWindow(m_hWnd, TRUE);
-    }
-    CDisabledWindow(const CDisabledWindow&) = delete;
-    CDisabledWindow& operator=(const CDisabledWindow&) = delete;
-
-    const HWND m_hWnd;
-
-  private:
-    const bool m_bWasEnabled;
-};
-
 // Has to be there for Windows to send WM_INITDIALOG. Messages come to the object before.
 INT_PTR CALLBACK NoDialogProcedure(HWND, UINT, WPARAM, LPARAM) {
     return FALSE;
@@ -60,12 +44,12 @@ BOOL CDialog::CreateFromTemplate(HWND hOwner) {
 
 INT_PTR CDialog::DoModal() {
     m_bContinueModal = true;
-    INT_PTR nResult = -1;
-    {
-        const CDisabledWindow disabledOwner(FindOwner());
-        if (CreateFromTemplate(disabledOwner.m_hWnd)) nResult = RunDialog();
-    }
-    DestroyWindow();  // only now, so that Windows can activate the owner
+    const HWND hOwner = FindOwner();
+    const bool bOwnerWasEnabled = hOwner && !::EnableWindow(hOwner, FALSE);
+    const INT_PTR nResult = CreateFromTemplate(hOwner) ? RunDialog() : -1;
+    // Before the dialog is destroyed, so that Windows can activate the owner then.
+    if (bOwnerWasEnabled) ::EnableWindow(hOwner, TRUE);
+    DestroyWindow();
     return nResult;
 }
 
@@ -73,14 +57,6 @@ int CDialog::RunDialog() {
     if (!m_bContinueModal) return m_nModalResult;  // OnInitDialog has ended it already
     ShowWindow(SW_SHOWNORMAL);
     return RunModalLoop();
-}
-
-void CDialog::EndDialog(int nResult) {
-    EndModalLoop(nResult);
-}
-
-LRESULT CDialog::HandleInitDialog(WPARAM /*wParam*/, LPARAM /*lParam*/) {
-    return OnInitDialog();
 }
 
 BOOL CDialog::OnInitDialog() {
@@ -94,8 +70,4 @@ BOOL CDialog::PreTranslateMessage(MSG* pMsg) {
 
 void CDialog::OnOK() {
     if (UpdateData(TRUE)) EndDialog(IDOK);
-}
-
-void CDialog::OnCancel() {
-    EndDialog(IDCANCEL);
 }

@@ -13,7 +13,7 @@ class MFX_MFC_API CDialog : public CWnd {
     // What EndDialog was given, -1 if there is no such template or the window could not be made, IDABORT if
     // the program is to end. The owner is disabled meanwhile, and enabled before the dialog goes.
     virtual INT_PTR DoModal();
-    void EndDialog(int nResult);
+    void EndDialog(int nResult) { EndModalLoop(nResult); }
 
     // TRUE to let Windows set the focus. Exchanges data.
     virtual BOOL OnInitDialog();
@@ -21,7 +21,7 @@ class MFX_MFC_API CDialog : public CWnd {
 
   protected:
     virtual void OnOK();  // reads the controls, and ends with IDOK if that succeeds
-    virtual void OnCancel();
+    virtual void OnCancel() { EndDialog(IDCANCEL); }
 
     DECLARE_MESSAGE_MAP()
 
@@ -29,7 +29,7 @@ class MFX_MFC_API CDialog : public CWnd {
     HWND FindOwner() const;
     BOOL CreateFromTemplate(HWND hOwner);
     int RunDialog();
-    LRESULT HandleInitDialog(WPARAM wParam, LPARAM lParam);
+    LRESULT HandleInitDialog(WPARAM, LPARAM) { return OnInitDialog(); }
 
     LPCTSTR m_lpszTemplateName;
     CWnd* m_pParentWnd;

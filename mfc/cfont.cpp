@@ -3,5 +3,5 @@
 #include "temporaries.h"
 
 CFont* CFont::FromHandle(HFONT hFont) {
-    return mfx::CTemporaries::Get<CFont, &CFont::m_hObject>(hFont);
+    return mfx::TemporaryFor<CFont, &CFont::m_hObject>(hFont);
 }

@@ -1,47 +1,70 @@
 #include "cwnd.h"
 
+#include <unordered_map>
 #include <utility>
 
 #include "afxwin.h"
+#include "guarded.h"
 #include "temporaries.h"
 #include "windowcreation.h"
-#include "windowmap.h"
 
-CWnd::CWnd() = default;
+namespace {
+
+struct WindowRecord {
+    CWnd* pObject = nullptr;   // null after Detach
+    WNDPROC pfnOwn = nullptr;  // the window's own procedure while it is subclassed
+};
+
+// The thread's windows that have a permanent object or are subclassed.
+thread_local std::unordered_map<HWND, WindowRecord> t_windows;
+
+WindowRecord FindRecord(HWND hWnd) {
+    const auto it = t_windows.find(hWnd);
+    return it != t_windows.end() ? it->second : WindowRecord();
+}
+
+thread_local const MSG* t_pCurrentMessage = nullptr;
+
+LONG_PTR SetWindowProcedure(HWND hWnd, WNDPROC pfn) {
+    return ::SetWindowLongPtrW(hWnd, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(pfn));
+}
+
+}  // namespace
 
 CWnd::~CWnd() {
-    if (m_hWnd) CWnd::DestroyWindow();
+    if (!m_hWnd) return;
+    CWnd::DestroyWindow();
     Detach();  // a window that was only attached gives no notice of its end
 }
 
 CWnd* CWnd::FromHandle(HWND hWnd) {
     CWnd* const pWnd = FromHandlePermanent(hWnd);
-    return pWnd ? pWnd : mfx::CTemporaries::Get<CWnd, &CWnd::m_hWnd>(hWnd);
+    return pWnd ? pWnd : mfx::TemporaryFor<CWnd, &CWnd::m_hWnd>(hWnd);
 }
 
 CWnd* CWnd::FromHandlePermanent(HWND hWnd) {
-    const auto it = mfx::WindowMap().find(hWnd);
-    return it != mfx::WindowMap().end() ? it->second.pObject : nullptr;
+    return FindRecord(hWnd).pObject;
 }
 
 void CWnd::DeleteTempMap() {
-    mfx::CTemporaries::DeleteAll(typeid(CWnd));
+    std::erase_if(mfx::Temporaries(), [](const auto& object) { return dynamic_cast<CWnd*>(object.get()); });
 }
 
 BOOL CWnd::Attach(HWND hWnd) {
     if (!hWnd || m_hWnd || FromHandlePermanent(hWnd)) return FALSE;
-    mfx::WindowMap()[hWnd].pObject = this;
+    t_windows[hWnd].pObject = this;
     m_hWnd = hWnd;
     return TRUE;
 }
 
 HWND CWnd::Detach() {
     const HWND hWnd = std::exchange(m_hWnd, nullptr);
-    const auto it = mfx::WindowMap().find(hWnd);
-    if (it != mfx::WindowMap().end() && it->second.pObject == this) {
-        it->second.pObject = nullptr;
-        if (!it->second.pfnOwn) mfx::WindowMap().erase(it);
-    }
+    const WindowRecord record = FindRecord(hWnd);
+    if (record.pObject != this) return hWnd;  // a temporary object
+    if (record.pfnOwn)
+        t_windows[hWnd].pObject = nullptr;
+    else
+        t_windows.erase(hWnd);
     return hWnd;
 }
 
@@ -49,39 +72,17 @@ BOOL CWnd::SubclassWindow(HWND hWnd) {
     // Another thread's window would look for its record in that thread's map.
     if (::GetWindowThreadProcessId(hWnd, nullptr) != ::GetCurrentThreadId() || !Attach(hWnd)) return FALSE;
     PreSubclassWindow();
-    WNDPROC& pfnOwn = mfx::WindowMap()[hWnd].pfnOwn;
-    if (!pfnOwn) {
-        const LONG_PTR previous =
-            ::SetWindowLongPtrW(hWnd, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(OnMessage));
-        pfnOwn = reinterpret_cast<WNDPROC>(previous);
-    }
+    WNDPROC& pfnOwn = t_windows[hWnd].pfnOwn;
+    if (!pfnOwn) pfnOwn = reinterpret_cast<WNDPROC>(SetWindowProcedure(hWnd, OnMessage));
     return TRUE;
 }
 
-BOOL CWnd::SubclassDlgItem(UINT nID, CWnd* pParent) {
-    return SubclassWindow(::GetDlgItem(pParent->GetSafeHwnd(), static_cast<int>(nID)));
-}
-
 HWND CWnd::UnsubclassWindow() {
-    const auto it = mfx::WindowMap().find(m_hWnd);
-    if (it != mfx::WindowMap().end() && it->second.pfnOwn)
-        ::SetWindowLongPtrW(m_hWnd, GWLP_WNDPROC,
-                            reinterpret_cast<LONG_PTR>(std::exchange(it->second.pfnOwn, nullptr)));
+    if (WNDPROC const pfnOwn = FindRecord(m_hWnd).pfnOwn) {
+        SetWindowProcedure(m_hWnd, pfnOwn);
+        t_windows[m_hWnd].pfnOwn = nullptr;
+    }
     return Detach();
-}
-
-void CWnd::PreSubclassWindow() {}
-
-BOOL CWnd::Create(LPCTSTR lpszClassName, LPCTSTR lpszWindowName, DWORD dwStyle, const RECT& rect,
-                  CWnd* pParentWnd, UINT nID, CCreateContext* /*pContext*/) {
-    return CreateEx(0, lpszClassName, lpszWindowName, dwStyle | WS_CHILD, rect, pParentWnd, nID);
-}
-
-BOOL CWnd::CreateEx(DWORD dwExStyle, LPCTSTR lpszClassName, LPCTSTR lpszWindowName, DWORD dwStyle,
-                    const RECT& rect, CWnd* pParentWnd, UINT nID, LPVOID lpParam) {
-    return CreateEx(dwExStyle, lpszClassName, lpszWindowName, dwStyle, rect.left, rect.top,
-                    rect.right - rect.left, rect.bottom - rect.top, pParentWnd ? pParentWnd->m_hWnd : nullptr,
-                    reinterpret_cast<HMENU>(UINT_PTR{nID}), lpParam);
 }
 
 BOOL CWnd::CreateEx(DWORD dwExStyle, LPCTSTR lpszClassName, LPCTSTR lpszWindowName, DWORD dwStyle, int x,
@@ -91,8 +92,52 @@ BOOL CWnd::CreateEx(DWORD dwExStyle, LPCTSTR lpszClassName, LPCTSTR lpszWindowNa
                              hWndParent, nIDorHMenu, AfxGetInstanceHandle(), lpParam) != nullptr;
 }
 
-BOOL CWnd::DestroyWindow() {
-    return ::DestroyWindow(m_hWnd);
+BOOL CWnd::CreateEx(DWORD dwExStyle, LPCTSTR lpszClassName, LPCTSTR lpszWindowName, DWORD dwStyle,
+                    const RECT& rect, CWnd* pParentWnd, UINT nID, LPVOID lpParam) {
+    return CreateEx(dwExStyle, lpszClassName, lpszWindowName, dwStyle, rect.left, rect.top,
+                    rect.right - rect.left, rect.bottom - rect.top, pParentWnd ? pParentWnd->m_hWnd : nullptr,
+                    reinterpret_cast<HMENU>(UINT_PTR{nID}), lpParam);
+}
+
+BOOL CWnd::Create(LPCTSTR lpszClassName, LPCTSTR lpszWindowName, DWORD dwStyle, const RECT& rect,
+                  CWnd* pParentWnd, UINT nID, CCreateContext* /*pContext*/) {
+    return CreateEx(0, lpszClassName, lpszWindowName, dwStyle | WS_CHILD, rect, pParentWnd, nID);
+}
+
+// The object is not used any more after WindowProc, where it may have been deleted.
+LRESULT CALLBACK CWnd::OnMessage(HWND hWnd, UINT message, WPARAM wParam, LPARAM lParam) noexcept {
+    const mfx::Message msg(hWnd, message, wParam, lParam);
+    const MSG* const pPrevious = std::exchange(t_pCurrentMessage, &msg);  // messages nest
+    const LRESULT result = mfx::Guarded(msg, [&] {
+        CWnd* const pWnd = FromHandlePermanent(hWnd);
+        return pWnd ? pWnd->WindowProc(message, wParam, lParam)
+                    : CallOwnProcedure(hWnd, message, wParam, lParam);
+    });
+    if (message == WM_NCDESTROY) mfx::Guarded(msg, [&] { return ForgetDestroyed(hWnd), 0; });
+    t_pCurrentMessage = pPrevious;
+    return result;
+}
+
+void CWnd::ForgetDestroyed(HWND hWnd) {
+    CWnd* const pWnd = FromHandlePermanent(hWnd);
+    t_windows.erase(hWnd);
+    if (!pWnd) return;
+    pWnd->m_hWnd = nullptr;
+    pWnd->PostNcDestroy();
+}
+
+LRESULT CWnd::CallOwnProcedure(HWND hWnd, UINT message, WPARAM wParam, LPARAM lParam) {
+    WNDPROC const pfnOwn = FindRecord(hWnd).pfnOwn;
+    return pfnOwn ? ::CallWindowProcW(pfnOwn, hWnd, message, wParam, lParam)
+                  : ::DefWindowProcW(hWnd, message, wParam, lParam);
+}
+
+LRESULT CWnd::DefWindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
+    return CallOwnProcedure(m_hWnd, message, wParam, lParam);
+}
+
+const MSG* CWnd::GetCurrentMessage() {
+    return t_pCurrentMessage;
 }
 
 BOOL CWnd::UpdateData(BOOL bSaveAndValidate) {
@@ -101,27 +146,19 @@ BOOL CWnd::UpdateData(BOOL bSaveAndValidate) {
     return TRUE;
 }
 
-void CWnd::DoDataExchange(CDataExchange* /*pDX*/) {}
-
-void CWnd::PostNcDestroy() {}
-
 BOOL CWnd::ModifyStyle(DWORD dwRemove, DWORD dwAdd, UINT nFlags) {
     const DWORD dwStyle = (GetStyle() & ~dwRemove) | dwAdd;
     if (dwStyle == GetStyle()) return FALSE;
     ::SetWindowLongW(m_hWnd, GWL_STYLE, static_cast<LONG>(dwStyle));
-    if (nFlags)
-        SetWindowPos(nullptr, 0, 0, 0, 0, nFlags | SWP_NOSIZE | SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+    constexpr UINT nNothingElse = SWP_NOSIZE | SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE;
+    if (nFlags) SetWindowPos(nullptr, 0, 0, 0, 0, nFlags | nNothingElse);
     return TRUE;
 }
 
-int CWnd::GetWindowText(LPTSTR lpszStringBuf, int nMaxCount) const {
-    return ::GetWindowTextW(m_hWnd, lpszStringBuf, nMaxCount);
-}
-
 void CWnd::GetWindowText(CString& rString) const {
-    const int nLength = GetWindowTextLength();
-    LPWSTR const buffer = rString.GetBuffer(nLength + 1);
-    rString.ReleaseBuffer(GetWindowText(buffer, nLength + 1));
+    const int nLength = ::GetWindowTextLengthW(m_hWnd) + 1;
+    LPWSTR const buffer = rString.GetBuffer(nLength);
+    rString.ReleaseBuffer(::GetWindowTextW(m_hWnd, buffer, nLength));
 }
 
 int CWnd::GetDlgItemText(int nID, CString& rString) const {
@@ -130,52 +167,6 @@ int CWnd::GetDlgItemText(int nID, CString& rString) const {
     return rString.GetLength();
 }
 
-void CWnd::SetFont(CFont* pFont, BOOL bRedraw) {
-    SendMessage(WM_SETFONT, reinterpret_cast<WPARAM>(pFont ? pFont->GetSafeHandle() : nullptr), bRedraw);
-}
-
-void CWnd::MoveWindow(int x, int y, int nWidth, int nHeight, BOOL bRepaint) {
-    ::MoveWindow(m_hWnd, x, y, nWidth, nHeight, bRepaint);
-}
-
-void CWnd::MoveWindow(LPCRECT lpRect, BOOL bRepaint) {
-    MoveWindow(lpRect->left, lpRect->top, lpRect->right - lpRect->left, lpRect->bottom - lpRect->top,
-               bRepaint);
-}
-
-BOOL CWnd::SetWindowPos(const CWnd* pWndInsertAfter, int x, int y, int cx, int cy, UINT nFlags) {
-    return ::SetWindowPos(m_hWnd, pWndInsertAfter ? pWndInsertAfter->m_hWnd : nullptr, x, y, cx, cy, nFlags);
-}
-
-void CWnd::ScreenToClient(LPRECT lpRect) const {
-    ::MapWindowPoints(nullptr, m_hWnd, reinterpret_cast<LPPOINT>(lpRect), 2);
-}
-
-void CWnd::ClientToScreen(LPRECT lpRect) const {
-    ::MapWindowPoints(m_hWnd, nullptr, reinterpret_cast<LPPOINT>(lpRect), 2);
-}
-
-BOOL CWnd::RedrawWindow(LPCRECT lpRectUpdate, CRgn* /*prgnUpdate*/, UINT flags) {
-    return ::RedrawWindow(m_hWnd, lpRectUpdate, nullptr, flags);
-}
-
-LRESULT CWnd::SendMessage(UINT message, WPARAM wParam, LPARAM lParam) {
-    return ::SendMessageW(m_hWnd, message, wParam, lParam);
-}
-
-BOOL CWnd::PostMessage(UINT message, WPARAM wParam, LPARAM lParam) {
-    return ::PostMessageW(m_hWnd, message, wParam, lParam);
-}
-
-LRESULT CWnd::SendDlgItemMessage(int nID, UINT message, WPARAM wParam, LPARAM lParam) {
-    return ::SendDlgItemMessageW(m_hWnd, nID, message, wParam, lParam);
-}
-
 int CWnd::MessageBox(LPCTSTR lpszText, LPCTSTR lpszCaption, UINT nType) {
     return ::MessageBoxW(m_hWnd, lpszText, lpszCaption ? lpszCaption : AfxGetAppName(), nType);
-}
-
-UINT_PTR CWnd::SetTimer(UINT_PTR nIDEvent, UINT nElapse,
-                        void(CALLBACK* lpfnTimer)(HWND, UINT, UINT_PTR, DWORD)) {
-    return ::SetTimer(m_hWnd, nIDEvent, nElapse, lpfnTimer);
 }

@@ -13,7 +13,7 @@ class CDataExchange;
 // otherwise.
 class MFX_MFC_API CWnd : public CCmdTarget {
   public:
-    CWnd();
+    CWnd() = default;
     ~CWnd() override;
 
     // Also without a window, which is null.
@@ -33,9 +33,11 @@ class MFX_MFC_API CWnd : public CCmdTarget {
     // Also takes the window's messages; what is not handled still goes to its own procedure. Only for windows
     // of the calling thread.
     BOOL SubclassWindow(HWND hWnd);
-    BOOL SubclassDlgItem(UINT nID, CWnd* pParent);
+    BOOL SubclassDlgItem(UINT nID, CWnd* pParent) {
+        return SubclassWindow(::GetDlgItem(pParent->m_hWnd, static_cast<int>(nID)));
+    }
     HWND UnsubclassWindow();
-    virtual void PreSubclassWindow();  // has its handle already, and no messages yet
+    virtual void PreSubclassWindow() {}  // has its handle already, and no messages yet
 
     // FALSE if there is no such class or the window refuses. All messages from the first on come here. The
     // first Create is for child windows.
@@ -46,15 +48,15 @@ class MFX_MFC_API CWnd : public CCmdTarget {
                           LPVOID lpParam = NULL);
     virtual BOOL CreateEx(DWORD dwExStyle, LPCTSTR lpszClassName, LPCTSTR lpszWindowName, DWORD dwStyle,
                           const RECT& rect, CWnd* pParentWnd, UINT nID, LPVOID lpParam = NULL);
-    virtual BOOL DestroyWindow();  // FALSE without a window
+    virtual BOOL DestroyWindow() { return ::DestroyWindow(m_hWnd); }  // FALSE without a window
 
     // TRUE if the message is dealt with and must not be dispatched.
-    virtual BOOL PreTranslateMessage(MSG* pMsg);
+    virtual BOOL PreTranslateMessage(MSG* /*pMsg*/) { return FALSE; }
 
     // Handles messages until ContinueModal is FALSE; returns what EndModalLoop was given, or IDABORT when the
     // window was destroyed or the program is to end. The flags have no effect: nothing is sent when idle.
     int RunModalLoop(DWORD dwFlags = 0);
-    virtual BOOL ContinueModal();
+    virtual BOOL ContinueModal() { return m_bContinueModal; }
     virtual void EndModalLoop(int nResult);
 
     // TRUE as argument reads the controls, FALSE fills them. Always TRUE; exceptions pass through.
@@ -69,12 +71,13 @@ class MFX_MFC_API CWnd : public CCmdTarget {
     BOOL ModifyStyle(DWORD dwRemove, DWORD dwAdd, UINT nFlags = 0);
 
     void SetWindowText(LPCTSTR lpszString) { ::SetWindowTextW(m_hWnd, lpszString); }
-    int GetWindowText(LPTSTR lpszStringBuf, int nMaxCount) const;
     void GetWindowText(CString& rString) const;
     int GetWindowTextLength() const { return ::GetWindowTextLengthW(m_hWnd); }
     void SetDlgItemText(int nID, LPCTSTR lpszString) { ::SetDlgItemTextW(m_hWnd, nID, lpszString); }
     int GetDlgItemText(int nID, CString& rString) const;
-    void SetFont(CFont* pFont, BOOL bRedraw = TRUE);  // the font must outlive its use
+    void SetFont(CFont* pFont, BOOL bRedraw = TRUE) {  // the font must outlive its use
+        SendMessage(WM_SETFONT, reinterpret_cast<WPARAM>(pFont ? pFont->m_hObject : nullptr), bRedraw);
+    }
     CFont* GetFont() const {
         return CFont::FromHandle(reinterpret_cast<HFONT>(::SendMessageW(m_hWnd, WM_GETFONT, 0, 0)));
     }
@@ -87,30 +90,51 @@ class MFX_MFC_API CWnd : public CCmdTarget {
     BOOL ShowWindow(int nCmdShow) { return ::ShowWindow(m_hWnd, nCmdShow); }
     BOOL IsWindowVisible() const { return ::IsWindowVisible(m_hWnd); }
 
-    void MoveWindow(int x, int y, int nWidth, int nHeight, BOOL bRepaint = TRUE);
-    void MoveWindow(LPCRECT lpRect, BOOL bRepaint = TRUE);
-    BOOL SetWindowPos(const CWnd* pWndInsertAfter, int x, int y, int cx, int cy, UINT nFlags);
+    void MoveWindow(int x, int y, int nWidth, int nHeight, BOOL bRepaint = TRUE) {
+        ::MoveWindow(m_hWnd, x, y, nWidth, nHeight, bRepaint);
+    }
+    void MoveWindow(LPCRECT lpRect, BOOL bRepaint = TRUE) {
+        MoveWindow(lpRect->left, lpRect->top, lpRect->right - lpRect->left, lpRect->bottom - lpRect->top,
+                   bRepaint);
+    }
+    BOOL SetWindowPos(const CWnd* pAfter, int x, int y, int cx, int cy, UINT nFlags) {
+        return ::SetWindowPos(m_hWnd, pAfter ? pAfter->m_hWnd : nullptr, x, y, cx, cy, nFlags);
+    }
     void GetClientRect(LPRECT lpRect) const { ::GetClientRect(m_hWnd, lpRect); }
     void GetWindowRect(LPRECT lpRect) const { ::GetWindowRect(m_hWnd, lpRect); }
     void ScreenToClient(LPPOINT lpPoint) const { ::ScreenToClient(m_hWnd, lpPoint); }
-    void ScreenToClient(LPRECT lpRect) const;
+    void ScreenToClient(LPRECT lpRect) const {
+        ::MapWindowPoints(nullptr, m_hWnd, reinterpret_cast<LPPOINT>(lpRect), 2);
+    }
     void ClientToScreen(LPPOINT lpPoint) const { ::ClientToScreen(m_hWnd, lpPoint); }
-    void ClientToScreen(LPRECT lpRect) const;
+    void ClientToScreen(LPRECT lpRect) const {
+        ::MapWindowPoints(m_hWnd, nullptr, reinterpret_cast<LPPOINT>(lpRect), 2);
+    }
 
     void Invalidate(BOOL bErase = TRUE) { ::InvalidateRect(m_hWnd, nullptr, bErase); }
     void InvalidateRect(LPCRECT lpRect, BOOL bErase = TRUE) { ::InvalidateRect(m_hWnd, lpRect, bErase); }
     void UpdateWindow() { ::UpdateWindow(m_hWnd); }
-    BOOL RedrawWindow(LPCRECT lpRectUpdate = NULL, class CRgn* prgnUpdate = NULL,
-                      UINT flags = RDW_INVALIDATE | RDW_UPDATENOW | RDW_ERASE);
+    BOOL RedrawWindow(LPCRECT lpRectUpdate = NULL, class CRgn* /*always null*/ = NULL,
+                      UINT flags = RDW_INVALIDATE | RDW_UPDATENOW | RDW_ERASE) {
+        return ::RedrawWindow(m_hWnd, lpRectUpdate, nullptr, flags);
+    }
     CDC* GetDC() { return CDC::FromHandle(::GetDC(m_hWnd)); }  // to be released
     int ReleaseDC(CDC* pDC) { return ::ReleaseDC(m_hWnd, pDC->GetSafeHdc()); }
 
-    LRESULT SendMessage(UINT message, WPARAM wParam = 0, LPARAM lParam = 0);
-    BOOL PostMessage(UINT message, WPARAM wParam = 0, LPARAM lParam = 0);
-    LRESULT SendDlgItemMessage(int nID, UINT message, WPARAM wParam = 0, LPARAM lParam = 0);
+    LRESULT SendMessage(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) {
+        return ::SendMessageW(m_hWnd, message, wParam, lParam);
+    }
+    BOOL PostMessage(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) {
+        return ::PostMessageW(m_hWnd, message, wParam, lParam);
+    }
+    LRESULT SendDlgItemMessage(int nID, UINT message, WPARAM wParam = 0, LPARAM lParam = 0) {
+        return ::SendDlgItemMessageW(m_hWnd, nID, message, wParam, lParam);
+    }
     int MessageBox(LPCTSTR lpszText, LPCTSTR lpszCaption = NULL, UINT nType = MB_OK);
     UINT_PTR SetTimer(UINT_PTR nIDEvent, UINT nElapse,
-                      void(CALLBACK* lpfnTimer)(HWND, UINT, UINT_PTR, DWORD));
+                      void(CALLBACK* lpfnTimer)(HWND, UINT, UINT_PTR, DWORD)) {
+        return ::SetTimer(m_hWnd, nIDEvent, nElapse, lpfnTimer);
+    }
     BOOL KillTimer(UINT_PTR nIDEvent) { return ::KillTimer(m_hWnd, nIDEvent); }
 
     HWND m_hWnd = nullptr;
@@ -131,8 +155,8 @@ class MFX_MFC_API CWnd : public CCmdTarget {
     // A notification that this window sent to its parent. pResult may be null.
     virtual BOOL OnChildNotify(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* pResult);
 
-    virtual void PostNcDestroy();  // after the window's end; a place to delete this object
-    virtual void DoDataExchange(CDataExchange* pDX);
+    virtual void PostNcDestroy() {}  // after the window's end; a place to delete this object
+    virtual void DoDataExchange(CDataExchange* /*pDX*/) {}
 
     // Handlers do what Windows does with the message being handled, whatever arguments they are given.
     afx_msg int OnCreate(LPCREATESTRUCT) { return static_cast<int>(Default()); }
@@ -167,7 +191,7 @@ class MFX_MFC_API CWnd : public CCmdTarget {
     static void ForgetDestroyed(HWND hWnd);
     static BOOL OfferToControl(HWND hControl, const MSG& msg, LRESULT* pResult);
     static BOOL PreTranslate(MSG& msg, HWND hTop) noexcept;
-    BOOL CallHandler(const MSG& msg, UINT nMapMessage, UINT nCode, UINT nID, LRESULT* pResult);
+    BOOL CallHandler(mfx::Message& msg, UINT nMapMessage, UINT nCode, UINT nID, LRESULT* pResult);
 
     int m_nModalResult = IDABORT;
     bool m_bContinueModal = false;

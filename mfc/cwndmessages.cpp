@@ -1,27 +1,9 @@
-#include <utility>
-
 #include "cwnd.h"
-#include "guarded.h"
-#include "windowmap.h"
 
 namespace {
 
-thread_local const MSG* t_pCurrentMessage = nullptr;
-
-// Makes a message the current one while it is handled; messages nest.
-class CCurrentMessage {
-  public:
-    explicit CCurrentMessage(const MSG& msg) : m_pPrevious(std::exchange(t_pCurrentMessage, &msg)) {}
-    ~CCurrentMessage() { t_pCurrentMessage = m_pPrevious; }
-    CCurrentMessage(const CCurrentMessage&) = delete;
-    CCurrentMessage& operator=(const CCurrentMessage&) = delete;
-
-  private:
-    const MSG* m_pPrevious;
-};
-
-UINT NotificationCode(const MSG& msg) {
-    if (msg.message == WM_NOTIFY) return mfx::LParam<const NMHDR*>(msg)->code;
+UINT NotificationCode(mfx::Message& msg) {
+    if (msg.message == WM_NOTIFY) return mfx::LParam<NMHDR*>(msg)->code;
     return msg.lParam ? HIWORD(msg.wParam) : 0;  // without a control it is a menu or an accelerator
 }
 
@@ -39,23 +21,23 @@ UINT MapMessage(UINT message) {
 
 }  // namespace
 
-CWnd* mfx::WParamWnd(const MSG& msg) {
+CWnd* mfx::WParamWnd(Message& msg) {
     return CWnd::FromHandle(WParam<HWND>(msg));
 }
 
-CWnd* mfx::LParamWnd(const MSG& msg) {
+CWnd* mfx::LParamWnd(Message& msg) {
     return CWnd::FromHandle(LParam<HWND>(msg));
 }
 
-CScrollBar* mfx::LParamScrollBar(const MSG& msg) {
+CScrollBar* mfx::LParamScrollBar(Message& msg) {
     return static_cast<CScrollBar*>(LParamWnd(msg));
 }
 
-CDC* mfx::WParamDC(const MSG& msg) {
+CDC* mfx::WParamDC(Message& msg) {
     return CDC::FromHandle(WParam<HDC>(msg));
 }
 
-UINT mfx::ControlKind(const MSG& msg) {
+UINT mfx::ControlKind(Message& msg) {
     return msg.message - WM_CTLCOLORMSGBOX;
 }
 
@@ -69,41 +51,9 @@ const AFX_MSGMAP* CWnd::GetThisMessageMap() {
     return &map;
 }
 
-// The object is looked up once and not used any more after WindowProc, where it may have been deleted.
-LRESULT CALLBACK CWnd::OnMessage(HWND hWnd, UINT message, WPARAM wParam, LPARAM lParam) noexcept {
-    const MSG msg{hWnd, message, wParam, lParam, 0, {}};
-    const CCurrentMessage current(msg);
-    const LRESULT result = mfx::Guarded(msg, [&] {
-        CWnd* const pWnd = FromHandlePermanent(hWnd);
-        return pWnd ? pWnd->WindowProc(message, wParam, lParam)
-                    : CallOwnProcedure(hWnd, message, wParam, lParam);
-    });
-    if (message == WM_NCDESTROY) mfx::Guarded(msg, [&] { return ForgetDestroyed(hWnd), 0; });
-    return result;
-}
-
-void CWnd::ForgetDestroyed(HWND hWnd) {
-    CWnd* const pWnd = FromHandlePermanent(hWnd);
-    mfx::WindowMap().erase(hWnd);
-    if (!pWnd) return;
-    pWnd->m_hWnd = nullptr;
-    pWnd->PostNcDestroy();
-}
-
-LRESULT CWnd::CallOwnProcedure(HWND hWnd, UINT message, WPARAM wParam, LPARAM lParam) {
-    const auto it = mfx::WindowMap().find(hWnd);
-    if (it == mfx::WindowMap().end() || !it->second.pfnOwn)
-        return ::DefWindowProcW(hWnd, message, wParam, lParam);
-    return ::CallWindowProcW(it->second.pfnOwn, hWnd, message, wParam, lParam);
-}
-
 LRESULT CWnd::WindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
     LRESULT result = 0;
     return OnWndMsg(message, wParam, lParam, &result) ? result : DefWindowProc(message, wParam, lParam);
-}
-
-LRESULT CWnd::DefWindowProc(UINT message, WPARAM wParam, LPARAM lParam) {
-    return CallOwnProcedure(m_hWnd, message, wParam, lParam);
 }
 
 LRESULT CWnd::Default() {
@@ -111,17 +61,14 @@ LRESULT CWnd::Default() {
     return DefWindowProc(msg.message, msg.wParam, msg.lParam);
 }
 
-const MSG* CWnd::GetCurrentMessage() {
-    return t_pCurrentMessage;
-}
-
 BOOL CWnd::OnWndMsg(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* pResult) {
     if (message == WM_COMMAND) return OnCommand(wParam, lParam);
     if (message == WM_NOTIFY) return OnNotify(wParam, lParam, pResult);
-    return CallHandler({m_hWnd, message, wParam, lParam, 0, {}}, MapMessage(message), 0, 0, pResult);
+    mfx::Message msg(m_hWnd, message, wParam, lParam);
+    return CallHandler(msg, MapMessage(message), 0, 0, pResult);
 }
 
-BOOL CWnd::CallHandler(const MSG& msg, UINT nMapMessage, UINT nCode, UINT nID, LRESULT* pResult) {
+BOOL CWnd::CallHandler(mfx::Message& msg, UINT nMapMessage, UINT nCode, UINT nID, LRESULT* pResult) {
     const AFX_MSGMAP_ENTRY* const entry = FindEntry(GetMessageMap(), nMapMessage, nCode, nID);
     if (!entry) return FALSE;
     const LRESULT result = entry->pfnCall(*this, msg);
@@ -130,14 +77,14 @@ BOOL CWnd::CallHandler(const MSG& msg, UINT nMapMessage, UINT nCode, UINT nID, L
 }
 
 BOOL CWnd::OnCommand(WPARAM wParam, LPARAM lParam) {
-    const MSG msg{m_hWnd, WM_COMMAND, wParam, lParam, 0, {}};
+    mfx::Message msg(m_hWnd, WM_COMMAND, wParam, lParam);
     return OfferToControl(reinterpret_cast<HWND>(lParam), msg, nullptr) ||
            CallHandler(msg, WM_COMMAND, NotificationCode(msg), LOWORD(wParam), nullptr);
 }
 
 BOOL CWnd::OnNotify(WPARAM wParam, LPARAM lParam, LRESULT* pResult) {
-    const MSG msg{m_hWnd, WM_NOTIFY, wParam, lParam, 0, {}};
-    const NMHDR& header = *mfx::LParam<const NMHDR*>(msg);
+    mfx::Message msg(m_hWnd, WM_NOTIFY, wParam, lParam);
+    const NMHDR& header = *mfx::LParam<NMHDR*>(msg);
     return OfferToControl(header.hwndFrom, msg, pResult) ||
            CallHandler(msg, WM_NOTIFY, header.code, static_cast<UINT>(header.idFrom), pResult);
 }
@@ -148,6 +95,6 @@ BOOL CWnd::OfferToControl(HWND hControl, const MSG& msg, LRESULT* pResult) {
 }
 
 BOOL CWnd::OnChildNotify(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* pResult) {
-    const MSG msg{m_hWnd, message, wParam, lParam, 0, {}};
+    mfx::Message msg(m_hWnd, message, wParam, lParam);
     return CallHandler(msg, mfx::kReflected + message, NotificationCode(msg), 0, pResult);
 }

@@ -15,18 +15,16 @@ BOOL CWnd::PreTranslate(MSG& msg, HWND hTop) noexcept {
     return mfx::Guarded(msg, walk) != 0;
 }
 
-BOOL CWnd::PreTranslateMessage(MSG* /*pMsg*/) {
-    return FALSE;
-}
-
 int CWnd::RunModalLoop(DWORD /*dwFlags*/) {
     m_bContinueModal = true;
     m_nModalResult = IDABORT;
     // Temporary objects made before may be in use by the handler that called.
-    const size_t nOlder = mfx::CTemporaries::Count();
+    auto& temporaries = mfx::Temporaries();
+    const size_t nOlder = temporaries.size();
     while (m_hWnd && ContinueModal()) {
         MSG msg;
-        if (!::PeekMessageW(&msg, nullptr, 0, 0, PM_NOREMOVE)) mfx::CTemporaries::DeleteFrom(nOlder);
+        if (!::PeekMessageW(&msg, nullptr, 0, 0, PM_NOREMOVE) && nOlder < temporaries.size())
+            temporaries.resize(nOlder);
         if (!::GetMessageW(&msg, nullptr, 0, 0)) {
             ::PostQuitMessage(static_cast<int>(msg.wParam));  // for the outer loops
             break;
@@ -37,10 +35,6 @@ int CWnd::RunModalLoop(DWORD /*dwFlags*/) {
     }
     m_bContinueModal = false;
     return m_nModalResult;
-}
-
-BOOL CWnd::ContinueModal() {
-    return m_bContinueModal;
 }
 
 void CWnd::EndModalLoop(int nResult) {

@@ -10,7 +10,7 @@ struct AFX_MSGMAP_ENTRY {
     UINT nMessage;
     UINT nCode;  // notification code, 0 where there is none
     UINT nID;    // control or command, 0 where there is none
-    LRESULT (*pfnCall)(CWnd& wnd, const MSG& msg);
+    LRESULT (*pfnCall)(CWnd& wnd, mfx::Message& msg);
 };
 
 // A class's own lines, up to one without pfnCall, and the map of its base class; null for CWnd.
@@ -73,21 +73,18 @@ constexpr AFX_MSGMAP_ENTRY Entry(UINT message, UINT code = 0, int id = 0) {
 #define ON_MESSAGE(message, memberFxn) mfx::Entry<mfx::MessageHandler, memberFxn>(message),
 
 // Window messages. The handlers override those of CWnd, with their parameters.
-#define ON_WM_CREATE() \
-    mfx::Entry<mfx::Handler<int, mfx::LParam<LPCREATESTRUCT>>, &ThisClass::OnCreate>(WM_CREATE),
+#define ON_WM_CREATE() mfx::Entry<mfx::CreateHandler, &ThisClass::OnCreate>(WM_CREATE),
 #define ON_WM_DESTROY() mfx::Entry<mfx::PlainHandler, &ThisClass::OnDestroy>(WM_DESTROY),
 #define ON_WM_SIZE() mfx::Entry<mfx::SizeHandler, &ThisClass::OnSize>(WM_SIZE),
 #define ON_WM_ACTIVATE() mfx::Entry<mfx::ActivateHandler, &ThisClass::OnActivate>(WM_ACTIVATE),
 #define ON_WM_SETFOCUS() mfx::Entry<mfx::FocusHandler, &ThisClass::OnSetFocus>(WM_SETFOCUS),
 #define ON_WM_KILLFOCUS() mfx::Entry<mfx::FocusHandler, &ThisClass::OnKillFocus>(WM_KILLFOCUS),
 #define ON_WM_PAINT() mfx::Entry<mfx::PlainHandler, &ThisClass::OnPaint>(WM_PAINT),
-#define ON_WM_ERASEBKGND() \
-    mfx::Entry<mfx::Handler<BOOL, mfx::WParamDC>, &ThisClass::OnEraseBkgnd>(WM_ERASEBKGND),
+#define ON_WM_ERASEBKGND() mfx::Entry<mfx::EraseHandler, &ThisClass::OnEraseBkgnd>(WM_ERASEBKGND),
 // One line for the messages of all kinds of controls (WM_CTLCOLOREDIT and so on).
 #define ON_WM_CTLCOLOR() mfx::Entry<mfx::ColorHandler, &ThisClass::OnCtlColor>(WM_CTLCOLORMSGBOX),
-#define ON_WM_HELPINFO() \
-    mfx::Entry<mfx::Handler<BOOL, mfx::LParam<HELPINFO*>>, &ThisClass::OnHelpInfo>(WM_HELP),
-#define ON_WM_TIMER() mfx::Entry<mfx::Handler<void, mfx::WParam<UINT_PTR>>, &ThisClass::OnTimer>(WM_TIMER),
+#define ON_WM_HELPINFO() mfx::Entry<mfx::HelpHandler, &ThisClass::OnHelpInfo>(WM_HELP),
+#define ON_WM_TIMER() mfx::Entry<mfx::TimerHandler, &ThisClass::OnTimer>(WM_TIMER),
 #define ON_WM_HOTKEY() mfx::Entry<mfx::KeyHandler, &ThisClass::OnHotKey>(WM_HOTKEY),
 #define ON_WM_KEYDOWN() mfx::Entry<mfx::KeyHandler, &ThisClass::OnKeyDown>(WM_KEYDOWN),
 #define ON_WM_CHAR() mfx::Entry<mfx::KeyHandler, &ThisClass::OnChar>(WM_CHAR),

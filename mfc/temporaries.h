@@ -1,13 +1,16 @@
 #pragma once
 
 #include <memory>
-#include <typeinfo>
+#include <vector>
 
 #include "afx.h"
 
+// Objects for handles that have no other; they don't own their handle.
 namespace mfx {
 
-// A T for a handle that it does not own.
+// The calling thread's, in the order in which they were made.
+MFX_MFC_API std::vector<std::unique_ptr<CObject>>& Temporaries();
+
 template <class T, auto HandleMember>
 class CTemporary : public T {
   public:
@@ -18,26 +21,17 @@ class CTemporary : public T {
     ~CTemporary() override { this->*HandleMember = nullptr; }
 };
 
-// The calling thread's temporary objects, in the order in which they were made.
-class CTemporaries {
-  public:
-    // The object for the handle, made if there is none; null for a null handle.
-    template <class T, auto HandleMember, class Handle>
-    static T* Get(Handle handle) {
-        using Temporary = CTemporary<T, HandleMember>;
-        if (!handle) return nullptr;
-        if (CObject* const object = Find(typeid(T), handle)) return static_cast<Temporary*>(object);
-        return static_cast<Temporary*>(Add(typeid(T), handle, std::make_unique<Temporary>(handle)));
-    }
-
-    static size_t Count();
-    // Deletes all but the given number of oldest ones.
-    static void DeleteFrom(size_t first);
-    static void DeleteAll(const std::type_info& type);
-
-  private:
-    static CObject* Find(const std::type_info& type, HANDLE handle);
-    static CObject* Add(const std::type_info& type, HANDLE handle, std::unique_ptr<CObject> object);
-};
+// The temporary T for a handle, made if there is none; null for a null handle.
+template <class T, auto HandleMember, class Handle>
+T* TemporaryFor(Handle handle) {
+    if (!handle) return nullptr;
+    for (const auto& object : Temporaries())
+        if (T* const found = dynamic_cast<T*>(object.get()); found && found->*HandleMember == handle)
+            return found;
+    auto made = std::make_unique<CTemporary<T, HandleMember>>(handle);
+    T* const object = made.get();
+    Temporaries().push_back(std::move(made));
+    return object;
+}
 
 }  // namespace mfx

@@ -1,0 +1,207 @@
+#include <afxwin.h>
+#include <commctrl.h>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+// What the handlers were given.
+CString g_trace;
+
+template <class... Values>
+int Trace(LPCWSTR name, Values... values) {
+    g_trace += name;
+    (g_trace.AppendFormat(L" %d", static_cast<int>(values)), ...);
+    g_trace += L";";
+    return 5;
+}
+
+CString TakeTrace() {
+    const CString trace = g_trace;
+    g_trace.Empty();
+    return trace;
+}
+
+const HBRUSH kBrush = static_cast<HBRUSH>(::GetStockObject(BLACK_BRUSH));
+
+// One handler for each way in which arguments are taken from a message.
+class CProbe : public CWnd {
+  private:
+    afx_msg int OnCreate(LPCREATESTRUCT pCreate) { return Trace(L"create", pCreate->cx) - 5; }
+    afx_msg void OnDestroy() { Trace(L"destroy"); }
+    afx_msg void OnSize(UINT nType, int cx, int cy) { Trace(L"size", nType, cx, cy); }
+    afx_msg void OnActivate(UINT n, CWnd* pWnd, BOOL b) { Trace(L"activate", n, pWnd == this, b); }
+    afx_msg void OnSetFocus(CWnd* pWnd) { Trace(L"focus", pWnd == this); }
+    afx_msg void OnPaint() { Trace(L"paint", CPaintDC(this).m_ps.fErase); }
+    afx_msg BOOL OnEraseBkgnd(CDC* pDC) { return Trace(L"erase", pDC->GetSafeHdc() != nullptr); }
+    afx_msg HBRUSH OnCtlColor(CDC*, CWnd* pWnd, UINT n) { return Trace(L"color", pWnd == this, n), kBrush; }
+    afx_msg BOOL OnHelpInfo(HELPINFO* pInfo) { return Trace(L"help", pInfo->iCtrlId); }
+    afx_msg void OnTimer(UINT_PTR nId) { Trace(L"timer", nId); }
+    afx_msg void OnHotKey(UINT nId, UINT nKey1, UINT nKey2) { Trace(L"hot key", nId, nKey1, nKey2); }
+    afx_msg void OnLButtonDown(UINT nFlags, CPoint p) { Trace(L"down", nFlags, p.x, p.y); }
+    afx_msg BOOL OnMouseWheel(UINT n, short z, CPoint p) { return Trace(L"wheel", n, z, p.x, p.y); }
+    afx_msg void OnVScroll(UINT n, UINT nPos, CScrollBar* p) { Trace(L"scroll", n, nPos, p == nullptr); }
+    afx_msg LRESULT OnApp(WPARAM wParam, LPARAM lParam) { return Trace(L"app", wParam, lParam); }
+
+    DECLARE_MESSAGE_MAP()
+};
+
+BEGIN_MESSAGE_MAP(CProbe, CWnd)
+    ON_WM_CREATE()
+    ON_WM_DESTROY()
+    ON_WM_SIZE()
+    ON_WM_ACTIVATE()
+    ON_WM_SETFOCUS()
+    ON_WM_KILLFOCUS()
+    ON_WM_PAINT()
+    ON_WM_ERASEBKGND()
+    ON_WM_CTLCOLOR()
+    ON_WM_HELPINFO()
+    ON_WM_TIMER()
+    ON_WM_HOTKEY()
+    ON_WM_KEYDOWN()
+    ON_WM_LBUTTONDOWN()
+    ON_WM_MOUSEWHEEL()
+    ON_WM_HSCROLL()
+    ON_WM_VSCROLL()
+    ON_MESSAGE(WM_APP + 1, &CProbe::OnApp)
+END_MESSAGE_MAP()
+
+// Commands and notifications, partly in the base class's map.
+class CParentBase : public CWnd {
+  protected:
+    afx_msg void OnBase() { Trace(L"base"); }
+    DECLARE_MESSAGE_MAP()
+};
+
+BEGIN_MESSAGE_MAP(CParentBase, CWnd)
+    ON_COMMAND(40, &CParentBase::OnBase)
+    ON_EN_CHANGE(2, &CParentBase::OnBase)
+END_MESSAGE_MAP()
+
+class CParent : public CParentBase {
+  private:
+    afx_msg void OnClicked() { Trace(L"clicked"); }
+    afx_msg void OnChange() { Trace(L"change"); }
+    afx_msg void OnNotified(NMHDR* p, LRESULT* pResult) { *pResult = Trace(L"notified", p->idFrom) + 1; }
+    DECLARE_MESSAGE_MAP()
+};
+
+BEGIN_MESSAGE_MAP(CParent, CParentBase)
+    ON_BN_CLICKED(1, &CParent::OnClicked)
+    ON_EN_CHANGE(2, &CParent::OnChange)
+    ON_COMMAND(41, &CParent::OnBase)
+    ON_NOTIFY(NM_CLICK, 2, &CParent::OnNotified)
+END_MESSAGE_MAP()
+
+class CReflectingEdit : public CEdit {
+  private:
+    afx_msg void OnOwnChange() { Trace(L"own change"); }
+    afx_msg void OnOwnNotification(NMHDR*, LRESULT* pResult) { *pResult = Trace(L"own notified"); }
+    afx_msg void OnChar(UINT, UINT, UINT) { CEdit::OnChar(L'z', 1, 0); }
+    DECLARE_MESSAGE_MAP()
+};
+
+BEGIN_MESSAGE_MAP(CReflectingEdit, CEdit)
+    ON_CONTROL_REFLECT(EN_CHANGE, &CReflectingEdit::OnOwnChange)
+    ON_NOTIFY_REFLECT(NM_CLICK, &CReflectingEdit::OnOwnNotification)
+    ON_WM_CHAR()
+END_MESSAGE_MAP()
+
+template <class Window>
+struct CTopLevel : Window {
+    CTopLevel() { this->CreateEx(0, L"STATIC", nullptr, WS_POPUP, CRect(0, 0, 90, 50), nullptr, 0); }
+};
+
+}  // namespace
+
+TEST(MessageMapTest, HandlersGetTheirArgumentsAndAnswer) {
+    CTopLevel<CProbe> probe;
+    EXPECT_EQ(TakeTrace(), L"create 90;size 0 90 50;");
+    const auto own = reinterpret_cast<LPARAM>(probe.m_hWnd);
+    const auto brush = reinterpret_cast<LRESULT>(kBrush);
+    HELPINFO help{};
+    help.iCtrlId = 12;
+    const struct {
+        UINT message;
+        WPARAM wParam;
+        LPARAM lParam;
+        LPCWSTR trace;
+        LRESULT result;
+    } cases[] = {
+        {WM_SIZE, SIZE_MAXIMIZED, MAKELPARAM(40000, 30), L"size 2 40000 30;", 0},
+        {WM_ACTIVATE, MAKEWPARAM(WA_CLICKACTIVE, 1), own, L"activate 2 1 1;", 0},
+        {WM_SETFOCUS, static_cast<WPARAM>(own), 0, L"focus 1;", 0},
+        {WM_CTLCOLORMSGBOX, 0, own, L"color 1 0;", brush},
+        {WM_CTLCOLORSTATIC, 0, own, L"color 1 6;", brush},
+        {WM_HELP, 0, reinterpret_cast<LPARAM>(&help), L"help 12;", 5},
+        {WM_TIMER, 7, 0, L"timer 7;", 0},
+        {WM_HOTKEY, 3, MAKELPARAM(MOD_CONTROL, 'K'), L"hot key 3 2 75;", 0},
+        {WM_LBUTTONDOWN, MK_SHIFT, MAKELPARAM(-3, 4), L"down 4 -3 4;", 0},
+        {WM_MOUSEWHEEL, MAKEWPARAM(8, -120), MAKELPARAM(3, -4), L"wheel 8 -120 3 -4;", 5},
+        {WM_VSCROLL, MAKEWPARAM(SB_THUMBTRACK, 30), 0, L"scroll 5 30 1;", 0},
+        {WM_APP + 1, 5, 6, L"app 5 6;", 5},
+        {WM_APP + 2, 5, 6, L"", 0},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.message);
+        EXPECT_EQ(probe.SendMessage(c.message, c.wParam, c.lParam), c.result);
+        EXPECT_EQ(TakeTrace(), c.trace);
+    }
+    probe.ShowWindow(SW_SHOWNOACTIVATE);
+    TakeTrace();
+    probe.RedrawWindow();
+    EXPECT_EQ(TakeTrace(), L"erase 1;paint 0;");
+    probe.DestroyWindow();
+    EXPECT_NE(TakeTrace().Find(L"destroy;"), -1);
+}
+
+TEST(MessageMapTest, CommandsAndNotificationsFindTheNearestHandler) {
+    CTopLevel<CParent> parent;
+    const struct {
+        UINT id, code;
+        LPARAM control;
+        LPCWSTR trace;
+    } cases[] = {
+        {1, BN_CLICKED, 1, L"clicked;"},
+        {1, BN_DOUBLECLICKED, 1, L""},
+        {2, EN_CHANGE, 1, L"change;"},
+        {3, EN_CHANGE, 1, L""},
+        {40, 0, 0, L"base;"},
+        {41, 1, 0, L"base;"},
+        {42, 0, 0, L""},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(testing::Message() << c.id << " " << c.code);
+        parent.SendMessage(WM_COMMAND, MAKEWPARAM(c.id, c.code), c.control);
+        EXPECT_EQ(TakeTrace(), c.trace);
+    }
+    for (const UINT code : {NM_CLICK, NM_RCLICK}) {
+        NMHDR header{nullptr, 2, code};
+        const LRESULT result = parent.SendMessage(WM_NOTIFY, 2, reinterpret_cast<LPARAM>(&header));
+        EXPECT_EQ(result, code == NM_CLICK ? 6 : 0);
+    }
+    EXPECT_EQ(TakeTrace(), L"notified 2;");
+}
+
+TEST(MessageMapTest, ControlIsOfferedItsOwnNotificationsFirst) {
+    CTopLevel<CParent> parent;
+    CReflectingEdit edit;
+    ASSERT_TRUE(edit.Create(WS_CHILD, CRect(0, 0, 50, 20), &parent, 2));
+    NMHDR click{edit.m_hWnd, 2, NM_CLICK};
+    edit.SetWindowText(L"text");
+    EXPECT_EQ(parent.SendMessage(WM_NOTIFY, 2, reinterpret_cast<LPARAM>(&click)), 5);
+    EXPECT_EQ(TakeTrace(), L"own change;own notified;");
+    // A base handler passes on the message itself, not the arguments.
+    edit.SetSel(0, -1);
+    edit.SendMessage(WM_CHAR, L'a', 1);
+    CString text;
+    EXPECT_EQ(parent.GetDlgItemText(2, text), 1);
+    EXPECT_EQ(text, L"a");
+    // Without an object that handles them they are the parent's.
+    edit.UnsubclassWindow();
+    TakeTrace();
+    parent.SetDlgItemText(2, L"more");
+    EXPECT_EQ(parent.SendMessage(WM_NOTIFY, 2, reinterpret_cast<LPARAM>(&click)), 6);
+    EXPECT_EQ(TakeTrace(), L"change;notified 2;");
+}
