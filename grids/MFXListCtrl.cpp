@@ -222,7 +222,7 @@ void CMFXListCtrl::CreateColumns(const std::vector<CString>& headers, const std:
                      ScaleForDpi(widths[std::min(i, widths.size() - 1)]), static_cast<int>(i));
 }
 
-CMFXListCtrl::Cell CMFXListCtrl::FindCell(CPoint point) const {
+CMFXListCtrl::Cell CMFXListCtrl::FindCell(CPoint point) {
     LVHITTESTINFO hit{};
     hit.pt = point;
     // Below the rows there is no row, but still a column.

@@ -65,7 +65,7 @@ class CMFXListCtrl : public CListCtrl {
     struct Cell {
         int nRow, nCol;  // -1 for none
     };
-    Cell FindCell(CPoint point) const;  // at a point of the client area
+    Cell FindCell(CPoint point);  // at a point of the client area
     bool IsEditorVisible() const;
     // The row that is selected, the first of several; -1 for none.
     int GetSelectedRow() const;

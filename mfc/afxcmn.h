@@ -1,0 +1,5 @@
+#pragma once
+
+#include "afxwin.h"
+#include "cheaderctrl.h"
+#include "clistctrl.h"

@@ -1,0 +1,12 @@
+#pragma once
+
+#include "cwnd.h"
+
+#include <commctrl.h>
+
+class MFX_MFC_API CHeaderCtrl : public CWnd {
+  public:
+    CHeaderCtrl() = default;
+
+    int GetItemCount() const { return static_cast<int>(::SendMessageW(m_hWnd, HDM_GETITEMCOUNT, 0, 0)); }
+};
