@@ -54,7 +54,8 @@ class MFX_MFC_API CWnd : public CCmdTarget {
     virtual BOOL PreTranslateMessage(MSG* /*pMsg*/) { return FALSE; }
 
     // Handles messages until ContinueModal is FALSE; returns what EndModalLoop was given, or IDABORT when the
-    // window was destroyed or the program is to end. The flags have no effect: nothing is sent when idle.
+    // window was destroyed or the program is to end. The flags have no effect: the owner gets WM_ENTERIDLE
+    // when there is nothing to do, unless the window has DS_NOIDLEMSG.
     int RunModalLoop(DWORD dwFlags = 0);
     virtual BOOL ContinueModal() { return m_bContinueModal; }
     virtual void EndModalLoop(int nResult);
@@ -184,6 +185,7 @@ class MFX_MFC_API CWnd : public CCmdTarget {
     DECLARE_MESSAGE_MAP()
 
   private:
+    void TellOwnerOfIdleness();
     friend class CDialog;
 
     static LRESULT CALLBACK OnMessage(HWND hWnd, UINT message, WPARAM wParam, LPARAM lParam) noexcept;
