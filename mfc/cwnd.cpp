@@ -87,9 +87,10 @@ HWND CWnd::UnsubclassWindow() {
 
 BOOL CWnd::CreateEx(DWORD dwExStyle, LPCTSTR lpszClassName, LPCTSTR lpszWindowName, DWORD dwStyle, int x,
                     int y, int nWidth, int nHeight, HWND hWndParent, HMENU nIDorHMenu, LPVOID lpParam) {
-    const mfx::CWindowCreation creation(*this);
-    return ::CreateWindowExW(dwExStyle, lpszClassName, lpszWindowName, dwStyle, x, y, nWidth, nHeight,
-                             hWndParent, nIDorHMenu, AfxGetInstanceHandle(), lpParam) != nullptr;
+    return mfx::CreateWindowOf(*this, [&] {
+               return ::CreateWindowExW(dwExStyle, lpszClassName, lpszWindowName, dwStyle, x, y, nWidth,
+                                        nHeight, hWndParent, nIDorHMenu, AfxGetInstanceHandle(), lpParam);
+           }) != nullptr;
 }
 
 BOOL CWnd::CreateEx(DWORD dwExStyle, LPCTSTR lpszClassName, LPCTSTR lpszWindowName, DWORD dwStyle,

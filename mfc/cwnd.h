@@ -5,6 +5,7 @@
 #include "messagemap.h"
 
 class CDataExchange;
+class CScrollBar;
 
 // A window's object. A permanent one was attached to its window and gets its messages if it also created or
 // subclassed it; it destroys a window that it still has when it is destroyed, and forgets one that Windows

@@ -2,22 +2,10 @@
 
 #include <type_traits>
 
-#include "afx.h"
-#include "atltypes.h"
-
-class CDC;
-class CScrollBar;
-class CWnd;
+#include "cwnd.h"
 
 // How the handlers of message maps are called.
 namespace mfx {
-
-// A message on its way to a handler, and the answer to WM_NOTIFY.
-struct Message : MSG {
-    Message(HWND hTarget, UINT nMessage, WPARAM w, LPARAM l) : MSG{hTarget, nMessage, w, l, 0, {}} {}
-
-    LRESULT result = 0;
-};
 
 // Where handlers' arguments come from. T is a number, or a pointer for the whole of WPARAM or LPARAM.
 template <class T>
@@ -33,12 +21,13 @@ constexpr auto LowLParam = [](Message& msg) { return static_cast<T>(LOWORD(msg.l
 template <class T>
 constexpr auto HighLParam = [](Message& msg) { return static_cast<T>(HIWORD(msg.lParam)); };
 constexpr auto Point = [](Message& msg) { return CPoint(msg.lParam); };
+constexpr auto WParamWnd = [](Message& msg) { return CWnd::FromHandle(WParam<HWND>(msg)); };
+constexpr auto LParamWnd = [](Message& msg) { return CWnd::FromHandle(LParam<HWND>(msg)); };
+constexpr auto LParamBar = [](Message& msg) { return static_cast<CScrollBar*>(LParamWnd(msg)); };
+constexpr auto WParamDC = [](Message& msg) { return CDC::FromHandle(WParam<HDC>(msg)); };
 constexpr auto Result = [](Message& msg) { return &msg.result; };
-MFX_MFC_API CWnd* WParamWnd(Message& msg);
-MFX_MFC_API CWnd* LParamWnd(Message& msg);
-MFX_MFC_API CScrollBar* LParamScrollBar(Message& msg);
-MFX_MFC_API CDC* WParamDC(Message& msg);
-MFX_MFC_API UINT ControlKind(Message& msg);  // CTLCOLOR_EDIT and the like
+// CTLCOLOR_EDIT and the like.
+constexpr auto ControlKind = [](Message& msg) { return UINT{msg.message - WM_CTLCOLORMSGBOX}; };
 
 // Calls a handler with arguments taken from the message. One with another signature does not compile.
 template <class Return, auto... Arguments>
@@ -76,6 +65,6 @@ using TimerHandler = Handler<void, WParam<UINT_PTR>>;
 using KeyHandler = Handler<void, WParam<UINT>, LowLParam<UINT>, HighLParam<UINT>>;
 using MouseHandler = Handler<void, WParam<UINT>, Point>;
 using WheelHandler = Handler<BOOL, LowWParam<UINT>, HighWParam<short>, Point>;
-using ScrollHandler = Handler<void, LowWParam<UINT>, HighWParam<UINT>, LParamScrollBar>;
+using ScrollHandler = Handler<void, LowWParam<UINT>, HighWParam<UINT>, LParamBar>;
 
 }  // namespace mfx

@@ -1,6 +1,19 @@
 #pragma once
 
-#include "messagehandler.h"
+#include "afx.h"
+
+class CWnd;
+
+namespace mfx {
+
+// A message on its way to a handler, and the answer to WM_NOTIFY.
+struct Message : MSG {
+    Message(HWND hTarget, UINT nMessage, WPARAM w, LPARAM l) : MSG{hTarget, nMessage, w, l, 0, {}} {}
+
+    LRESULT result = 0;
+};
+
+}  // namespace mfx
 
 // Marks a message handler for the reader.
 #define afx_msg
