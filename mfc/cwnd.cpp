@@ -107,7 +107,7 @@ BOOL CWnd::Create(LPCTSTR lpszClassName, LPCTSTR lpszWindowName, DWORD dwStyle, 
 
 // The object is not used any more after WindowProc, where it may have been deleted.
 LRESULT CALLBACK CWnd::OnMessage(HWND hWnd, UINT message, WPARAM wParam, LPARAM lParam) noexcept {
-    const mfx::Message msg(hWnd, message, wParam, lParam);
+    const MSG msg{hWnd, message, wParam, lParam, 0, {}};
     const MSG* const pPrevious = std::exchange(t_pCurrentMessage, &msg);  // messages nest
     const LRESULT result = mfx::Guarded(msg, [&] {
         CWnd* const pWnd = FromHandlePermanent(hWnd);

@@ -7,6 +7,13 @@
 // How the handlers of message maps are called.
 namespace mfx {
 
+// A message on its way to a handler, and the answer to WM_NOTIFY.
+struct Message : MSG {
+    Message(HWND hTarget, UINT nMessage, WPARAM w, LPARAM l) : MSG{hTarget, nMessage, w, l, 0, {}} {}
+
+    LRESULT result = 0;
+};
+
 // Where handlers' arguments come from. T is a number, or a pointer for the whole of WPARAM or LPARAM.
 template <class T>
 constexpr auto WParam = [](Message& msg) { return (T)msg.wParam; };
@@ -66,5 +73,13 @@ using KeyHandler = Handler<void, WParam<UINT>, LowLParam<UINT>, HighLParam<UINT>
 using MouseHandler = Handler<void, WParam<UINT>, Point>;
 using WheelHandler = Handler<BOOL, LowWParam<UINT>, HighWParam<short>, Point>;
 using ScrollHandler = Handler<void, LowWParam<UINT>, HighWParam<UINT>, LParamBar>;
+
+// Added to WM_COMMAND and WM_NOTIFY for lines that handle a control's notification in the control.
+constexpr UINT kReflected = 0x2000;
+
+template <class Handler, auto Member>
+constexpr AFX_MSGMAP_ENTRY Entry(UINT message, UINT code = 0, int id = 0) {
+    return {message, code, static_cast<UINT>(id), &Handler::template Call<Member>};
+}
 
 }  // namespace mfx

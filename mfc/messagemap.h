@@ -5,15 +5,8 @@
 class CWnd;
 
 namespace mfx {
-
-// A message on its way to a handler, and the answer to WM_NOTIFY.
-struct Message : MSG {
-    Message(HWND hTarget, UINT nMessage, WPARAM w, LPARAM l) : MSG{hTarget, nMessage, w, l, 0, {}} {}
-
-    LRESULT result = 0;
-};
-
-}  // namespace mfx
+struct Message;
+}
 
 // Marks a message handler for the reader.
 #define afx_msg
@@ -31,18 +24,6 @@ struct AFX_MSGMAP {
     const AFX_MSGMAP* pBaseMap;
     const AFX_MSGMAP_ENTRY* pEntries;
 };
-
-namespace mfx {
-
-// Added to WM_COMMAND and WM_NOTIFY for lines that handle a control's notification in the control.
-constexpr UINT kReflected = 0x2000;
-
-template <class Handler, auto Member>
-constexpr AFX_MSGMAP_ENTRY Entry(UINT message, UINT code = 0, int id = 0) {
-    return {message, code, static_cast<UINT>(id), &Handler::template Call<Member>};
-}
-
-}  // namespace mfx
 
 // clang-format off
 #define DECLARE_MESSAGE_MAP()                     \

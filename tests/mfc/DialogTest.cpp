@@ -57,7 +57,6 @@ class CTestDialog : public CDialog {
         DDX_Text(pDX, IDC_TEST_MISSING, m_text);
         DDX_Control(pDX, IDC_TEST_EDIT, m_edit);
         DDX_Text(pDX, IDC_TEST_EDIT, m_text);
-        DDX_Check(pDX, IDC_TEST_CHECK, m_check);
     }
     afx_msg LRESULT OnStep(WPARAM nStep, LPARAM) {
         if (nStep >= m_steps.size()) return 0;
