@@ -5,6 +5,7 @@
 #include "messagemap.h"
 
 class CDataExchange;
+class CScrollBar;
 
 // A window's object. A permanent one was attached to its window and gets its messages if it also created or
 // subclassed it; it destroys a window that it still has when it is destroyed, and forgets one that Windows
@@ -113,7 +114,6 @@ class MFX_MFC_API CWnd : public CCmdTarget {
     }
 
     void Invalidate(BOOL bErase = TRUE) { ::InvalidateRect(m_hWnd, nullptr, bErase); }
-    void InvalidateRect(LPCRECT lpRect, BOOL bErase = TRUE) { ::InvalidateRect(m_hWnd, lpRect, bErase); }
     void UpdateWindow() { ::UpdateWindow(m_hWnd); }
     BOOL RedrawWindow(LPCRECT lpRectUpdate = NULL, class CRgn* /*always null*/ = NULL,
                       UINT flags = RDW_INVALIDATE | RDW_UPDATENOW | RDW_ERASE) {
