@@ -6,6 +6,7 @@
 #include "ccmdtarget.h"
 #include "cdc.h"
 #include "cwnd.h"
+#include "messagehandler.h"
 #include "cdataexchange.h"
 #include "cdialog.h"
 #include "cbutton.h"

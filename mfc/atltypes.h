@@ -7,6 +7,7 @@ class CSize : public tagSIZE {
     CSize() : tagSIZE{} {}
     CSize(int initCX, int initCY) : tagSIZE{initCX, initCY} {}
     CSize(SIZE initSize) : tagSIZE(initSize) {}
+    BOOL operator==(SIZE size) const { return cx == size.cx && cy == size.cy; }
 };
 
 class CPoint : public tagPOINT {

@@ -15,9 +15,7 @@ class MFX_MFC_API CDataExchange {
     CWnd* m_pDlgWnd;
 };
 
-// Subclasses the control at the first exchange. This and the following leave a member as it is where there is
-// no such control, so that the others get theirs; GetSafeHwnd of rControl then stays null.
+// Subclasses the control at the first exchange. Where there is no such control this and DDX_Text leave the
+// member as it is, so that the others get theirs; GetSafeHwnd of rControl then stays null.
 MFX_MFC_API void DDX_Control(CDataExchange* pDX, int nIDC, CWnd& rControl);
 MFX_MFC_API void DDX_Text(CDataExchange* pDX, int nIDC, CString& value);
-MFX_MFC_API void DDX_CBIndex(CDataExchange* pDX, int nIDC, int& index);
-MFX_MFC_API void DDX_Check(CDataExchange* pDX, int nIDC, int& value);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "atltypes.h"
 #include "cbitmap.h"
 #include "cfont.h"
 

@@ -37,9 +37,10 @@ BOOL CDialog::CreateFromTemplate(HWND hOwner) {
     const HGLOBAL hLoaded = hFound ? ::LoadResource(hResources, hFound) : nullptr;
     if (!hLoaded) return FALSE;
     const auto dialog = static_cast<LPCDLGTEMPLATE>(::LockResource(hLoaded));
-    const mfx::CWindowCreation creation(*this);
-    return ::CreateDialogIndirectParamW(AfxGetInstanceHandle(), dialog, hOwner, NoDialogProcedure, 0) !=
-           nullptr;
+    return mfx::CreateWindowOf(*this, [&] {
+               return ::CreateDialogIndirectParamW(AfxGetInstanceHandle(), dialog, hOwner, NoDialogProcedure,
+                                                   0);
+           }) != nullptr;
 }
 
 INT_PTR CDialog::DoModal() {

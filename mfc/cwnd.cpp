@@ -87,9 +87,10 @@ HWND CWnd::UnsubclassWindow() {
 
 BOOL CWnd::CreateEx(DWORD dwExStyle, LPCTSTR lpszClassName, LPCTSTR lpszWindowName, DWORD dwStyle, int x,
                     int y, int nWidth, int nHeight, HWND hWndParent, HMENU nIDorHMenu, LPVOID lpParam) {
-    const mfx::CWindowCreation creation(*this);
-    return ::CreateWindowExW(dwExStyle, lpszClassName, lpszWindowName, dwStyle, x, y, nWidth, nHeight,
-                             hWndParent, nIDorHMenu, AfxGetInstanceHandle(), lpParam) != nullptr;
+    return mfx::CreateWindowOf(*this, [&] {
+               return ::CreateWindowExW(dwExStyle, lpszClassName, lpszWindowName, dwStyle, x, y, nWidth,
+                                        nHeight, hWndParent, nIDorHMenu, AfxGetInstanceHandle(), lpParam);
+           }) != nullptr;
 }
 
 BOOL CWnd::CreateEx(DWORD dwExStyle, LPCTSTR lpszClassName, LPCTSTR lpszWindowName, DWORD dwStyle,
@@ -106,7 +107,7 @@ BOOL CWnd::Create(LPCTSTR lpszClassName, LPCTSTR lpszWindowName, DWORD dwStyle, 
 
 // The object is not used any more after WindowProc, where it may have been deleted.
 LRESULT CALLBACK CWnd::OnMessage(HWND hWnd, UINT message, WPARAM wParam, LPARAM lParam) noexcept {
-    const mfx::Message msg(hWnd, message, wParam, lParam);
+    const MSG msg{hWnd, message, wParam, lParam, 0, {}};
     const MSG* const pPrevious = std::exchange(t_pCurrentMessage, &msg);  // messages nest
     const LRESULT result = mfx::Guarded(msg, [&] {
         CWnd* const pWnd = FromHandlePermanent(hWnd);

@@ -5,6 +5,7 @@
 #include "messagemap.h"
 
 class CDataExchange;
+class CScrollBar;
 
 // A window's object. A permanent one was attached to its window and gets its messages if it also created or
 // subclassed it; it destroys a window that it still has when it is destroyed, and forgets one that Windows
@@ -54,7 +55,8 @@ class MFX_MFC_API CWnd : public CCmdTarget {
     virtual BOOL PreTranslateMessage(MSG* /*pMsg*/) { return FALSE; }
 
     // Handles messages until ContinueModal is FALSE; returns what EndModalLoop was given, or IDABORT when the
-    // window was destroyed or the program is to end. The flags have no effect: nothing is sent when idle.
+    // window was destroyed or the program is to end. The flags have no effect: the owner gets WM_ENTERIDLE
+    // when there is nothing to do, unless the window has DS_NOIDLEMSG.
     int RunModalLoop(DWORD dwFlags = 0);
     virtual BOOL ContinueModal() { return m_bContinueModal; }
     virtual void EndModalLoop(int nResult);
@@ -112,7 +114,6 @@ class MFX_MFC_API CWnd : public CCmdTarget {
     }
 
     void Invalidate(BOOL bErase = TRUE) { ::InvalidateRect(m_hWnd, nullptr, bErase); }
-    void InvalidateRect(LPCRECT lpRect, BOOL bErase = TRUE) { ::InvalidateRect(m_hWnd, lpRect, bErase); }
     void UpdateWindow() { ::UpdateWindow(m_hWnd); }
     BOOL RedrawWindow(LPCRECT lpRectUpdate = NULL, class CRgn* /*always null*/ = NULL,
                       UINT flags = RDW_INVALIDATE | RDW_UPDATENOW | RDW_ERASE) {
@@ -184,6 +185,7 @@ class MFX_MFC_API CWnd : public CCmdTarget {
     DECLARE_MESSAGE_MAP()
 
   private:
+    void TellOwnerOfIdleness();
     friend class CDialog;
 
     static LRESULT CALLBACK OnMessage(HWND hWnd, UINT message, WPARAM wParam, LPARAM lParam) noexcept;

@@ -1,4 +1,4 @@
-#include "cwnd.h"
+#include "messagehandler.h"
 
 namespace {
 
@@ -20,26 +20,6 @@ UINT MapMessage(UINT message) {
 }
 
 }  // namespace
-
-CWnd* mfx::WParamWnd(Message& msg) {
-    return CWnd::FromHandle(WParam<HWND>(msg));
-}
-
-CWnd* mfx::LParamWnd(Message& msg) {
-    return CWnd::FromHandle(LParam<HWND>(msg));
-}
-
-CScrollBar* mfx::LParamScrollBar(Message& msg) {
-    return static_cast<CScrollBar*>(LParamWnd(msg));
-}
-
-CDC* mfx::WParamDC(Message& msg) {
-    return CDC::FromHandle(WParam<HDC>(msg));
-}
-
-UINT mfx::ControlKind(Message& msg) {
-    return msg.message - WM_CTLCOLORMSGBOX;
-}
 
 const AFX_MSGMAP* CWnd::GetMessageMap() const {
     return GetThisMessageMap();

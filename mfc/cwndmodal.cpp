@@ -15,6 +15,12 @@ BOOL CWnd::PreTranslate(MSG& msg, HWND hTop) noexcept {
     return mfx::Guarded(msg, walk) != 0;
 }
 
+void CWnd::TellOwnerOfIdleness() {
+    const HWND hOwner = ::GetParent(m_hWnd);
+    if (hOwner && !(GetStyle() & DS_NOIDLEMSG))
+        ::SendMessageW(hOwner, WM_ENTERIDLE, MSGF_DIALOGBOX, reinterpret_cast<LPARAM>(m_hWnd));
+}
+
 int CWnd::RunModalLoop(DWORD /*dwFlags*/) {
     m_bContinueModal = true;
     m_nModalResult = IDABORT;
@@ -23,8 +29,11 @@ int CWnd::RunModalLoop(DWORD /*dwFlags*/) {
     const size_t nOlder = temporaries.size();
     while (m_hWnd && ContinueModal()) {
         MSG msg;
-        if (!::PeekMessageW(&msg, nullptr, 0, 0, PM_NOREMOVE) && nOlder < temporaries.size())
-            temporaries.resize(nOlder);
+        if (!::PeekMessageW(&msg, nullptr, 0, 0, PM_NOREMOVE)) {
+            if (nOlder < temporaries.size()) temporaries.resize(nOlder);
+            TellOwnerOfIdleness();
+            if (!m_hWnd || !ContinueModal()) break;
+        }
         if (!::GetMessageW(&msg, nullptr, 0, 0)) {
             ::PostQuitMessage(static_cast<int>(msg.wParam));  // for the outer loops
             break;

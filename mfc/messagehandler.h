@@ -2,12 +2,7 @@
 
 #include <type_traits>
 
-#include "afx.h"
-#include "atltypes.h"
-
-class CDC;
-class CScrollBar;
-class CWnd;
+#include "cwnd.h"
 
 // How the handlers of message maps are called.
 namespace mfx {
@@ -33,12 +28,13 @@ constexpr auto LowLParam = [](Message& msg) { return static_cast<T>(LOWORD(msg.l
 template <class T>
 constexpr auto HighLParam = [](Message& msg) { return static_cast<T>(HIWORD(msg.lParam)); };
 constexpr auto Point = [](Message& msg) { return CPoint(msg.lParam); };
+constexpr auto WParamWnd = [](Message& msg) { return CWnd::FromHandle(WParam<HWND>(msg)); };
+constexpr auto LParamWnd = [](Message& msg) { return CWnd::FromHandle(LParam<HWND>(msg)); };
+constexpr auto LParamBar = [](Message& msg) { return static_cast<CScrollBar*>(LParamWnd(msg)); };
+constexpr auto WParamDC = [](Message& msg) { return CDC::FromHandle(WParam<HDC>(msg)); };
 constexpr auto Result = [](Message& msg) { return &msg.result; };
-MFX_MFC_API CWnd* WParamWnd(Message& msg);
-MFX_MFC_API CWnd* LParamWnd(Message& msg);
-MFX_MFC_API CScrollBar* LParamScrollBar(Message& msg);
-MFX_MFC_API CDC* WParamDC(Message& msg);
-MFX_MFC_API UINT ControlKind(Message& msg);  // CTLCOLOR_EDIT and the like
+// CTLCOLOR_EDIT and the like.
+constexpr auto ControlKind = [](Message& msg) { return UINT{msg.message - WM_CTLCOLORMSGBOX}; };
 
 // Calls a handler with arguments taken from the message. One with another signature does not compile.
 template <class Return, auto... Arguments>
@@ -76,6 +72,14 @@ using TimerHandler = Handler<void, WParam<UINT_PTR>>;
 using KeyHandler = Handler<void, WParam<UINT>, LowLParam<UINT>, HighLParam<UINT>>;
 using MouseHandler = Handler<void, WParam<UINT>, Point>;
 using WheelHandler = Handler<BOOL, LowWParam<UINT>, HighWParam<short>, Point>;
-using ScrollHandler = Handler<void, LowWParam<UINT>, HighWParam<UINT>, LParamScrollBar>;
+using ScrollHandler = Handler<void, LowWParam<UINT>, HighWParam<UINT>, LParamBar>;
+
+// Added to WM_COMMAND and WM_NOTIFY for lines that handle a control's notification in the control.
+constexpr UINT kReflected = 0x2000;
+
+template <class Handler, auto Member>
+constexpr AFX_MSGMAP_ENTRY Entry(UINT message, UINT code = 0, int id = 0) {
+    return {message, code, static_cast<UINT>(id), &Handler::template Call<Member>};
+}
 
 }  // namespace mfx

@@ -1,6 +1,12 @@
 #pragma once
 
-#include "messagehandler.h"
+#include "afx.h"
+
+class CWnd;
+
+namespace mfx {
+struct Message;
+}
 
 // Marks a message handler for the reader.
 #define afx_msg
@@ -18,18 +24,6 @@ struct AFX_MSGMAP {
     const AFX_MSGMAP* pBaseMap;
     const AFX_MSGMAP_ENTRY* pEntries;
 };
-
-namespace mfx {
-
-// Added to WM_COMMAND and WM_NOTIFY for lines that handle a control's notification in the control.
-constexpr UINT kReflected = 0x2000;
-
-template <class Handler, auto Member>
-constexpr AFX_MSGMAP_ENTRY Entry(UINT message, UINT code = 0, int id = 0) {
-    return {message, code, static_cast<UINT>(id), &Handler::template Call<Member>};
-}
-
-}  // namespace mfx
 
 // clang-format off
 #define DECLARE_MESSAGE_MAP()                     \

@@ -57,7 +57,6 @@ class CTestDialog : public CDialog {
         DDX_Text(pDX, IDC_TEST_MISSING, m_text);
         DDX_Control(pDX, IDC_TEST_EDIT, m_edit);
         DDX_Text(pDX, IDC_TEST_EDIT, m_text);
-        DDX_Check(pDX, IDC_TEST_CHECK, m_check);
     }
     afx_msg LRESULT OnStep(WPARAM nStep, LPARAM) {
         if (nStep >= m_steps.size()) return 0;
@@ -107,7 +106,7 @@ TEST(DialogTest, EndsInEveryWayAndGivesTheOwnerBack) {
         EXPECT_EQ(dialog.DoModal(), result);
         EXPECT_FALSE(dialog.m_hWnd || dialog.m_edit.m_hWnd);
         EXPECT_TRUE(main.IsWindowEnabled());
-        if (result != IDABORT) EXPECT_EQ(CWnd::GetActiveWindow(), &main);
+        EXPECT_TRUE(result == IDABORT || CWnd::GetActiveWindow() == &main);
     }
     MSG msg;
     EXPECT_TRUE(::PeekMessageW(&msg, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE) && msg.wParam == 3);

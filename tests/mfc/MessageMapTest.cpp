@@ -5,8 +5,7 @@
 
 namespace {
 
-// What the handlers were given.
-CString g_trace;
+CString g_trace;  // what the handlers were given
 
 template <class... Values>
 int Trace(LPCWSTR name, Values... values) {
@@ -24,14 +23,25 @@ CString TakeTrace() {
 
 const HBRUSH kBrush = static_cast<HBRUSH>(::GetStockObject(BLACK_BRUSH));
 
-// One handler for each way in which arguments are taken from a message.
-class CProbe : public CWnd {
+class CProbeBase : public CWnd {
+  protected:
+    afx_msg void OnBase() { Trace(L"base"); }
+    DECLARE_MESSAGE_MAP()
+};
+
+BEGIN_MESSAGE_MAP(CProbeBase, CWnd)
+    ON_COMMAND(40, &CProbeBase::OnBase)
+    ON_EN_CHANGE(2, &CProbeBase::OnBase)
+END_MESSAGE_MAP()
+
+// A handler for each way in which arguments are taken from a message.
+class CProbe : public CProbeBase {
   private:
     afx_msg int OnCreate(LPCREATESTRUCT pCreate) { return Trace(L"create", pCreate->cx) - 5; }
     afx_msg void OnDestroy() { Trace(L"destroy"); }
     afx_msg void OnSize(UINT nType, int cx, int cy) { Trace(L"size", nType, cx, cy); }
     afx_msg void OnActivate(UINT n, CWnd* pWnd, BOOL b) { Trace(L"activate", n, pWnd == this, b); }
-    afx_msg void OnSetFocus(CWnd* pWnd) { Trace(L"focus", pWnd == this); }
+    afx_msg void OnKillFocus(CWnd* pWnd) { Trace(L"focus", pWnd == this); }
     afx_msg void OnPaint() { Trace(L"paint", CPaintDC(this).m_ps.fErase); }
     afx_msg BOOL OnEraseBkgnd(CDC* pDC) { return Trace(L"erase", pDC->GetSafeHdc() != nullptr); }
     afx_msg HBRUSH OnCtlColor(CDC*, CWnd* pWnd, UINT n) { return Trace(L"color", pWnd == this, n), kBrush; }
@@ -42,16 +52,17 @@ class CProbe : public CWnd {
     afx_msg BOOL OnMouseWheel(UINT n, short z, CPoint p) { return Trace(L"wheel", n, z, p.x, p.y); }
     afx_msg void OnVScroll(UINT n, UINT nPos, CScrollBar* p) { Trace(L"scroll", n, nPos, p == nullptr); }
     afx_msg LRESULT OnApp(WPARAM wParam, LPARAM lParam) { return Trace(L"app", wParam, lParam); }
-
+    afx_msg void OnClicked() { Trace(L"clicked"); }
+    afx_msg void OnChange() { Trace(L"change"); }
+    afx_msg void OnNotified(NMHDR* p, LRESULT* pResult) { *pResult = Trace(L"notified", p->idFrom) + 1; }
     DECLARE_MESSAGE_MAP()
 };
 
-BEGIN_MESSAGE_MAP(CProbe, CWnd)
+BEGIN_MESSAGE_MAP(CProbe, CProbeBase)
     ON_WM_CREATE()
     ON_WM_DESTROY()
     ON_WM_SIZE()
     ON_WM_ACTIVATE()
-    ON_WM_SETFOCUS()
     ON_WM_KILLFOCUS()
     ON_WM_PAINT()
     ON_WM_ERASEBKGND()
@@ -59,39 +70,14 @@ BEGIN_MESSAGE_MAP(CProbe, CWnd)
     ON_WM_HELPINFO()
     ON_WM_TIMER()
     ON_WM_HOTKEY()
-    ON_WM_KEYDOWN()
     ON_WM_LBUTTONDOWN()
     ON_WM_MOUSEWHEEL()
-    ON_WM_HSCROLL()
     ON_WM_VSCROLL()
     ON_MESSAGE(WM_APP + 1, &CProbe::OnApp)
-END_MESSAGE_MAP()
-
-// Commands and notifications, partly in the base class's map.
-class CParentBase : public CWnd {
-  protected:
-    afx_msg void OnBase() { Trace(L"base"); }
-    DECLARE_MESSAGE_MAP()
-};
-
-BEGIN_MESSAGE_MAP(CParentBase, CWnd)
-    ON_COMMAND(40, &CParentBase::OnBase)
-    ON_EN_CHANGE(2, &CParentBase::OnBase)
-END_MESSAGE_MAP()
-
-class CParent : public CParentBase {
-  private:
-    afx_msg void OnClicked() { Trace(L"clicked"); }
-    afx_msg void OnChange() { Trace(L"change"); }
-    afx_msg void OnNotified(NMHDR* p, LRESULT* pResult) { *pResult = Trace(L"notified", p->idFrom) + 1; }
-    DECLARE_MESSAGE_MAP()
-};
-
-BEGIN_MESSAGE_MAP(CParent, CParentBase)
-    ON_BN_CLICKED(1, &CParent::OnClicked)
-    ON_EN_CHANGE(2, &CParent::OnChange)
-    ON_COMMAND(41, &CParent::OnBase)
-    ON_NOTIFY(NM_CLICK, 2, &CParent::OnNotified)
+    ON_BN_CLICKED(1, &CProbe::OnClicked)
+    ON_EN_CHANGE(2, &CProbe::OnChange)
+    ON_COMMAND(41, &CProbe::OnBase)
+    ON_NOTIFY(NM_CLICK, 2, &CProbe::OnNotified)
 END_MESSAGE_MAP()
 
 class CReflectingEdit : public CEdit {
@@ -108,17 +94,22 @@ BEGIN_MESSAGE_MAP(CReflectingEdit, CEdit)
     ON_WM_CHAR()
 END_MESSAGE_MAP()
 
-template <class Window>
-struct CTopLevel : Window {
-    CTopLevel() { this->CreateEx(0, L"STATIC", nullptr, WS_POPUP, CRect(0, 0, 90, 50), nullptr, 0); }
+class MessageMapTest : public ::testing::Test {
+  protected:
+    MessageMapTest() { m_probe.CreateEx(0, L"STATIC", L"", WS_POPUP, CRect(0, 0, 90, 50), nullptr, 0); }
+
+    LRESULT Notify(NMHDR header) {
+        return m_probe.SendMessage(WM_NOTIFY, header.idFrom, reinterpret_cast<LPARAM>(&header));
+    }
+
+    CProbe m_probe;
 };
 
 }  // namespace
 
-TEST(MessageMapTest, HandlersGetTheirArgumentsAndAnswer) {
-    CTopLevel<CProbe> probe;
+TEST_F(MessageMapTest, HandlersGetTheirArgumentsAndAnswer) {
     EXPECT_EQ(TakeTrace(), L"create 90;size 0 90 50;");
-    const auto own = reinterpret_cast<LPARAM>(probe.m_hWnd);
+    const auto own = reinterpret_cast<LPARAM>(m_probe.m_hWnd);
     const auto brush = reinterpret_cast<LRESULT>(kBrush);
     HELPINFO help{};
     help.iCtrlId = 12;
@@ -131,7 +122,7 @@ TEST(MessageMapTest, HandlersGetTheirArgumentsAndAnswer) {
     } cases[] = {
         {WM_SIZE, SIZE_MAXIMIZED, MAKELPARAM(40000, 30), L"size 2 40000 30;", 0},
         {WM_ACTIVATE, MAKEWPARAM(WA_CLICKACTIVE, 1), own, L"activate 2 1 1;", 0},
-        {WM_SETFOCUS, static_cast<WPARAM>(own), 0, L"focus 1;", 0},
+        {WM_KILLFOCUS, static_cast<WPARAM>(own), 0, L"focus 1;", 0},
         {WM_CTLCOLORMSGBOX, 0, own, L"color 1 0;", brush},
         {WM_CTLCOLORSTATIC, 0, own, L"color 1 6;", brush},
         {WM_HELP, 0, reinterpret_cast<LPARAM>(&help), L"help 12;", 5},
@@ -142,66 +133,44 @@ TEST(MessageMapTest, HandlersGetTheirArgumentsAndAnswer) {
         {WM_VSCROLL, MAKEWPARAM(SB_THUMBTRACK, 30), 0, L"scroll 5 30 1;", 0},
         {WM_APP + 1, 5, 6, L"app 5 6;", 5},
         {WM_APP + 2, 5, 6, L"", 0},
+        {WM_COMMAND, MAKEWPARAM(1, BN_CLICKED), 1, L"clicked;", 0},
+        {WM_COMMAND, MAKEWPARAM(1, BN_DOUBLECLICKED), 1, L"", 0},
+        {WM_COMMAND, MAKEWPARAM(2, EN_CHANGE), 1, L"change;", 0},
+        {WM_COMMAND, MAKEWPARAM(3, EN_CHANGE), 1, L"", 0},
+        {WM_COMMAND, 40, 0, L"base;", 0},
+        {WM_COMMAND, MAKEWPARAM(41, 1), 0, L"base;", 0},  // from an accelerator
     };
     for (const auto& c : cases) {
-        SCOPED_TRACE(c.message);
-        EXPECT_EQ(probe.SendMessage(c.message, c.wParam, c.lParam), c.result);
+        SCOPED_TRACE(testing::Message() << c.message << " " << c.wParam);
+        EXPECT_EQ(m_probe.SendMessage(c.message, c.wParam, c.lParam), c.result);
         EXPECT_EQ(TakeTrace(), c.trace);
     }
-    probe.ShowWindow(SW_SHOWNOACTIVATE);
+    m_probe.ShowWindow(SW_SHOWNOACTIVATE);
     TakeTrace();
-    probe.RedrawWindow();
+    m_probe.RedrawWindow();
     EXPECT_EQ(TakeTrace(), L"erase 1;paint 0;");
-    probe.DestroyWindow();
+    m_probe.DestroyWindow();
     EXPECT_NE(TakeTrace().Find(L"destroy;"), -1);
 }
 
-TEST(MessageMapTest, CommandsAndNotificationsFindTheNearestHandler) {
-    CTopLevel<CParent> parent;
-    const struct {
-        UINT id, code;
-        LPARAM control;
-        LPCWSTR trace;
-    } cases[] = {
-        {1, BN_CLICKED, 1, L"clicked;"},
-        {1, BN_DOUBLECLICKED, 1, L""},
-        {2, EN_CHANGE, 1, L"change;"},
-        {3, EN_CHANGE, 1, L""},
-        {40, 0, 0, L"base;"},
-        {41, 1, 0, L"base;"},
-        {42, 0, 0, L""},
-    };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(testing::Message() << c.id << " " << c.code);
-        parent.SendMessage(WM_COMMAND, MAKEWPARAM(c.id, c.code), c.control);
-        EXPECT_EQ(TakeTrace(), c.trace);
-    }
-    for (const UINT code : {NM_CLICK, NM_RCLICK}) {
-        NMHDR header{nullptr, 2, code};
-        const LRESULT result = parent.SendMessage(WM_NOTIFY, 2, reinterpret_cast<LPARAM>(&header));
-        EXPECT_EQ(result, code == NM_CLICK ? 6 : 0);
-    }
-    EXPECT_EQ(TakeTrace(), L"notified 2;");
-}
-
-TEST(MessageMapTest, ControlIsOfferedItsOwnNotificationsFirst) {
-    CTopLevel<CParent> parent;
+TEST_F(MessageMapTest, ControlIsOfferedItsOwnNotificationsFirst) {
     CReflectingEdit edit;
-    ASSERT_TRUE(edit.Create(WS_CHILD, CRect(0, 0, 50, 20), &parent, 2));
-    NMHDR click{edit.m_hWnd, 2, NM_CLICK};
+    ASSERT_TRUE(edit.Create(WS_CHILD, CRect(0, 0, 50, 20), &m_probe, 2));
+    const NMHDR click{edit.m_hWnd, 2, NM_CLICK};
+    TakeTrace();
     edit.SetWindowText(L"text");
-    EXPECT_EQ(parent.SendMessage(WM_NOTIFY, 2, reinterpret_cast<LPARAM>(&click)), 5);
+    EXPECT_EQ(Notify(click), 5);
     EXPECT_EQ(TakeTrace(), L"own change;own notified;");
     // A base handler passes on the message itself, not the arguments.
     edit.SetSel(0, -1);
     edit.SendMessage(WM_CHAR, L'a', 1);
     CString text;
-    EXPECT_EQ(parent.GetDlgItemText(2, text), 1);
-    EXPECT_EQ(text, L"a");
+    EXPECT_TRUE(m_probe.GetDlgItemText(2, text) == 1 && text == L"a");
     // Without an object that handles them they are the parent's.
     edit.UnsubclassWindow();
     TakeTrace();
-    parent.SetDlgItemText(2, L"more");
-    EXPECT_EQ(parent.SendMessage(WM_NOTIFY, 2, reinterpret_cast<LPARAM>(&click)), 6);
+    m_probe.SetDlgItemText(2, L"more");
+    EXPECT_EQ(Notify(click), 6);
+    EXPECT_EQ(Notify({click.hwndFrom, 2, NM_RCLICK}), 0);
     EXPECT_EQ(TakeTrace(), L"change;notified 2;");
 }
