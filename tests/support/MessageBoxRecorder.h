@@ -14,6 +14,9 @@ class MessageBoxRecorder {
     // The next box: its text, its icon (MB_ICONERROR and the like, 0 for none), the button that answers it.
     void Expect(const CString& strText, UINT nIcon = 0, int nAnswer = IDOK);
 
+    // From now on answers any box with Cancel or its only button.
+    void AnswerAll() { m_bAnswerAll = true; }
+
     // Fails the test for expected boxes that have not come, and forgets them.
     void Verify();
 
@@ -33,4 +36,5 @@ class MessageBoxRecorder {
 
     std::deque<Box> m_expected;
     HHOOK m_hHook;
+    bool m_bAnswerAll = false;
 };
