@@ -4,6 +4,7 @@
 #include "LanguageUtil.h"
 #include "SandCastingRulesApp.h"
 #include "support/MessageBoxRecorder.h"
+#include "support/Screenshot.h"
 
 #include <afxcmn.h>
 #include <gtest/gtest.h>
@@ -93,8 +94,18 @@ class GridTest : public testing::Test {
         const LPARAM at = MAKELPARAM(rect.left + 5, (rect.top + rect.bottom) / 2);
         m_grid.PostMessage(WM_LBUTTONUP, 0, at);
         m_grid.SendMessage(nMessage, MK_LBUTTON, at);
+        WorkOff();
+    }
+    static void WorkOff() {
         MSG msg;
         while (PeekMessageW(&msg, nullptr, 0, 0, PM_REMOVE)) DispatchMessageW(&msg);
+    }
+
+    // Keeps what the grid looks like now, for somebody to look at.
+    void Photograph(const CString& strName) {
+        WorkOff();
+        CreateDirectoryW(L"screenshots", nullptr);
+        EXPECT_TRUE(SaveScreenshot(m_dialog, L"screenshots\\" + strName + L".png"));
     }
 
     CMFXSandCastingRulesApp m_app;

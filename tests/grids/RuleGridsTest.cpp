@@ -66,6 +66,8 @@ TEST_F(MaterialGridTest, ChoosingAMaterialBringsItsLimits) {
     m_grid.InitColumns({L"more"});
     EXPECT_EQ(m_grid.GetHeaderCtrl()->GetItemCount(), 3);
     Choose(1, 0);
+    Combo().SendMessage(CB_SHOWDROPDOWN, TRUE);
+    Photograph(L"materials-drop-down");
     EXPECT_TRUE(Press(VK_RETURN));
     EXPECT_STREQ(Row(1), L"Steel|4|6") << "the first of two defaults";
     m_grid.SetCellText(1, 1, L"5");
@@ -88,6 +90,7 @@ TEST_F(MaterialGridTest, ClicksCommitWithChecksAndKeysWithout) {
     Click(1, 1);
     EXPECT_TRUE(IsEditing(1, 1));
     EXPECT_EQ(m_grid.GetSelectedCount(), 0u) << "the click is not passed on";
+    Photograph(L"materials-editor");
     Editor().SetWindowText(L"999");
     m_boxes.Expect(L"The maximum is below the minimum.", MB_ICONEXCLAMATION);
     Click(2, 2);
@@ -142,6 +145,7 @@ TEST_F(DraftGridTest, HasItsColumnsAndOpensTheEditorOnEveryRow) {
     Fill(1, 200);
     Click(7, 5);
     EXPECT_TRUE(IsEditing(7, 5)) << "also in an empty row";
+    Photograph(L"draft-angles-editor");
     Editor().SetWindowText(L"3.5");
     Click(0, 1);
     EXPECT_TRUE(IsEditing(0, 1));
@@ -178,6 +182,8 @@ TEST_F(SizeAndWeightGridTest, GroupListNamesAndSelectsGroups) {
 
     Click(3, 0, WM_LBUTTONDBLCLK);
     ASSERT_TRUE(IsVisible(10015));
+    Combo().SendMessage(CB_SHOWDROPDOWN, TRUE);
+    Photograph(L"groups-drop-down");
     Combo().SendMessage(CB_SETCURSEL, 2);
     m_dialog.TakeNotified();
     Click(4, 0);
@@ -201,6 +207,7 @@ TEST_F(SizeAndWeightGridTest, BandGridTellsOfCommittedCells) {
     ShowBands();
     Click(2, 5);
     EXPECT_TRUE(IsEditing(2, 5));
+    Photograph(L"bands-editor");
     Editor().SetWindowText(L"1");
     Click(3, 1);
     EXPECT_TRUE(IsEditing(3, 1));
