@@ -126,18 +126,3 @@ TEST(WindowTest, PaintsWithoutLeavingHandles) {
     }
     EXPECT_NEAR(next(), first, 20);
 }
-
-TEST(WindowTest, ComboBoxDoesWhatItIsTold) {
-    CPicture top;
-    CComboBox combo;
-    ASSERT_TRUE(top.CreateTop() && combo.Create(CBS_DROPDOWN, CRect(0, 0, 90, 200), &top, 1));
-    EXPECT_TRUE(combo.AddString(L"Steel") == 0 && combo.AddString(L"Iron") == 1 && combo.GetCount() == 2);
-    EXPECT_TRUE(combo.SelectString(-1, L"ir") == 1 && combo.GetCurSel() == 1);
-    EXPECT_TRUE(combo.FindStringExact(-1, L"steel") == 0 && combo.FindStringExact(-1, L"stee") == CB_ERR);
-    EXPECT_TRUE(combo.SetItemData(1, 0x123456789A) != CB_ERR && combo.GetItemData(1) == 0x123456789A);
-    CString text;
-    combo.GetLBText(1, text);
-    EXPECT_EQ(text, L"Iron");
-    combo.GetLBText(7, text);
-    EXPECT_TRUE(text.IsEmpty());
-}
