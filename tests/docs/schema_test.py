@@ -19,7 +19,7 @@ FOREIGN = [
     ("<MfxRules", '<!-- mine --><MfxRules by="me"'), ("<Value>", '<Note/><Value x="y">'),
     ("<Rule ", '<x:e xmlns:x="u:u" Status="on">a<Value>b</Value></x:e><Rule owner="me" '),
     ("<Parameter ", '<Note/><Parameter Type="4711" Status="?"><Value>x</Value></Parameter><Parameter a="b" '),
-    ("<Remarks />", "<Note>n</Note><Remarks>r</Remarks>"),
+    ("<Remarks />", "<Note>n</Note><Remarks>r</Remarks>"), (' Attribute5="1.5"', ""),
 ]
 WRONG = [
     ("<MfxRules", '<MfxRules Type="1"'), ('Unit="1"', 'Unit="10"'), ('AngleUnit="0"', 'AngleUnit="4"'),
