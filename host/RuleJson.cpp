@@ -22,7 +22,6 @@ Json ValueToJson(const T& value, bool) {
 Json RowToJson(const MfxTableRow& row) {
     return ToArray(row.cells, [](const CString& strCell) { return ToJson(ContentOfCell(strCell)); });
 }
-
 Json ColumnToJson(const BandColumn& column) {
     return {{"name", column.name}, {"unit", column.unit}};
 }

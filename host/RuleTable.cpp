@@ -43,7 +43,6 @@ std::string FormatValues(const CMfxParamStorage& storage, const CMfxRule& rule) 
     return unit.empty() ? text : text + " " + unit;
 }
 
-// The heading of a column of numbers.
 std::string Heading(const std::string& name, const std::string& unit) {
     return unit.empty() ? name : name + " [" + unit + "]";
 }

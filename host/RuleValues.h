@@ -25,8 +25,7 @@ std::string FormatNumber(double value);
 std::string UnitOfParameter(const CMfxParamStorage& storage, const CMfxRule& rule);
 
 struct BandColumn {
-    std::string name;
-    std::string unit;
+    std::string name, unit;
 };
 
 // The columns of a size-band table: two lengths, then angles.
