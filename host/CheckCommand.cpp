@@ -14,15 +14,6 @@ namespace {
 
 using Json = nlohmann::ordered_json;
 
-// What is known of one file after its check.
-struct FileReport {
-    std::string file;
-    std::string unreadable;  // why it could not be read; empty when it could
-    UnitPair units;
-    std::size_t nRules = 0;  // rules of the module
-    std::vector<Finding> findings;
-};
-
 std::vector<Finding> FindAll(const RuleDocument& document, Severity least) {
     std::vector<Finding> findings = CheckRecords(document);
     const std::vector<Finding> more = CheckRules(document);
@@ -33,27 +24,11 @@ std::vector<Finding> FindAll(const RuleDocument& document, Severity least) {
     return findings;
 }
 
-FileReport CheckFile(const CString& strFile, const RuleModule& module, Severity least) {
-    FileReport report;
-    report.file = ToUtf8(strFile);
-    try {
-        const RuleDocument document(strFile, module);
-        report.units = document.GetUnits();
-        for (const RuleDocument::Entry& entry : document.GetEntries()) report.nRules += entry.pRule ? 1 : 0;
-        report.findings = FindAll(document, least);
-    } catch (const HostError& error) {
-        if (error.Code() != ExitCode::UnreadableInput) throw;
-        report.unreadable = error.what();
-    }
-    return report;
-}
-
 void PrintReport(const FileReport& report) {
-    if (!report.unreadable.empty()) return PrintError("mfxhost: " + report.unreadable + "\n");
-    for (const Finding& finding : report.findings)
-        Print(report.file + ":" + std::to_string(finding.nLine) + ": " + SeverityName(finding.severity) +
-              ": " + (finding.rule.empty() ? "" : finding.rule + ": ") + FormatFinding(finding) + "\n");
-    if (report.nRules == 0) Print(report.file + ": there is no rule to check\n");
+    if (report.unreadable.empty())
+        Print(FormatReport(report));
+    else
+        PrintError("mfxhost: " + report.unreadable + "\n");
 }
 
 Json ToJson(const Finding& finding) {
@@ -86,6 +61,30 @@ void PrintProgress(std::size_t nDone, std::size_t nFiles) {
 }
 
 }  // namespace
+
+FileReport CheckFile(const CString& strFile, const RuleModule& module, Severity least) {
+    FileReport report;
+    report.file = ToUtf8(strFile);
+    try {
+        const RuleDocument document(strFile, module);
+        report.units = document.GetUnits();
+        for (const RuleDocument::Entry& entry : document.GetEntries()) report.nRules += entry.pRule ? 1 : 0;
+        report.findings = FindAll(document, least);
+    } catch (const HostError& error) {
+        if (error.Code() != ExitCode::UnreadableInput) throw;
+        report.unreadable = error.what();
+    }
+    return report;
+}
+
+std::string FormatReport(const FileReport& report) {
+    std::string text;
+    for (const Finding& finding : report.findings)
+        text += report.file + ":" + std::to_string(finding.nLine) + ": " + SeverityName(finding.severity) +
+                ": " + (finding.rule.empty() ? "" : finding.rule + ": ") + FormatFinding(finding) + "\n";
+    if (report.nRules == 0) text += report.file + ": there is no rule to check\n";
+    return text;
+}
 
 ExitCode CheckDocuments(const RuleModule& module, const CheckOptions& options) {
     constexpr int kJsonVersion = 1;
