@@ -16,8 +16,7 @@ using Json = nlohmann::ordered_json;
 
 std::vector<Finding> FindAll(const RuleDocument& document, Severity least) {
     std::vector<Finding> findings = CheckRecords(document);
-    const std::vector<Finding> more = CheckRules(document);
-    findings.insert(findings.end(), more.begin(), more.end());
+    std::ranges::move(CheckRules(document), std::back_inserter(findings));
     std::erase_if(findings, [least](const Finding& finding) { return finding.severity < least; });
     std::stable_sort(findings.begin(), findings.end(),
                      [](const Finding& first, const Finding& second) { return first.nLine < second.nLine; });
@@ -51,13 +50,6 @@ Json ToJson(const FileReport& report) {
     json["findings"] = Json::array();
     for (const Finding& finding : report.findings) json["findings"].push_back(ToJson(finding));
     return json;
-}
-
-// On a terminal only: in a pipe it would end up among the findings.
-void PrintProgress(std::size_t nDone, std::size_t nFiles) {
-    constexpr std::size_t kFewFiles = 10;
-    if (nFiles < kFewFiles || !IsErrorTerminal()) return;
-    PrintError("\r" + std::to_string(nDone) + " of " + Count(nFiles, "file") + (nDone == nFiles ? "\n" : ""));
 }
 
 }  // namespace
@@ -98,7 +90,7 @@ ExitCode CheckDocuments(const RuleModule& module, const CheckOptions& options) {
             PrintReport(report);
         bUnreadable = bUnreadable || !report.unreadable.empty();
         bFound = bFound || !report.findings.empty() || report.nRules == 0;
-        PrintProgress(i + 1, options.files.size());
+        PrintProgress(i + 1, options.files.size(), "file");
     }
     if (options.bJson) Print(json.dump(2, ' ', false, Json::error_handler_t::replace) + "\n");
     if (bUnreadable) return ExitCode::UnreadableInput;

@@ -137,11 +137,22 @@ std::string FormatRule(const CMfxRule& rule) {
            std::to_string(rule.m_nSeverity) + "\n" + FormatParameters(rule) + FormatConstraints(rule);
 }
 
-std::string FormatNumber(double value) {
-    const bool bLarge = std::fabs(value) >= 1e6 && std::fabs(value) < 1e15;
-    char text[32];
-    const auto format = bLarge ? std::chars_format::fixed : std::chars_format::general;
-    return {text, std::to_chars(text, text + sizeof text, value, format, bLarge ? 0 : 7).ptr};
+std::string FormatNumber(double value, int nDigits) {
+    const double magnitude = std::fabs(value);
+    const bool bFixed = magnitude >= 1e-9 && magnitude < 1e15;
+    const int nDecimals =
+        bFixed ? std::max(nDigits - 1 - static_cast<int>(std::floor(std::log10(magnitude))), 0) : 0;
+    char buffer[48];
+    char* pEnd =
+        bFixed
+            ? std::to_chars(std::begin(buffer), std::end(buffer), value, std::chars_format::fixed, nDecimals)
+                  .ptr
+            : std::to_chars(std::begin(buffer), std::end(buffer), value, std::chars_format::general, nDigits)
+                  .ptr;
+    std::string text(buffer, pEnd);
+    if (nDecimals > 0) text.erase(text.find_last_not_of('0') + 1);
+    if (text.ends_with('.')) text.pop_back();
+    return text;
 }
 
 std::string UnitOfParameter(const CMfxParamStorage& storage, const CMfxRule& rule) {

@@ -1,5 +1,6 @@
 #include "RuleValues.h"
 
+#include "MFXUnitConvertor.h"
 #include "NumberText.h"
 #include "RuleParameters.h"
 #include "RuleTable.h"
@@ -31,6 +32,7 @@ class ValueLister {
         AddParameters(m_rule.m_paramArray);
         for (const CMFXConstraint* pConstraint : m_rule.m_constraintArray) {
             m_constraint = ToUtf8(pConstraint->m_strName);
+            ++m_place.nConstraint;
             Add("active", 0, "", pConstraint->m_bActive ? "yes" : "no");
             AddParameters(pConstraint->m_paramArray);
         }
@@ -40,13 +42,14 @@ class ValueLister {
   private:
     void Add(const std::string& label, int nRow, const std::string& unit,
              std::variant<double, std::string> value, double storedWithin = 0.0) {
-        m_values.push_back({m_constraint, label, nRow, unit, std::move(value), storedWithin});
+        m_values.push_back({m_constraint, label, nRow, unit, std::move(value), storedWithin, m_place});
     }
 
     void AddParameters(const MfxParamArray& params) {
         for (const MfxParamRecord& record : params) {
             const CMfxParamStorage& storage = *record.m_pStorage;
             const std::string label = ToUtf8(storage.m_strName);
+            m_place.nParamId = storage.m_nParamId;
             Add(label + ", active", 0, "", storage.m_bStatus ? "yes" : "no");
             if (storage.GetType() == TypeDouble)
                 AddNumbers(storage, label);
@@ -54,6 +57,24 @@ class ValueLister {
                 AddBands(storage.GetValues<MfxTableRow>());
             else
                 std::visit([&](const auto& values) { AddTexts(values, label); }, storage.m_values);
+            AddDeviations(storage.m_percentDeviation, label + ", percent deviation");
+            AddDeviations(storage.m_absoluteDeviation, label + ", absolute deviation");
+            AddDeviations(storage.m_absoluteValue, label + ", absolute value");
+        }
+        m_place.nParamId = 0;
+    }
+
+    // Of the result criteria; a second number of 0 or less is not given.
+    void AddDeviations(const MfxSeverityMap& map, const std::string& label) {
+        int nRow = 0;
+        for (const auto& [nSeverity, deviation] : map) {
+            const std::string severity = nSeverity == SeverityWarning ? "warning"
+                                         : nSeverity == SeverityInfo  ? "info"
+                                                                      : "unknown";
+            const std::string entry = label + ", " + severity;
+            Add(entry, ++nRow, "", deviation.first, kHalfOfSixDecimals);
+            if (deviation.second > 0.0)
+                Add(entry + ", second", nRow, "", deviation.second, kHalfOfSixDecimals);
         }
     }
 
@@ -67,7 +88,8 @@ class ValueLister {
 
     void AddBands(const MfxArray<MfxTableRow>& rows) {
         const char* kLabels[] = {"from", "to", "angle 1", "angle 2", "angle 3"};
-        for (int i = 0; i < rows.GetCount(); ++i)
+        for (int i = 0; i < rows.GetCount(); ++i) {
+            m_place.nRow = i + 1;
             for (std::size_t nCell = 0; nCell < std::min(rows[i].cells.size(), std::size(kLabels)); ++nCell) {
                 const CString& strCell = rows[i].cells[nCell];
                 const std::string unit =
@@ -78,6 +100,8 @@ class ValueLister {
                     Add(kLabels[nCell], i + 1, unit, NumberOrWord(ParseDouble(strCell), true),
                         kHalfOfSixDecimals);
             }
+        }
+        m_place.nRow = 0;
     }
 
     template <class Values>
@@ -88,6 +112,7 @@ class ValueLister {
 
     const CMfxRule& m_rule;
     std::string m_constraint;  // the one being listed
+    RecordPlace m_place;       // of the value being listed
     std::vector<RuleValue> m_values;
 };
 
@@ -97,17 +122,52 @@ std::vector<RuleValue> ListRuleValues(const CMfxRule& rule) {
     return ValueLister(rule).List();
 }
 
-std::string FormatRuleValue(const RuleValue& value) {
+RuleValue InUnits(RuleValue value, const UnitPair& from, const UnitPair& to) {
+    double* pNumber = std::get_if<double>(&value.value);
+    if (!pNumber) return value;
+    const CMFXUnitConvertor convertor;
+    if (const int nMassUnit = FindMassUnit(value.unit)) {
+        *pNumber = convertor.ConversionFromOneUnitToAnotherForMass(*pNumber, nMassUnit, MassKilogram);
+        value.unit = "kg";
+        return value;
+    }
+    const bool bLength = value.unit == LengthUnitSymbol(from.m_nLengthUnit);
+    if (!bLength && value.unit != AngleUnitSymbol(from.m_nAngleUnit)) return value;
+    for (double* p : {pNumber, &value.storedWithin})
+        *p = bLength ? convertor.ConversionFromOneUnitToAnother(*p, QuantityLength, from.m_nLengthUnit,
+                                                                to.m_nLengthUnit)
+                     : convertor.ConversionFromOneUnitToAnother(*p, QuantityAngle, from.m_nAngleUnit,
+                                                                to.m_nAngleUnit);
+    value.unit = bLength ? LengthUnitSymbol(to.m_nLengthUnit) : AngleUnitSymbol(to.m_nAngleUnit);
+    return value;
+}
+
+const RuleValue* FindPlace(const std::vector<RuleValue>& values, const RuleValue& place,
+                           std::size_t nLikely) {
+    for (std::size_t i = 0; i < values.size(); ++i) {
+        const RuleValue& value = values[(nLikely + i) % values.size()];
+        if (value.nRow == place.nRow && value.label == place.label && value.constraint == place.constraint)
+            return &value;
+    }
+    return nullptr;
+}
+
+std::string FormatRuleValue(const RuleValue& value, int nDigits) {
     if (const std::string* pText = std::get_if<std::string>(&value.value)) return *pText;
-    return FormatNumber(std::get<double>(value.value)) + (value.unit.empty() ? "" : " " + value.unit);
+    return FormatNumber(std::get<double>(value.value), nDigits) +
+           (value.unit.empty() ? "" : " " + value.unit);
 }
 
 bool IsSameValue(const RuleValue& first, const RuleValue& second) {
-    if (first.value.index() != second.value.index()) return false;
-    if (const std::string* pText = std::get_if<std::string>(&first.value))
-        return *pText == std::get<std::string>(second.value);
+    if (LossOf(first, second) == 0.0) return true;
+    const double *p = std::get_if<double>(&first.value), *q = std::get_if<double>(&second.value);
+    return p && q && std::fabs(*p - *q) <= 1.01 * (first.storedWithin + second.storedWithin);
+}
+
+double LossOf(const RuleValue& exact, const RuleValue& stored) {
     constexpr double kNineDigits = 1e-9;
-    const double a = std::get<double>(first.value), b = std::get<double>(second.value);
-    return std::fabs(a - b) <= kNineDigits * std::max(std::fabs(a), std::fabs(b)) +
-                                   1.01 * (first.storedWithin + second.storedWithin);
+    const double *p = std::get_if<double>(&exact.value), *q = std::get_if<double>(&stored.value);
+    if (!p || !q) return exact.value == stored.value ? 0.0 : 1.0;
+    const double difference = std::fabs(*p - *q), size = std::max(std::fabs(*p), std::fabs(*q));
+    return difference <= kNineDigits * size ? 0.0 : std::min(difference / size, 1.0);
 }
