@@ -49,7 +49,10 @@ class RecordChecker {
         }
         for (const MfxXMLNode& rule : m_document.FindNestedRules()) {
             m_pEntry = m_document.FindEntry(rule);
-            Add(rule, "this rule stands inside another element, where it is not read");
+            CString strName;
+            rule.GetAttributeValue(kNameAttribute, strName);
+            Add(rule,
+                "the rule \"" + ToUtf8(strName) + "\" stands inside another element, where it is not read");
         }
         for (const MfxXmlFlaw& flaw : m_document.FindFlaws()) AddFlaw(flaw);
         return std::move(m_findings);
@@ -224,7 +227,7 @@ class RecordChecker {
         if (storage.GetType() == TypeTableRow && storage.m_paramType == ParamTable)
             CheckRows(parameter, storage.GetValues<MfxTableRow>());
         if (storage.GetType() == TypeDouble && CheckReals(parameter) > 2 && bLimit)
-            Add(parameter, "Value: a limit has one value, or a switch and one value");
+            Add(parameter, "Value: there are too many; a limit has one value, or a switch and one value");
     }
 
     // Maps of entries of values.
