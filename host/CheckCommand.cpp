@@ -10,46 +10,20 @@
 
 namespace {
 
-// What is known of one file after its check.
-struct FileReport {
-    std::string file;
-    std::string unreadable;  // why it could not be read; empty when it could
-    UnitPair units;
-    std::size_t nRules = 0;  // rules of the module
-    std::vector<Finding> findings;
-};
-
 std::vector<Finding> FindAll(const RuleDocument& document, Severity least) {
     std::vector<Finding> findings = CheckRecords(document);
-    const std::vector<Finding> more = CheckRules(document);
-    findings.insert(findings.end(), more.begin(), more.end());
+    std::ranges::move(CheckRules(document), std::back_inserter(findings));
     std::erase_if(findings, [least](const Finding& finding) { return finding.severity < least; });
     std::stable_sort(findings.begin(), findings.end(),
                      [](const Finding& first, const Finding& second) { return first.nLine < second.nLine; });
     return findings;
 }
 
-FileReport CheckFile(const CString& strFile, const RuleModule& module, Severity least) {
-    FileReport report;
-    report.file = ToUtf8(strFile);
-    try {
-        const RuleDocument document(strFile, module);
-        report.units = document.GetUnits();
-        for (const RuleDocument::Entry& entry : document.GetEntries()) report.nRules += entry.pRule ? 1 : 0;
-        report.findings = FindAll(document, least);
-    } catch (const HostError& error) {
-        if (error.Code() != ExitCode::UnreadableInput) throw;
-        report.unreadable = error.what();
-    }
-    return report;
-}
-
 void PrintReport(const FileReport& report) {
-    if (!report.unreadable.empty()) return PrintError("mfxhost: " + report.unreadable + "\n");
-    for (const Finding& finding : report.findings)
-        Print(report.file + ":" + std::to_string(finding.nLine) + ": " + SeverityName(finding.severity) +
-              ": " + (finding.rule.empty() ? "" : finding.rule + ": ") + FormatFinding(finding) + "\n");
-    if (report.nRules == 0) Print(report.file + ": there is no rule to check\n");
+    if (report.unreadable.empty())
+        Print(FormatReport(report));
+    else
+        PrintError("mfxhost: " + report.unreadable + "\n");
 }
 
 Json FindingToJson(const Finding& finding) {
@@ -72,14 +46,31 @@ Json ToJson(const FileReport& report) {
     return json;
 }
 
-// On a terminal only: in a pipe it would end up among the findings.
-void PrintProgress(std::size_t nDone, std::size_t nFiles) {
-    constexpr std::size_t kFewFiles = 10;
-    if (nFiles < kFewFiles || !IsErrorTerminal()) return;
-    PrintError("\r" + std::to_string(nDone) + " of " + Count(nFiles, "file") + (nDone == nFiles ? "\n" : ""));
+}  // namespace
+
+FileReport CheckFile(const CString& strFile, const RuleModule& module, Severity least) {
+    FileReport report;
+    report.file = ToUtf8(strFile);
+    try {
+        const RuleDocument document(strFile, module);
+        report.units = document.GetUnits();
+        for (const RuleDocument::Entry& entry : document.GetEntries()) report.nRules += entry.pRule ? 1 : 0;
+        report.findings = FindAll(document, least);
+    } catch (const HostError& error) {
+        if (error.Code() != ExitCode::UnreadableInput) throw;
+        report.unreadable = error.what();
+    }
+    return report;
 }
 
-}  // namespace
+std::string FormatReport(const FileReport& report) {
+    std::string text;
+    for (const Finding& finding : report.findings)
+        text += report.file + ":" + std::to_string(finding.nLine) + ": " + SeverityName(finding.severity) +
+                ": " + (finding.rule.empty() ? "" : finding.rule + ": ") + FormatFinding(finding) + "\n";
+    if (report.nRules == 0) text += report.file + ": there is no rule to check\n";
+    return text;
+}
 
 ExitCode CheckDocuments(const RuleModule& module, const CheckOptions& options) {
     constexpr int kJsonVersion = 1;
@@ -93,7 +84,7 @@ ExitCode CheckDocuments(const RuleModule& module, const CheckOptions& options) {
             PrintReport(report);
         bUnreadable = bUnreadable || !report.unreadable.empty();
         bFound = bFound || !report.findings.empty() || report.nRules == 0;
-        PrintProgress(i + 1, options.files.size());
+        PrintProgress(i + 1, options.files.size(), "file");
     }
     if (options.bJson) PrintJson(json);
     if (bUnreadable) return ExitCode::UnreadableInput;

@@ -1,5 +1,6 @@
 #include "Commands.h"
 
+#include "ConversionLoss.h"
 #include "File.h"
 #include "RecordCheck.h"
 #include "RuleDocument.h"
@@ -96,10 +97,12 @@ ExitCode ConvertDocument(const RuleModule& module, const ConvertOptions& options
         Print(ToUtf8(options.strInput) + " is in " + UnitWords(to) + " already\n");
         return ExitCode::Done;
     }
+    const ConversionLoss loss(document);
     document.ConvertUnits(to, module);
     const CString& strOutput = options.strOutput.IsEmpty() ? options.strInput : options.strOutput;
     document.Save(strOutput);
     Print(ToUtf8(strOutput) + ": " + Count(document.GetEntries().size(), "rule") + " converted from " +
           UnitWords(from) + " to " + UnitWords(to) + "\n");
+    loss.Print(document);
     return ExitCode::Done;
 }

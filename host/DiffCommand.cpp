@@ -1,7 +1,6 @@
 #include "DiffCommand.h"
 
 #include "JsonOutput.h"
-#include "MFXUnitConvertor.h"
 #include "RecordCheck.h"
 #include "RuleDocument.h"
 #include "RuleValues.h"
@@ -35,29 +34,9 @@ struct RuleContent {
     std::vector<RuleValue> values;
 };
 
-// Lengths and angles in the units asked for, masses in kilograms, whatever unit the rule keeps them in.
-void BringToUnits(RuleValue& value, const UnitPair& from, const UnitPair& to) {
-    double* pNumber = std::get_if<double>(&value.value);
-    if (!pNumber) return;
-    const CMFXUnitConvertor convertor;
-    if (const int nMassUnit = FindMassUnit(value.unit)) {
-        *pNumber = convertor.ConversionFromOneUnitToAnotherForMass(*pNumber, nMassUnit, MassKilogram);
-        value.unit = "kg";
-        return;
-    }
-    const bool bLength = value.unit == LengthUnitSymbol(from.m_nLengthUnit);
-    if (!bLength && value.unit != AngleUnitSymbol(from.m_nAngleUnit)) return;
-    for (double* p : {pNumber, &value.storedWithin})
-        *p = bLength ? convertor.ConversionFromOneUnitToAnother(*p, QuantityLength, from.m_nLengthUnit,
-                                                                to.m_nLengthUnit)
-                     : convertor.ConversionFromOneUnitToAnother(*p, QuantityAngle, from.m_nAngleUnit,
-                                                                to.m_nAngleUnit);
-    value.unit = bLength ? LengthUnitSymbol(to.m_nLengthUnit) : AngleUnitSymbol(to.m_nAngleUnit);
-}
-
 RuleContent ContentOf(const CMfxRule& rule, const UnitPair& from, const UnitPair& to) {
     RuleContent content{ToUtf8(rule.m_strDisplayName), rule.GetRuleId(), ListRuleValues(rule)};
-    for (RuleValue& value : content.values) BringToUnits(value, from, to);
+    for (RuleValue& value : content.values) value = InUnits(std::move(value), from, to);
     return content;
 }
 
@@ -79,13 +58,6 @@ std::vector<RuleContent> DefaultsFor(const RuleDocument& document, const RuleMod
             if (entry.pRule && pRule->GetRuleId() == entry.pRule->GetRuleId())
                 contents.push_back(ContentOf(*pRule, UnitPair(), to));
     return contents;
-}
-
-std::optional<RuleValue> FindPlace(const std::vector<RuleValue>& values, const RuleValue& place) {
-    const auto found = std::find_if(values.begin(), values.end(), [&](const RuleValue& value) {
-        return value.nRow == place.nRow && value.label == place.label && value.constraint == place.constraint;
-    });
-    return found != values.end() ? std::optional(*found) : std::nullopt;
 }
 
 // Stands for all values of a constraint or a rule that only one side has.
@@ -111,16 +83,19 @@ void CompareRules(const RuleContent& left, const RuleContent& right, std::vector
             {left.name, left.nRuleId, constraint, "constraint", 0, std::nullopt, Whole("present")});
         whole.insert(constraint);
     }
-    for (const RuleValue& value : left.values) {
-        const std::optional<RuleValue> other = FindPlace(right.values, value);
-        if (whole.count(value.constraint) == 0 && !(other && IsSameValue(value, *other)))
-            differences.push_back(
-                {left.name, left.nRuleId, value.constraint, value.label, value.nRow, value, other});
+    for (std::size_t i = 0; i < left.values.size(); ++i) {
+        const RuleValue& value = left.values[i];
+        const RuleValue* pOther = FindPlace(right.values, value, i);
+        if (whole.count(value.constraint) == 0 && !(pOther && IsSameValue(value, *pOther)))
+            differences.push_back({left.name, left.nRuleId, value.constraint, value.label, value.nRow, value,
+                                   pOther ? std::optional(*pOther) : std::nullopt});
     }
-    for (const RuleValue& value : right.values)
-        if (whole.count(value.constraint) == 0 && !FindPlace(left.values, value))
+    for (std::size_t i = 0; i < right.values.size(); ++i) {
+        const RuleValue& value = right.values[i];
+        if (whole.count(value.constraint) == 0 && !FindPlace(left.values, value, i))
             differences.push_back(
                 {left.name, left.nRuleId, value.constraint, value.label, value.nRow, std::nullopt, value});
+    }
 }
 
 // Rules are compared with the rule of the same kind and number: the second draft angle rule with the second

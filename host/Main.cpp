@@ -130,11 +130,13 @@ int Run(int argc, const char* const* argv) {
     std::string output;
     ConvertOptions options;
     CLI::App* convert =
-        add("convert", "Convert a rule document to other units", [&](const RuleModule& module) {
-            options.strInput = FromUtf8(path);
-            options.strOutput = FromUtf8(output);
-            return ConvertDocument(module, options);
-        });
+        add("convert",
+            "Convert a rule document to other units; names on standard error the values that lose digits",
+            [&](const RuleModule& module) {
+                options.strInput = FromUtf8(path);
+                options.strOutput = FromUtf8(output);
+                return ConvertDocument(module, options);
+            });
     AddFile(*convert, "FILE", path, "Rule document to read, and to replace unless -o is given")->required();
     convert->add_option("--length", options.lengthUnit, "New length unit: " + LengthUnitSymbols())
         ->type_name("UNIT");

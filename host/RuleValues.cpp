@@ -1,5 +1,6 @@
 #include "RuleValues.h"
 
+#include "MFXUnitConvertor.h"
 #include "NumberText.h"
 #include "RuleParameters.h"
 #include "Text.h"
@@ -32,6 +33,7 @@ class ValueLister {
         AddParameters(m_rule.m_paramArray);
         for (const CMFXConstraint* pConstraint : m_rule.m_constraintArray) {
             m_constraint = ToUtf8(pConstraint->m_strName);
+            ++m_place.nConstraint;
             Add("active", 0, "", pConstraint->m_bActive ? "yes" : "no");
             AddParameters(pConstraint->m_paramArray);
         }
@@ -42,13 +44,14 @@ class ValueLister {
     void Add(const std::string& label, int nRow, const std::string& unit, NumberOrWord value,
              double storedWithin = 0.0) {
         const std::string own = std::holds_alternative<double>(value) ? unit : "";
-        m_values.push_back({m_constraint, label, nRow, own, std::move(value), storedWithin});
+        m_values.push_back({m_constraint, label, nRow, own, std::move(value), storedWithin, m_place});
     }
 
     void AddParameters(const MfxParamArray& params) {
         for (const MfxParamRecord& record : params) {
             const CMfxParamStorage& storage = *record.m_pStorage;
             const std::string label = ToUtf8(storage.m_strName);
+            m_place.nParamId = storage.m_nParamId;
             Add(label + ", active", 0, "", storage.m_bStatus ? "yes" : "no");
             if (storage.GetType() == TypeDouble)
                 AddNumbers(storage, label);
@@ -56,6 +59,24 @@ class ValueLister {
                 AddBands(storage.GetValues<MfxTableRow>());
             else
                 std::visit([&](const auto& values) { AddTexts(values, label); }, storage.m_values);
+            AddDeviations(storage.m_percentDeviation, label + ", percent deviation");
+            AddDeviations(storage.m_absoluteDeviation, label + ", absolute deviation");
+            AddDeviations(storage.m_absoluteValue, label + ", absolute value");
+        }
+        m_place.nParamId = 0;
+    }
+
+    // Of the result criteria; a second number of 0 or less is not given.
+    void AddDeviations(const MfxSeverityMap& map, const std::string& label) {
+        int nRow = 0;
+        for (const auto& [nSeverity, deviation] : map) {
+            const std::string severity = nSeverity == SeverityWarning ? "warning"
+                                         : nSeverity == SeverityInfo  ? "info"
+                                                                      : "unknown";
+            const std::string entry = label + ", " + severity;
+            Add(entry, ++nRow, "", deviation.first, kHalfOfSixDecimals);
+            if (deviation.second > 0.0)
+                Add(entry + ", second", nRow, "", deviation.second, kHalfOfSixDecimals);
         }
     }
 
@@ -69,10 +90,13 @@ class ValueLister {
 
     void AddBands(const MfxArray<MfxTableRow>& rows) {
         const auto columns = BandColumns(m_rule);
-        for (int i = 0; i < rows.GetCount(); ++i)
+        for (int i = 0; i < rows.GetCount(); ++i) {
+            m_place.nRow = i + 1;
             for (std::size_t nCell = 0; nCell < std::min(rows[i].cells.size(), columns.size()); ++nCell)
                 Add(columns[nCell].name, i + 1, columns[nCell].unit, ContentOfCell(rows[i].cells[nCell]),
                     kHalfOfSixDecimals);
+        }
+        m_place.nRow = 0;
     }
 
     template <class Values>
@@ -83,6 +107,7 @@ class ValueLister {
 
     const CMfxRule& m_rule;
     std::string m_constraint;  // the one being listed
+    RecordPlace m_place;       // of the value being listed
     std::vector<RuleValue> m_values;
 };
 
@@ -101,17 +126,28 @@ NumberOrWord ContentOfCell(const CString& strCell) {
     return ContentOfNumber(ParseDouble(strCell), true);
 }
 
-std::string FormatNumberOrWord(const NumberOrWord& content) {
-    if (const double* pNumber = std::get_if<double>(&content)) return FormatNumber(*pNumber);
+std::string FormatNumberOrWord(const NumberOrWord& content, int nDigits) {
+    if (const double* pNumber = std::get_if<double>(&content)) return FormatNumber(*pNumber, nDigits);
     const std::string* pWord = std::get_if<std::string>(&content);
     return pWord ? *pWord : "-";
 }
 
-std::string FormatNumber(double value) {
-    const bool bLarge = std::fabs(value) >= 1e6 && std::fabs(value) < 1e15;
-    char text[32];
-    const auto format = bLarge ? std::chars_format::fixed : std::chars_format::general;
-    return {text, std::to_chars(text, text + sizeof text, value, format, bLarge ? 0 : 7).ptr};
+std::string FormatNumber(double value, int nDigits) {
+    const double magnitude = std::fabs(value);
+    const bool bFixed = magnitude >= 1e-9 && magnitude < 1e15;
+    const int nDecimals =
+        bFixed ? std::max(nDigits - 1 - static_cast<int>(std::floor(std::log10(magnitude))), 0) : 0;
+    char buffer[48];
+    char* pEnd =
+        bFixed
+            ? std::to_chars(std::begin(buffer), std::end(buffer), value, std::chars_format::fixed, nDecimals)
+                  .ptr
+            : std::to_chars(std::begin(buffer), std::end(buffer), value, std::chars_format::general, nDigits)
+                  .ptr;
+    std::string text(buffer, pEnd);
+    if (nDecimals > 0) text.erase(text.find_last_not_of('0') + 1);
+    if (text.ends_with('.')) text.pop_back();
+    return text;
 }
 
 std::string UnitOfParameter(const CMfxParamStorage& storage, const CMfxRule& rule) {
@@ -136,15 +172,50 @@ std::vector<RuleValue> ListRuleValues(const CMfxRule& rule) {
     return ValueLister(rule).List();
 }
 
-std::string FormatRuleValue(const RuleValue& value) {
-    return FormatNumberOrWord(value.value) + (value.unit.empty() ? "" : " " + value.unit);
+RuleValue InUnits(RuleValue value, const UnitPair& from, const UnitPair& to) {
+    double* pNumber = std::get_if<double>(&value.value);
+    if (!pNumber) return value;
+    const CMFXUnitConvertor convertor;
+    if (const int nMassUnit = FindMassUnit(value.unit)) {
+        *pNumber = convertor.ConversionFromOneUnitToAnotherForMass(*pNumber, nMassUnit, MassKilogram);
+        value.unit = "kg";
+        return value;
+    }
+    const bool bLength = value.unit == LengthUnitSymbol(from.m_nLengthUnit);
+    if (!bLength && value.unit != AngleUnitSymbol(from.m_nAngleUnit)) return value;
+    for (double* p : {pNumber, &value.storedWithin})
+        *p = bLength ? convertor.ConversionFromOneUnitToAnother(*p, QuantityLength, from.m_nLengthUnit,
+                                                                to.m_nLengthUnit)
+                     : convertor.ConversionFromOneUnitToAnother(*p, QuantityAngle, from.m_nAngleUnit,
+                                                                to.m_nAngleUnit);
+    value.unit = bLength ? LengthUnitSymbol(to.m_nLengthUnit) : AngleUnitSymbol(to.m_nAngleUnit);
+    return value;
+}
+
+const RuleValue* FindPlace(const std::vector<RuleValue>& values, const RuleValue& place,
+                           std::size_t nLikely) {
+    for (std::size_t i = 0; i < values.size(); ++i) {
+        const RuleValue& value = values[(nLikely + i) % values.size()];
+        if (value.nRow == place.nRow && value.label == place.label && value.constraint == place.constraint)
+            return &value;
+    }
+    return nullptr;
+}
+
+std::string FormatRuleValue(const RuleValue& value, int nDigits) {
+    return FormatNumberOrWord(value.value, nDigits) + (value.unit.empty() ? "" : " " + value.unit);
 }
 
 bool IsSameValue(const RuleValue& first, const RuleValue& second) {
-    const double* pFirst = std::get_if<double>(&first.value);
-    const double* pSecond = std::get_if<double>(&second.value);
-    if (!pFirst || !pSecond) return first.value == second.value;
+    if (LossOf(first, second) == 0.0) return true;
+    const double *p = std::get_if<double>(&first.value), *q = std::get_if<double>(&second.value);
+    return p && q && std::fabs(*p - *q) <= 1.01 * (first.storedWithin + second.storedWithin);
+}
+
+double LossOf(const RuleValue& exact, const RuleValue& stored) {
     constexpr double kNineDigits = 1e-9;
-    return std::fabs(*pFirst - *pSecond) <= kNineDigits * std::max(std::fabs(*pFirst), std::fabs(*pSecond)) +
-                                                1.01 * (first.storedWithin + second.storedWithin);
+    const double *p = std::get_if<double>(&exact.value), *q = std::get_if<double>(&stored.value);
+    if (!p || !q) return exact.value == stored.value ? 0.0 : 1.0;
+    const double difference = std::fabs(*p - *q), size = std::max(std::fabs(*p), std::fabs(*q));
+    return difference <= kNineDigits * size ? 0.0 : std::min(difference / size, 1.0);
 }

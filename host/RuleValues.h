@@ -1,6 +1,7 @@
 #pragma once
 
 #include "MfxRule.h"
+#include "RuleDocument.h"
 
 #include <array>
 #include <string>
@@ -15,11 +16,13 @@ using NumberOrWord = std::variant<std::monostate, double, std::string>;
 NumberOrWord ContentOfNumber(double value, bool bHasUnit);
 NumberOrWord ContentOfCell(const CString& strCell);
 
-// "-" for what is not given.
-std::string FormatNumberOrWord(const NumberOrWord& content);
+// A number with as many digits as a person compares, and all of those before the point. No exponent, but for
+// sizes that nothing in a casting has.
+inline constexpr int kShownDigits = 7;
+std::string FormatNumber(double value, int nDigits = kShownDigits);
 
-// A number with as many digits as a person compares, and all of those before the point.
-std::string FormatNumber(double value);
+// "-" for what is not given.
+std::string FormatNumberOrWord(const NumberOrWord& content, int nDigits = kShownDigits);
 
 // Symbol of the unit of a parameter's numbers; empty for numbers without one.
 std::string UnitOfParameter(const CMfxParamStorage& storage, const CMfxRule& rule);
@@ -39,14 +42,26 @@ struct RuleValue {
     std::string unit;        // symbol; empty for what is no number or has no unit
     NumberOrWord value;
     double storedWithin = 0.0;  // how far a number's text form may be from it, in its unit
+    RecordPlace place = {};
 };
 
 // What a user sets in a rule, in the rule's order: status, severity, parameters and constraints.
 std::vector<RuleValue> ListRuleValues(const CMfxRule& rule);
 
+// Lengths and angles in the units asked for, masses in kilograms, whatever unit the rule keeps them in.
+RuleValue InUnits(RuleValue value, const UnitPair& from, const UnitPair& to);
+
+// The value at the same place in a list of values, or null. Searched from the number in the list where it is
+// likely to be.
+const RuleValue* FindPlace(const std::vector<RuleValue>& values, const RuleValue& place, std::size_t nLikely);
+
 // The value as it is shown, with its unit.
-std::string FormatRuleValue(const RuleValue& value);
+std::string FormatRuleValue(const RuleValue& value, int nDigits = kShownDigits);
 
 // Whether two values at the same place are the same: numbers within nine digits or within what their text
 // forms lose.
 bool IsSameValue(const RuleValue& first, const RuleValue& second);
+
+// How much of a value is not in another one that should be the same, from 0, which is nothing within nine
+// digits, to 1.
+double LossOf(const RuleValue& exact, const RuleValue& stored);

@@ -89,10 +89,10 @@ TEST_F(HostTest, TakesAnyPath) {
     const std::wstring path = m_folder.Write(L"日本 語 𠮷 %TEMP% é.xml", m_sample);
     const std::wstring rooted = Wide(MFX_SAMPLES "draft-angle.xml").substr(2);  // "/..." on the current drive
     for (const std::wstring& given : {path, m_folder.Names()[0], rooted}) {
-        Run({L"convert", given, L"--length", L"in", L"-o", L"出力 𠮷.xml"}, 0,
-            "出力 𠮷.xml: 1 rule converted from millimetres and degrees to inches and degrees\n", "");
+        Run({L"convert", given, L"--length", L"cm", L"-o", L"出力 𠮷.xml"}, 0,
+            "出力 𠮷.xml: 1 rule converted from millimetres and degrees to centimetres and degrees\n", "");
         Run({L"show", given}, 0, StartsWith(Utf8(given) + ": 1 rule in millimetres "), "");
-        Run({L"show", L"出力 𠮷.xml"}, 0, HasSubstr("1 rule in inches and degrees"), "");
+        Run({L"show", L"出力 𠮷.xml"}, 0, HasSubstr("1 rule in centimetres and degrees"), "");
     }
     Run({L"show", L"ない 𠮷.xml"}, 3, "", HasSubstr("ない 𠮷.xml: can't be read"));
     EXPECT_EQ(m_folder.Names().size(), 2u);

@@ -5,7 +5,7 @@ using namespace testing;
 TEST_F(HostTest, ComparesDocumentsInTheUnitsOfTheFirst) {
     const std::string all = m_folder.Read(Wide(MFX_SAMPLES "all-rules.xml"));
     m_folder.Write(L"a.xml", all);
-    Run({L"convert", L"a.xml", L"--length", L"ft", L"--angle", L"rad", L"-o", L"b.xml"}, 0, _, "");
+    Run({L"convert", L"a.xml", L"--length", L"ft", L"--angle", L"rad", L"-o", L"b.xml"}, 0, _, _);
     Run({L"diff", L"a.xml", L"b.xml"}, 0, "", "");
     Run({L"diff", L"b.xml", L"a.xml"}, 0, "", "");
 

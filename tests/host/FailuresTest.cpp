@@ -5,6 +5,13 @@
 namespace fs = std::filesystem;
 using namespace testing;
 
+// Without a byte-order mark.
+static std::string Utf16Bytes(const std::string& ascii) {
+    std::string bytes;
+    for (const char ch : ascii) bytes += {ch, '\0'};
+    return bytes;
+}
+
 TEST_F(HostTest, NamesTheFlawOfAnUnreadableFile) {
     std::string opened, closed;
     for (int i = 0; i < 100000; ++i) opened += "<a>", closed += "</a>";
@@ -19,6 +26,14 @@ TEST_F(HostTest, NamesTheFlawOfAnUnreadableFile) {
         {"<MfxRules>\n" + opened + closed + "</MfxRules>", "2: ", "too deep"},
         {"<MfxRules>\n\n<Rule Name=\"\xC3\x28\"/></MfxRules>", "3: ", "UTF-8"},
         {std::string("<MfxRules>\n<!--\0--></MfxRules>", 30), "2: ", "NUL"},
+        {Utf16Bytes("<MfxRules/>"), "1: ", "byte-order mark"},
+        {"<!DOCTYPE MfxRules [<!ENTITY a \"5\">]>\n<MfxRules>&a;</MfxRules>", "1: ", "declares entities"},
+        {"<!DOCTYPE MfxRules SYSTEM \"&a;\">\n<!-- &a; --><?a "
+         "&a;?>\n<MfxRules>&lt;&#65;<![CDATA[&a;]]>a;&a;</"
+         "MfxRules>",
+         "3: column 37: ", "reference"},
+        {"<MfxRules>\n<Rule Name=\"&#0;\"/></MfxRules>", "2: column 13: ", "no character"},
+        {"<MfxRules>\n<Rule Name=\"&#xD800;\"/></MfxRules>", "2: ", "no character"},
         {"<?xml version=\"1.0\" encoding=\"ISO-8859-1\"?>\n<MfxRules/>", "1: ", "encoding"},
         {"\n<Rules Version=\"1\"/>", "2: ", "\"Rules\", not \"MfxRules\""},
         {"\n\n<MfxRules Version=\"2\"/>", "3: ", "Version=\"2\""},
@@ -34,12 +49,13 @@ TEST_F(HostTest, NamesTheFlawOfAnUnreadableFile) {
         SCOPED_TRACE(bytes.substr(0, 80));
         m_folder.Write(L"d.xml", bytes);
         for (const Arguments& arguments :
-             {Arguments{L"show", L"d.xml"}, {L"convert", L"d.xml", L"--length", L"in"}})
+             {Arguments{L"show", L"d.xml"}, {L"check", L"d.xml"}, {L"convert", L"d.xml", L"--length", L"in"}})
             Run(arguments, 3, "", AllOf(StartsWith("mfxhost: d.xml:" + line), HasSubstr(reason)));
         EXPECT_EQ(m_folder.Read(L"d.xml"), bytes);
     }
     for (const std::wstring name : {L"none.xml", L"none\\d.xml", L".", L"d.xml\\e.xml"})
-        Run({L"show", name}, 3, "", StartsWith("mfxhost: " + Utf8(name) + ": can't be read: "));
+        for (const wchar_t* pszCommand : {L"show", L"check"})
+            Run({pszCommand, name}, 3, "", StartsWith("mfxhost: " + Utf8(name) + ": can't be read: "));
 }
 
 TEST_F(HostTest, ExplainsItsUsage) {
@@ -115,7 +131,7 @@ TEST_F(HostTest, TakesAnyOperatorAndParameterType) {
     const std::string row = R"(<Value Attribute1="0" Attribute2="9" Attribute3="3" Attribute4="2"/>)";
     for (const std::string number : {"16", "-2147483648", "2147483647", "99999999999999999999"}) {
         m_folder.Write(L"d.xml", Replaced(Document(row), "<Operator>3", "<Operator>" + number));
-        Run({L"convert", L"d.xml", L"--length", L"in"}, 0, HasSubstr("1 rule converted"), "");
+        Run({L"convert", L"d.xml", L"--length", L"cm"}, 0, HasSubstr("1 rule converted"), "");
         m_folder.Write(L"d.xml", Replaced(Document(row), "<ParameterType>24", "<ParameterType>" + number));
         Run({L"show", L"d.xml"}, 1, _, HasSubstr("ParameterType"));
     }
