@@ -185,6 +185,10 @@ class RecordChecker {
             Add(parameter, "Operator: it is missing or says that the parameter is not saved");
         if ((storage.GetType() == TypeTableRow) != (storage.m_paramType == ParamTable))
             Add(parameter, "ParameterType: it does not fit the parameter's values");
+        const int nValues =
+            std::visit([](const auto& values) { return values.GetCount(); }, storage.m_values);
+        if (storage.m_operator == OperatorRanges && nValues % 2 != 0 && nValues % 3 != 0)
+            Add(parameter, "Operator: it asks for pairs or threes of values, and these are neither");
     }
 
     void CheckValues(const MfxXMLNode& parameter, const CMfxParamStorage& storage) {
@@ -237,7 +241,9 @@ class RecordChecker {
             Add(row, ToUtf8(name()) + ": it is missing, and the cells after it are not read");
     }
 
-    static bool IsPlainNumber(const CString& strText) { return IsNumericText(strText) && IsReal(strText); }
+    static bool IsPlainNumber(const CString& strText) {
+        return IsNumericText(strText) && IsReal(strText) && std::isfinite(ParseDouble(strText));
+    }
 
     const RuleDocument& m_document;
     std::vector<Finding> m_findings;

@@ -13,6 +13,8 @@ TEST_F(HostTest, ChecksRecordsAndValues) {
          "6: error: .* ends before it begins"},
         {row + "\n" + R"(<Value Attribute1="25.4" Attribute2="30" Attribute3="4" Attribute4="2"/>)",
          "6: hint: .* larger than for smaller sizes"},
+        {"<Value Attribute1=\"" + std::string(400, '9') + "\"/>",
+         "5: error: .* Attribute1: .* is not a number"},
         {"", "3: error: .* the table is empty"},
         {row + "</Parameter><Parameter Type=\"4711\">",
          "5: warning: .* parameter 4711, it is none of the rule's"},

@@ -65,6 +65,8 @@ TEST_F(HostTest, LosesNothingSilently) {
          nullptr},
         {" Attribute4=\"2\"", "", nullptr},  // too short: it would keep the old units
         {"<Operator>3", "<Operator>is", nullptr},
+        {"<Operator>3", "<Operator>1", nullptr},  // values in pairs or threes; others are not written
+        {"25.4", std::string(400, '9'), nullptr},
         {"<ParameterType>24", "<ParameterType>", nullptr},
     };
     for (const auto& [part, by, kept] : kCases) {
@@ -80,6 +82,18 @@ TEST_F(HostTest, LosesNothingSilently) {
         EXPECT_THAT(run.err, StartsWith("d.xml:"));
         EXPECT_TRUE(after == document);
     }
+}
+
+TEST_F(HostTest, ConvertsNoNumberThatIsTooLargeInTheNewUnit) {
+    const std::string number = "1" + std::string(307, '0');
+    const std::string document =
+        Document("<Value Attribute1=\"0\" Attribute2=\"" + number + R"(" Attribute3="3" Attribute4="2"/>)");
+    m_folder.Write(L"d.xml", document);
+    Run({L"convert", L"d.xml", L"--length", L"um"}, 1, "",
+        "d.xml:5: parameter 29183, Attribute2: \"inf\" is not a number\nmfxhost: d.xml was not converted\n");
+    EXPECT_EQ(m_folder.Read(L"d.xml"), document);
+    Run({L"convert", L"d.xml", L"--length", L"m"}, 0, _, "");
+    EXPECT_THAT(m_folder.Read(L"d.xml"), Not(HasSubstr("inf")));
 }
 
 TEST_F(HostTest, NamesWhatTheModulePassesOverAndConvertsNothing) {
