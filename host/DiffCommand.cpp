@@ -14,6 +14,7 @@
 #include <map>
 #include <optional>
 #include <set>
+#include <tuple>
 
 namespace {
 
@@ -84,12 +85,22 @@ std::vector<RuleContent> DefaultsFor(const RuleDocument& document, const RuleMod
     return contents;
 }
 
-std::optional<RuleValue> FindPlace(const std::vector<RuleValue>& values, const RuleValue& place) {
-    const auto found = std::find_if(values.begin(), values.end(), [&](const RuleValue& value) {
-        return value.nRow == place.nRow && value.label == place.label && value.constraint == place.constraint;
-    });
-    return found != values.end() ? std::optional(*found) : std::nullopt;
-}
+// Finds a rule's value by its place.
+class PlaceIndex {
+  public:
+    explicit PlaceIndex(const std::vector<RuleValue>& values) {
+        for (const RuleValue& value : values) m_values.emplace(PlaceOf(value), &value);
+    }
+    std::optional<RuleValue> Find(const RuleValue& place) const {
+        const auto found = m_values.find(PlaceOf(place));
+        return found != m_values.end() ? std::optional(*found->second) : std::nullopt;
+    }
+
+  private:
+    using Place = std::tuple<int, const std::string&, const std::string&>;
+    static Place PlaceOf(const RuleValue& value) { return {value.nRow, value.label, value.constraint}; }
+    std::map<Place, const RuleValue*> m_values;
+};
 
 // Stands for all values of a constraint or a rule that only one side has.
 RuleValue Whole(const std::string& what) {
@@ -114,14 +125,15 @@ void CompareRules(const RuleContent& left, const RuleContent& right, std::vector
             {left.name, left.nRuleId, constraint, "constraint", 0, std::nullopt, Whole("present")});
         whole.insert(constraint);
     }
+    const PlaceIndex lefts(left.values), rights(right.values);
     for (const RuleValue& value : left.values) {
-        const std::optional<RuleValue> other = FindPlace(right.values, value);
+        const std::optional<RuleValue> other = rights.Find(value);
         if (whole.count(value.constraint) == 0 && !(other && IsSameValue(value, *other)))
             differences.push_back(
                 {left.name, left.nRuleId, value.constraint, value.label, value.nRow, value, other});
     }
     for (const RuleValue& value : right.values)
-        if (whole.count(value.constraint) == 0 && !FindPlace(left.values, value))
+        if (whole.count(value.constraint) == 0 && !lefts.Find(value))
             differences.push_back(
                 {left.name, left.nRuleId, value.constraint, value.label, value.nRow, std::nullopt, value});
 }

@@ -16,9 +16,9 @@ namespace {
 using Align = TextTable::Align;
 
 // A limit, with the marks for "not given" and "no upper limit" in words.
-std::string FormatLimit(double value, ParameterQuantity quantity) {
-    if (quantity != ParameterQuantity::None && value < -kTolerance) return "-";
-    return IsNoUpperLimit(value) ? "no limit" : FormatNumber(value);
+std::string FormatLimit(double value, long nParamId) {
+    if (IsBandParameter(nParamId) && value < -kTolerance) return "-";
+    return IsBandParameter(nParamId) && IsNoUpperLimit(value) ? "no limit" : FormatNumber(value);
 }
 
 bool IsTable(const CMfxParamStorage& storage) {
@@ -98,9 +98,8 @@ std::vector<std::vector<std::string>> ConstraintRows(const CMFXConstraint& const
         for (std::size_t i = 0; i < rows.size(); ++i) {
             const int nValue = static_cast<int>(i);
             rows[i].resize(static_cast<std::size_t>(nColumn), "-");
-            rows[i].push_back(nValue < values.GetCount()
-                                  ? FormatLimit(values[nValue], QuantityOfParameter(storage.m_nParamId))
-                                  : "-");
+            rows[i].push_back(nValue < values.GetCount() ? FormatLimit(values[nValue], storage.m_nParamId)
+                                                         : "-");
         }
     }
     return rows;

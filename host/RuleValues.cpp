@@ -9,15 +9,16 @@
 
 #include <algorithm>
 #include <cmath>
+#include <map>
 
 namespace {
 
 constexpr double kHalfOfSixDecimals = 0.5e-6;
 
 // Bounds without a limit and values not given are words, so that no unit applies to them.
-std::variant<double, std::string> NumberOrWord(double value, bool bHasUnit) {
-    if (bHasUnit && value < -kTolerance) return "-";
-    if (IsNoUpperLimit(value)) return "no limit";
+std::variant<double, std::string> NumberOrWord(double value, bool bOfBand) {
+    if (bOfBand && value < -kTolerance) return "-";
+    if (bOfBand && IsNoUpperLimit(value)) return "no limit";
     return value;
 }
 
@@ -30,7 +31,7 @@ class ValueLister {
         Add("severity", 0, "", std::to_string(m_rule.m_nSeverity));
         AddParameters(m_rule.m_paramArray);
         for (const CMFXConstraint* pConstraint : m_rule.m_constraintArray) {
-            m_constraint = ToUtf8(pConstraint->m_strName);
+            m_constraint = PlaceOf(*pConstraint);
             Add("active", 0, "", pConstraint->m_bActive ? "yes" : "no");
             AddParameters(pConstraint->m_paramArray);
         }
@@ -38,6 +39,14 @@ class ValueLister {
     }
 
   private:
+    // The constraint's name; numbered where an earlier one has it too, so that every value has its own place.
+    std::string PlaceOf(const CMFXConstraint& constraint) {
+        const std::string name =
+            constraint.m_strName.IsEmpty() ? "(without a name)" : ToUtf8(constraint.m_strName);
+        const int nCount = ++m_constraintCounts[name];
+        return nCount > 1 ? name + " (" + std::to_string(nCount) + ")" : name;
+    }
+
     void Add(const std::string& label, int nRow, const std::string& unit,
              std::variant<double, std::string> value, double storedWithin = 0.0) {
         m_values.push_back({m_constraint, label, nRow, unit, std::move(value), storedWithin});
@@ -62,7 +71,7 @@ class ValueLister {
         const std::string unit = UnitOfParameter(storage, m_rule);
         for (int i = 0; i < values.GetCount(); ++i)
             Add(label, values.GetCount() > 1 || !m_constraint.empty() ? i + 1 : 0, unit,
-                NumberOrWord(values[i], !unit.empty()));
+                NumberOrWord(values[i], IsBandParameter(storage.m_nParamId)));
     }
 
     void AddBands(const MfxArray<MfxTableRow>& rows) {
@@ -75,7 +84,7 @@ class ValueLister {
                 if (strCell.IsEmpty() || !IsNumericText(strCell))
                     Add(kLabels[nCell], i + 1, "", strCell.IsEmpty() ? "-" : ToUtf8(strCell));
                 else
-                    Add(kLabels[nCell], i + 1, unit, NumberOrWord(ParseDouble(strCell), true),
+                    Add(kLabels[nCell], i + 1, unit, NumberOrWord(ParseDouble(strCell), nCell < 2),
                         kHalfOfSixDecimals);
             }
     }
@@ -88,6 +97,7 @@ class ValueLister {
 
     const CMfxRule& m_rule;
     std::string m_constraint;  // the one being listed
+    std::map<std::string, int> m_constraintCounts;
     std::vector<RuleValue> m_values;
 };
 
@@ -108,6 +118,6 @@ bool IsSameValue(const RuleValue& first, const RuleValue& second) {
         return *pText == std::get<std::string>(second.value);
     constexpr double kNineDigits = 1e-9;
     const double a = std::get<double>(first.value), b = std::get<double>(second.value);
-    return std::fabs(a - b) <= kNineDigits * std::max(std::fabs(a), std::fabs(b)) +
-                                   1.01 * (first.storedWithin + second.storedWithin);
+    return a == b || std::fabs(a - b) <= kNineDigits * std::max(std::fabs(a), std::fabs(b)) +
+                                             1.01 * (first.storedWithin + second.storedWithin);
 }

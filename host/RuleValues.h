@@ -8,7 +8,7 @@
 
 // One value of a rule and the place where it stands, for comparing rules value by value.
 struct RuleValue {
-    std::string constraint;  // name of the constraint; empty for the rule's own parameters
+    std::string constraint;  // the constraint's name, numbered if not the only one; empty for the rule's own
     std::string label;       // what the value is, in the user's language: "Minimum wall thickness", "angle 1"
     int nRow = 0;            // from 1 in lists and tables; 0 for what there is once
     std::string unit;        // symbol; empty for a value without a unit
