@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <climits>
+#include <iterator>
 #include <utility>
 
 using mfx_xml::IsDetachedHolder;
@@ -77,11 +78,18 @@ bool IsReadableEncoding(const CString& strEncoding) {
            strEncoding.CompareNoCase(L"US-ASCII") == 0;
 }
 
-// The first element nested deeper than allowed, or a null node. Not recursive: the depth is the problem.
-pugi::xml_node FindTooDeep(const pugi::xml_node& document, int nMaxDepth) {
+bool HasTooManyAttributes(const pugi::xml_node& element, int nMaxAttributes) {
+    return std::distance(element.attributes_begin(), element.attributes_end()) > nMaxAttributes;
+}
+
+// The first element nested deeper than allowed or with too many attributes, or a null node. Not recursive:
+// the depth is the problem.
+pugi::xml_node FindTooLarge(const pugi::xml_node& document, int nMaxDepth, int nMaxAttributes) {
     int nDepth = 0;
     for (pugi::xml_node node = document.first_child(); node;) {
-        if (nDepth >= nMaxDepth && node.type() == pugi::node_element) return node;
+        if (node.type() == pugi::node_element &&
+            (nDepth >= nMaxDepth || HasTooManyAttributes(node, nMaxAttributes)))
+            return node;
         if (node.first_child()) {
             node = node.first_child();
             ++nDepth;
@@ -155,8 +163,10 @@ MfxXmlParseResult MfxXMLDocument::Parse(std::string_view bytes) {
         if (child.type() == pugi::node_element && child != root)
             return Fail(child.offset_debug(), L"there is more than one outermost element");
     }
-    if (const pugi::xml_node deep = FindTooDeep(*m_pDocument, kMaxDepth))
-        return Fail(deep.offset_debug(), L"elements are nested too deep");
+    if (const pugi::xml_node large = FindTooLarge(*m_pDocument, kMaxDepth, kMaxAttributes))
+        return Fail(large.offset_debug(), HasTooManyAttributes(large, kMaxAttributes)
+                                              ? L"an element has too many attributes"
+                                              : L"elements are nested too deep");
 
     MfxXmlParseResult result;
     result.bOk = true;
