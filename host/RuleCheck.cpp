@@ -16,12 +16,6 @@ std::string NumberOf(double value) {
     return ToUtf8(FormatDouble(value));
 }
 
-std::unique_ptr<MfxXMLNode> ChildAt(const MfxXMLNode& parent, const CString& strTag, long nIndex) {
-    const std::unique_ptr<MfxXMLNodeList> pChildren(parent.GetNodeList(strTag));
-    MfxXMLNode* pChild = (*pChildren)[nIndex];
-    return pChild ? std::make_unique<MfxXMLNode>(*pChild) : nullptr;
-}
-
 double AngleInDegrees(const CString& strCell, int nAngleUnit) {
     return CMFXUnitConvertor().ConversionFromOneUnitToAnother(ParseDouble(strCell), QuantityAngle, nAngleUnit,
                                                               AngleDegree);
@@ -133,8 +127,9 @@ class RuleChecker {
         if (!FindParameter(params, kThicknessMinId)) return;
         CheckPair(*m_pEntry->pRecord, params, "");
         const auto& constraints = m_pEntry->pRule->m_constraintArray;
+        const std::unique_ptr<MfxXMLNodeList> pElements(m_pEntry->pRecord->GetNodeList(kConstraintTag));
         for (int i = 0; i < constraints.GetCount(); ++i) {
-            const std::unique_ptr<MfxXMLNode> pElement = ChildAt(*m_pEntry->pRecord, kConstraintTag, i);
+            const MfxXMLNode* pElement = (*pElements)[i];
             CheckPair(pElement ? *pElement : *m_pEntry->pRecord, constraints[i]->m_paramArray,
                       ToUtf8(constraints[i]->m_strName) + ": ");
         }
@@ -160,9 +155,10 @@ class RuleChecker {
                 "an older form: saving makes a constraint of each of its materials");
         for (const long nParamId : {kThicknessMinId, kThicknessMaxId}) {
             const auto pLimit = FindParameterElement(record, nParamId);
-            const std::unique_ptr<MfxXMLNode> pSecond(pLimit ? ChildAt(*pLimit, L"Value", 1) : nullptr);
-            if (pSecond)
-                Add(Severity::Hint, pSecond.get(), nParamId,
+            if (!pLimit) continue;
+            const std::unique_ptr<MfxXMLNodeList> pValues(pLimit->GetNodeList(L"Value"));
+            if (pValues->GetSize() > 1)
+                Add(Severity::Hint, (*pValues)[1], nParamId,
                     "an older form: the first value is a switch, which saving makes the parameter's status");
         }
     }
@@ -172,16 +168,17 @@ class RuleChecker {
     void CheckGroups() {
         if (!m_pEntry->pRule->FindParameterInArray(kMassUnitId)) return;
         const auto& groups = m_pEntry->pRule->m_constraintArray;
+        const std::unique_ptr<MfxXMLNodeList> pElements(m_pEntry->pRecord->GetNodeList(kConstraintTag));
         for (int i = 0; i < groups.GetCount(); ++i) {
-            const std::unique_ptr<MfxXMLNode> pElement = ChildAt(*m_pEntry->pRecord, kConstraintTag, i);
+            const MfxXMLNode* pElement = (*pElements)[i];
             const std::vector<NumberedBand> bands = BandsOf(*groups[i]);
             const std::string name = ToUtf8(groups[i]->m_strName) + ": ";
             if (const SizeAndWeightResult result = CheckSizeAndWeightBands(bands);
                 result.flaw != SizeAndWeightFlaw::None)
-                Add(Severity::Error, pElement.get(), 0, name + Sentence(result));
+                Add(Severity::Error, pElement, 0, name + Sentence(result));
             for (std::size_t j = 1; j < bands.size(); ++j)
                 if (bands[j].band.thickness < bands[j - 1].band.thickness - kTolerance)
-                    Add(Severity::Hint, pElement.get(), kThicknessId,
+                    Add(Severity::Hint, pElement, kThicknessId,
                         name + "row " + std::to_string(bands[j].nRow) +
                             ": the wall is thinner than in the band before");
         }
@@ -196,17 +193,19 @@ class RuleChecker {
                                       pTable->GetValues<MfxTableRow>().end());
         for (MfxTableRow& row : rows) row.cells.resize(5);
         const auto pElement = FindParameterElement(*m_pEntry->pRecord, kDraftAngleTableId);
+        const std::unique_ptr<MfxXMLNodeList> pRows(pElement ? pElement->GetNodeList(L"Value") : nullptr);
         const auto rowElement = [&](std::size_t nRow) {
-            return pElement ? ChildAt(*pElement, L"Value", static_cast<long>(nRow)) : nullptr;
+            return pRows ? (*pRows)[static_cast<long>(nRow)] : nullptr;
         };
-        for (std::size_t i = 0; i < rows.size(); ++i) CheckAngles(rows, i, rowElement(i).get());
+        for (std::size_t i = 0; i < rows.size(); ++i) CheckAngles(rows, i, rowElement(i));
         // Stored tables close the last band with a number for "no limit"; the dialog shows it as an empty
         // cell.
         if (!rows.empty() && IsNoUpperLimit(ParseDouble(rows.back().cells[1]))) rows.back().cells[1].Empty();
         const DraftTableResult result = ::CheckDraftTable(rows);
         if (result.flaw == DraftTableFlaw::None) return;
-        const auto pRow = result.nRow > 0 ? rowElement(static_cast<std::size_t>(result.nRow) - 1) : nullptr;
-        Add(Severity::Error, pRow ? pRow.get() : pElement.get(), kDraftAngleTableId, Sentence(result));
+        const MfxXMLNode* pRow =
+            result.nRow > 0 ? rowElement(static_cast<std::size_t>(result.nRow) - 1) : nullptr;
+        Add(Severity::Error, pRow ? pRow : pElement.get(), kDraftAngleTableId, Sentence(result));
     }
 
     void CheckAngles(const std::vector<MfxTableRow>& rows, std::size_t nRow, const MfxXMLNode* pElement) {
