@@ -1,18 +1,14 @@
 #include "CheckCommand.h"
 
+#include "JsonOutput.h"
 #include "RecordCheck.h"
 #include "RuleCheck.h"
 #include "RuleDocument.h"
 #include "Text.h"
-#include "UnitNames.h"
-
-#include <nlohmann/json.hpp>
 
 #include <algorithm>
 
 namespace {
-
-using Json = nlohmann::ordered_json;
 
 // What is known of one file after its check.
 struct FileReport {
@@ -56,7 +52,7 @@ void PrintReport(const FileReport& report) {
     if (report.nRules == 0) Print(report.file + ": there is no rule to check\n");
 }
 
-Json ToJson(const Finding& finding) {
+Json FindingToJson(const Finding& finding) {
     Json json{{"severity", SeverityName(finding.severity)}, {"line", finding.nLine}, {"rule", finding.rule}};
     json["ruleId"] = finding.nRuleId ? Json(finding.nRuleId) : Json(nullptr);
     json["parameter"] = finding.nParamId ? Json(finding.nParamId) : Json(nullptr);
@@ -70,11 +66,9 @@ Json ToJson(const FileReport& report) {
         json["unreadable"] = report.unreadable;
         return json;
     }
-    json["units"] = {{"length", LengthUnitSymbol(report.units.m_nLengthUnit)},
-                     {"angle", AngleUnitSymbol(report.units.m_nAngleUnit)}};
+    json["units"] = UnitsToJson(report.units);
     json["rulesChecked"] = report.nRules;
-    json["findings"] = Json::array();
-    for (const Finding& finding : report.findings) json["findings"].push_back(ToJson(finding));
+    json["findings"] = ToArray(report.findings, FindingToJson);
     return json;
 }
 
@@ -101,7 +95,7 @@ ExitCode CheckDocuments(const RuleModule& module, const CheckOptions& options) {
         bFound = bFound || !report.findings.empty() || report.nRules == 0;
         PrintProgress(i + 1, options.files.size());
     }
-    if (options.bJson) Print(json.dump(2, ' ', false, Json::error_handler_t::replace) + "\n");
+    if (options.bJson) PrintJson(json);
     if (bUnreadable) return ExitCode::UnreadableInput;
     return bFound ? ExitCode::Findings : ExitCode::Done;
 }

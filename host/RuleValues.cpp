@@ -2,12 +2,13 @@
 
 #include "NumberText.h"
 #include "RuleParameters.h"
-#include "RuleTable.h"
 #include "Text.h"
 #include "UnitNames.h"
 #include "ValueText.h"
+#include "XmlNumber.h"
 
 #include <algorithm>
+#include <charconv>
 #include <cmath>
 #include <map>
 
@@ -15,11 +16,11 @@ namespace {
 
 constexpr double kHalfOfSixDecimals = 0.5e-6;
 
-// Bounds without a limit and values not given are words, so that no unit applies to them.
-std::variant<double, std::string> NumberOrWord(double value, bool bOfBand) {
-    if (bOfBand && value < -kTolerance) return "-";
-    if (bOfBand && IsNoUpperLimit(value)) return "no limit";
-    return value;
+// Symbol of the unit in which the rule keeps its masses.
+std::string MassUnitLabel(const CMfxRule& rule) {
+    const CMfxParamStorage* pUnit = FindParameter(rule.m_paramArray, kMassUnitId);
+    const bool bHasLabel = pUnit && pUnit->GetType() == TypeText && !pUnit->GetValues<CString>().IsEmpty();
+    return MassUnitSymbol(bHasLabel ? ToUtf8(pUnit->GetValues<CString>()[0]) : "");
 }
 
 class ValueLister {
@@ -47,9 +48,10 @@ class ValueLister {
         return nCount > 1 ? name + " (" + std::to_string(nCount) + ")" : name;
     }
 
-    void Add(const std::string& label, int nRow, const std::string& unit,
-             std::variant<double, std::string> value, double storedWithin = 0.0) {
-        m_values.push_back({m_constraint, label, nRow, unit, std::move(value), storedWithin});
+    void Add(const std::string& label, int nRow, const std::string& unit, NumberOrWord value,
+             double storedWithin = 0.0) {
+        const std::string own = std::holds_alternative<double>(value) ? unit : "";
+        m_values.push_back({m_constraint, label, nRow, own, std::move(value), storedWithin});
     }
 
     void AddParameters(const MfxParamArray& params) {
@@ -71,22 +73,15 @@ class ValueLister {
         const std::string unit = UnitOfParameter(storage, m_rule);
         for (int i = 0; i < values.GetCount(); ++i)
             Add(label, values.GetCount() > 1 || !m_constraint.empty() ? i + 1 : 0, unit,
-                NumberOrWord(values[i], IsBandParameter(storage.m_nParamId)));
+                ContentOfNumber(values[i], IsBandParameter(storage.m_nParamId)));
     }
 
     void AddBands(const MfxArray<MfxTableRow>& rows) {
-        const char* kLabels[] = {"from", "to", "angle 1", "angle 2", "angle 3"};
+        const auto columns = BandColumns(m_rule);
         for (int i = 0; i < rows.GetCount(); ++i)
-            for (std::size_t nCell = 0; nCell < std::min(rows[i].cells.size(), std::size(kLabels)); ++nCell) {
-                const CString& strCell = rows[i].cells[nCell];
-                const std::string unit =
-                    nCell < 2 ? LengthUnitSymbol(m_rule.m_nLengthUnit) : AngleUnitSymbol(m_rule.m_nAngleUnit);
-                if (strCell.IsEmpty() || !IsNumericText(strCell))
-                    Add(kLabels[nCell], i + 1, "", strCell.IsEmpty() ? "-" : ToUtf8(strCell));
-                else
-                    Add(kLabels[nCell], i + 1, unit, NumberOrWord(ParseDouble(strCell), nCell < 2),
-                        kHalfOfSixDecimals);
-            }
+            for (std::size_t nCell = 0; nCell < std::min(rows[i].cells.size(), columns.size()); ++nCell)
+                Add(columns[nCell].name, i + 1, columns[nCell].unit, ContentOfCell(rows[i], nCell),
+                    kHalfOfSixDecimals);
     }
 
     template <class Values>
@@ -103,21 +98,65 @@ class ValueLister {
 
 }  // namespace
 
+NumberOrWord ContentOfNumber(double value, bool bOfBand) {
+    if (!std::isfinite(value)) return FormatNumber(value);
+    if (bOfBand && value < -kTolerance) return std::monostate();
+    if (bOfBand && IsNoUpperLimit(value)) return "no limit";
+    return value;
+}
+
+NumberOrWord ContentOfCell(const MfxTableRow& row, std::size_t nCell) {
+    constexpr std::size_t kBounds = 2;  // angles follow
+    const CString& strCell = row.cells[nCell];
+    if (strCell.IsEmpty()) return std::monostate();
+    if (!IsNumericText(strCell) || !IsReal(strCell)) return ToUtf8(strCell);
+    return ContentOfNumber(ParseDouble(strCell), nCell < kBounds);
+}
+
+std::string FormatNumberOrWord(const NumberOrWord& content) {
+    if (const double* pNumber = std::get_if<double>(&content)) return FormatNumber(*pNumber);
+    const std::string* pWord = std::get_if<std::string>(&content);
+    return pWord ? *pWord : "-";
+}
+
+std::string FormatNumber(double value) {
+    const bool bLarge = std::fabs(value) >= 1e6 && std::fabs(value) < 1e15;
+    char text[32];
+    const auto format = bLarge ? std::chars_format::fixed : std::chars_format::general;
+    return {text, std::to_chars(text, text + sizeof text, value, format, bLarge ? 0 : 7).ptr};
+}
+
+std::string UnitOfParameter(const CMfxParamStorage& storage, const CMfxRule& rule) {
+    switch (QuantityOfParameter(storage.m_nParamId)) {
+        case ParameterQuantity::Length:
+            return LengthUnitSymbol(rule.m_nLengthUnit);
+        case ParameterQuantity::Mass:
+            return MassUnitLabel(rule);
+        case ParameterQuantity::None:
+            break;
+    }
+    return {};
+}
+
+std::array<BandColumn, 5> BandColumns(const CMfxRule& rule) {
+    const std::string length = LengthUnitSymbol(rule.m_nLengthUnit);
+    const std::string angle = AngleUnitSymbol(rule.m_nAngleUnit);
+    return {{{"from", length}, {"to", length}, {"angle 1", angle}, {"angle 2", angle}, {"angle 3", angle}}};
+}
+
 std::vector<RuleValue> ListRuleValues(const CMfxRule& rule) {
     return ValueLister(rule).List();
 }
 
 std::string FormatRuleValue(const RuleValue& value) {
-    if (const std::string* pText = std::get_if<std::string>(&value.value)) return *pText;
-    return FormatNumber(std::get<double>(value.value)) + (value.unit.empty() ? "" : " " + value.unit);
+    return FormatNumberOrWord(value.value) + (value.unit.empty() ? "" : " " + value.unit);
 }
 
 bool IsSameValue(const RuleValue& first, const RuleValue& second) {
-    if (first.value.index() != second.value.index()) return false;
-    if (const std::string* pText = std::get_if<std::string>(&first.value))
-        return *pText == std::get<std::string>(second.value);
+    const double* pFirst = std::get_if<double>(&first.value);
+    const double* pSecond = std::get_if<double>(&second.value);
+    if (!pFirst || !pSecond) return first.value == second.value;
     constexpr double kNineDigits = 1e-9;
-    const double a = std::get<double>(first.value), b = std::get<double>(second.value);
-    return a == b || std::fabs(a - b) <= kNineDigits * std::max(std::fabs(a), std::fabs(b)) +
-                                             1.01 * (first.storedWithin + second.storedWithin);
+    return std::fabs(*pFirst - *pSecond) <= kNineDigits * std::max(std::fabs(*pFirst), std::fabs(*pSecond)) +
+                                                1.01 * (first.storedWithin + second.storedWithin);
 }

@@ -95,9 +95,10 @@ class MutationRun {
         const auto diff = [&](const CString& strRight, bool bDefaults) {
             return [=, this] { return DiffDocuments(m_module, {strPath, strRight, bDefaults, bDefaults}); };
         };
-        const ExitCode shown = Run("show", [&] { return ShowDocument(m_module, strPath); });
         for (const bool bJson : {false, true})
             Run("check", [&] { return CheckDocuments(m_module, {{strPath}, Severity::Hint, bJson}); });
+        Run("show json", [&] { return ShowDocument(m_module, strPath, true); });
+        const ExitCode shown = Run("show", [&] { return ShowDocument(m_module, strPath, false); });
         Run("diff", diff(CString(sample.c_str()), false));
         Run("defaults", diff(CString(), true));
         if (Run("itself", diff(strPath, false)) != shown) Fail("a document differs from itself");
@@ -108,7 +109,7 @@ class MutationRun {
         if (converted != ExitCode::Done && m_folder.Read(L"converted.xml") != document)
             Fail("a conversion that was refused changed the file");
         if (converted != ExitCode::Done) return;
-        if (Run("again", [&] { return ShowDocument(m_module, strConverted); }) != ExitCode::Done)
+        if (Run("again", [&] { return ShowDocument(m_module, strConverted, false); }) != ExitCode::Done)
             Fail("what was converted is not understood");
         // The draft angle rule makes zeros of empty cells.
         const bool bEmptyCells = document.find("=\"\"") != std::string::npos ||
