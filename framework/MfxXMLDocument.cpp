@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <climits>
 #include <cstdlib>
+#include <iterator>
 #include <utility>
 
 using mfx_xml::IsDetachedHolder;
@@ -78,14 +79,18 @@ bool IsReadableEncoding(const CString& strEncoding) {
            strEncoding.CompareNoCase(L"US-ASCII") == 0;
 }
 
-// The first element nested deeper than allowed, or a null node.
-pugi::xml_node FindTooDeep(const pugi::xml_node& document, int nMaxDepth) {
-    pugi::xml_node deep;
+bool HasTooManyAttributes(const pugi::xml_node& element, int nMaxAttributes) {
+    return std::distance(element.attributes_begin(), element.attributes_end()) > nMaxAttributes;
+}
+
+// The first element nested deeper than allowed or with too many attributes, or a null node.
+pugi::xml_node FindTooLarge(const pugi::xml_node& document, int nMaxDepth, int nMaxAttributes) {
+    pugi::xml_node large;
     mfx_xml::ForEachElement(document, [&](const pugi::xml_node& element, int nDepth) {
-        if (nDepth >= nMaxDepth) deep = element;
-        return !deep;
+        if (nDepth >= nMaxDepth || HasTooManyAttributes(element, nMaxAttributes)) large = element;
+        return !large;
     });
-    return deep;
+    return large;
 }
 
 // Whether a reference, between "&" and ";", would not survive: to an entity that has to be declared (it would
@@ -192,8 +197,10 @@ MfxXmlParseResult MfxXMLDocument::Parse(std::string_view bytes) {
         if (child.type() == pugi::node_element && child != root)
             return Fail(child.offset_debug(), L"there is more than one outermost element");
     }
-    if (const pugi::xml_node deep = FindTooDeep(*m_pDocument, kMaxDepth))
-        return Fail(deep.offset_debug(), L"elements are nested too deep");
+    if (const pugi::xml_node large = FindTooLarge(*m_pDocument, kMaxDepth, kMaxAttributes))
+        return Fail(large.offset_debug(), HasTooManyAttributes(large, kMaxAttributes)
+                                              ? L"an element has too many attributes"
+                                              : L"elements are nested too deep");
 
     MfxXmlParseResult result;
     result.bOk = true;

@@ -89,16 +89,19 @@ ExitCode ConvertDocument(const RuleModule& module, const ConvertOptions& options
     RuleDocument document(options.strInput, module);
     const UnitPair from = document.GetUnits();
     const UnitPair to = TargetUnits(from, options);
-    if (PrintUnread(document)) {
-        PrintError("mfxhost: " + ToUtf8(options.strInput) + " was not converted\n");
-        return ExitCode::Findings;
-    }
+    const auto isRefused = [&] {
+        const bool bUnread = PrintUnread(document);
+        if (bUnread) PrintError("mfxhost: " + ToUtf8(options.strInput) + " was not converted\n");
+        return bUnread;
+    };
+    if (isRefused()) return ExitCode::Findings;
     if (from == to && options.strOutput.IsEmpty()) {
         Print(ToUtf8(options.strInput) + " is in " + UnitWords(to) + " already\n");
         return ExitCode::Done;
     }
     const ConversionLoss loss(document);
     document.ConvertUnits(to, module);
+    if (isRefused()) return ExitCode::Findings;  // a number that is too large in the new unit
     const CString& strOutput = options.strOutput.IsEmpty() ? options.strInput : options.strOutput;
     document.Save(strOutput);
     Print(ToUtf8(strOutput) + ": " + Count(document.GetEntries().size(), "rule") + " converted from " +

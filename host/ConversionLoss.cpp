@@ -34,9 +34,9 @@ void ConversionLoss::Print(const RuleDocument& converted) const {
         const RuleDocument::Entry& entry = converted.GetEntries()[nEntry];
         if (!entry.pRule) continue;
         const std::vector<RuleValue> values = ListRuleValues(*entry.pRule);
-        for (std::size_t i = 0; i < m_values[nEntry].size(); ++i) {
-            const RuleValue& before = m_values[nEntry][i];
-            const RuleValue* pAfter = FindPlace(values, before, i);
+        const PlaceIndex index(values);
+        for (const RuleValue& before : m_values[nEntry]) {
+            const RuleValue* pAfter = index.Find(before);
             if (!pAfter) continue;  // of an older form, which is written as today's
             const RuleValue exact = InUnits(before, m_units, units), after = InUnits(*pAfter, units, units);
             const double loss = LossOf(exact, after);

@@ -12,6 +12,7 @@
 #include <map>
 #include <optional>
 #include <set>
+#include <tuple>
 
 namespace {
 
@@ -83,19 +84,17 @@ void CompareRules(const RuleContent& left, const RuleContent& right, std::vector
             {left.name, left.nRuleId, constraint, "constraint", 0, std::nullopt, Whole("present")});
         whole.insert(constraint);
     }
-    for (std::size_t i = 0; i < left.values.size(); ++i) {
-        const RuleValue& value = left.values[i];
-        const RuleValue* pOther = FindPlace(right.values, value, i);
+    const PlaceIndex lefts(left.values), rights(right.values);
+    for (const RuleValue& value : left.values) {
+        const RuleValue* pOther = rights.Find(value);
         if (whole.count(value.constraint) == 0 && !(pOther && IsSameValue(value, *pOther)))
             differences.push_back({left.name, left.nRuleId, value.constraint, value.label, value.nRow, value,
                                    pOther ? std::optional(*pOther) : std::nullopt});
     }
-    for (std::size_t i = 0; i < right.values.size(); ++i) {
-        const RuleValue& value = right.values[i];
-        if (whole.count(value.constraint) == 0 && !FindPlace(left.values, value, i))
+    for (const RuleValue& value : right.values)
+        if (whole.count(value.constraint) == 0 && !lefts.Find(value))
             differences.push_back(
                 {left.name, left.nRuleId, value.constraint, value.label, value.nRow, std::nullopt, value});
-    }
 }
 
 // Rules are compared with the rule of the same kind and number: the second draft angle rule with the second

@@ -220,6 +220,10 @@ class RecordChecker {
                 if (!IsInteger(strText))
                     Add(number, ToUtf8(strTag) + ": \"" + ToUtf8(strText) + "\" is not a whole number");
             });
+        const int nValues =
+            std::visit([](const auto& values) { return values.GetCount(); }, storage.m_values);
+        if (storage.m_operator == OperatorRanges && nValues % 2 != 0 && nValues % 3 != 0)
+            Add(parameter, "Operator: it asks for pairs or threes of values, and these are neither");
     }
 
     void CheckValues(const MfxXMLNode& parameter, const CMfxParamStorage& storage) {
@@ -300,7 +304,9 @@ class RecordChecker {
         return !further.empty();
     }
 
-    static bool IsPlainNumber(const CString& strText) { return IsNumericText(strText) && IsReal(strText); }
+    static bool IsPlainNumber(const CString& strText) {
+        return IsNumericText(strText) && IsReal(strText) && std::isfinite(ParseDouble(strText));
+    }
 
     const RuleDocument& m_document;
     std::vector<Finding> m_findings;

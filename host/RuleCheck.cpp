@@ -163,6 +163,7 @@ class RuleChecker {
     void CheckGroups() {
         if (!m_pEntry->pRule->FindParameterInArray(kMassUnitId)) return;
         const auto& groups = m_pEntry->pRule->m_constraintArray;
+        const std::unique_ptr<MfxXMLNodeList> pElements(m_pEntry->pRecord->GetNodeList(kConstraintTag));
         for (int i = 0; i < groups.GetCount(); ++i) {
             const std::vector<NumberedBand> bands = BandsOf(*groups[i]);
             if (const SizeAndWeightResult result = CheckSizeAndWeightBands(bands);

@@ -1,5 +1,6 @@
 #include "RuleJson.h"
 
+#include "RuleParameters.h"
 #include "RuleValues.h"
 #include "ValueText.h"
 
@@ -11,8 +12,8 @@ Json ToJson(const NumberOrWord& content) {
     return nullptr;
 }
 
-Json ValueToJson(double value, bool bHasUnit) {
-    return ToJson(ContentOfNumber(value, bHasUnit));
+Json ValueToJson(double value, bool bOfBand) {
+    return ToJson(ContentOfNumber(value, bOfBand));
 }
 template <class T>
 Json ValueToJson(const T& value, bool) {
@@ -20,7 +21,9 @@ Json ValueToJson(const T& value, bool) {
 }
 
 Json RowToJson(const MfxTableRow& row) {
-    return ToArray(row.cells, [](const CString& strCell) { return ToJson(ContentOfCell(strCell)); });
+    Json cells = Json::array();
+    for (std::size_t i = 0; i < row.cells.size(); ++i) cells.push_back(ToJson(ContentOfCell(row, i)));
+    return cells;
 }
 Json ColumnToJson(const BandColumn& column) {
     return {{"name", column.name}, {"unit", column.unit}};
@@ -36,7 +39,9 @@ Json ToJson(const CMfxParamStorage& storage, const CMfxRule& rule) {
         return json;
     }
     const std::string unit = UnitOfParameter(storage, rule);
-    const auto toJson = [&](const auto& value) { return ValueToJson(value, !unit.empty()); };
+    const auto toJson = [&](const auto& value) {
+        return ValueToJson(value, IsBandParameter(storage.m_nParamId));
+    };
     json["unit"] = TextOrNull(unit);
     json["values"] =
         std::visit([&](const auto& values) { return ToArray(values, toJson); }, storage.m_values);

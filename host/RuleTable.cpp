@@ -1,5 +1,6 @@
 #include "RuleTable.h"
 
+#include "RuleParameters.h"
 #include "RuleValues.h"
 #include "Text.h"
 #include "TextTable.h"
@@ -16,9 +17,9 @@ bool IsTable(const CMfxParamStorage& storage) {
 }
 
 // A number as the document writes it.
-std::string FormatCell(const CString& strCell) {
-    const NumberOrWord content = ContentOfCell(strCell);
-    return std::holds_alternative<double>(content) ? ToUtf8(strCell) : FormatNumberOrWord(content);
+std::string FormatCell(const MfxTableRow& row, std::size_t nCell) {
+    const NumberOrWord content = ContentOfCell(row, nCell);
+    return std::holds_alternative<double>(content) ? ToUtf8(row.cells[nCell]) : FormatNumberOrWord(content);
 }
 
 // Values of one parameter, separated by commas; table rows by their number, since they stand in a table of
@@ -56,7 +57,7 @@ std::string FormatBands(const MfxArray<MfxTableRow>& rows, const CMfxRule& rule)
     table.Add(std::move(header));
     for (const MfxTableRow& row : rows) {
         std::vector<std::string> cells;
-        for (const CString& strCell : row.cells) cells.push_back(FormatCell(strCell));
+        for (std::size_t i = 0; i < row.cells.size(); ++i) cells.push_back(FormatCell(row, i));
         table.Add(std::move(cells));
     }
     return table.Format(4);
@@ -76,18 +77,18 @@ std::string FormatParameters(const CMfxRule& rule) {
 }
 
 // The numbers of a constraint as rows of cells: element i of each of its lists makes row i.
-std::vector<std::vector<std::string>> ConstraintRows(const CMFXConstraint& constraint, const CMfxRule& rule) {
+std::vector<std::vector<std::string>> ConstraintRows(const CMFXConstraint& constraint) {
     std::vector<std::vector<std::string>> rows(1);
     for (int nColumn = 0; nColumn < constraint.m_paramArray.GetCount(); ++nColumn) {
         const CMfxParamStorage& storage = *constraint.m_paramArray[nColumn].m_pStorage;
         const MfxArray<double>& values = storage.GetValues<double>();
-        const bool bHasUnit = !UnitOfParameter(storage, rule).empty();
+        const bool bOfBand = IsBandParameter(storage.m_nParamId);
         rows.resize(std::max(rows.size(), static_cast<std::size_t>(values.GetCount())));
         for (std::size_t i = 0; i < rows.size(); ++i) {
             const int nValue = static_cast<int>(i);
             rows[i].resize(static_cast<std::size_t>(nColumn), "-");
             rows[i].push_back(nValue < values.GetCount()
-                                  ? FormatNumberOrWord(ContentOfNumber(values[nValue], bHasUnit))
+                                  ? FormatNumberOrWord(ContentOfNumber(values[nValue], bOfBand))
                                   : "-");
         }
     }
@@ -107,7 +108,7 @@ std::string FormatConstraints(const CMfxRule& rule) {
     table.Add(header);
     for (const CMFXConstraint* pConstraint : rule.m_constraintArray) {
         std::vector<std::string> cells{ToUtf8(pConstraint->m_strName), pConstraint->m_bActive ? "yes" : "no"};
-        for (const std::vector<std::string>& row : ConstraintRows(*pConstraint, rule)) {
+        for (const std::vector<std::string>& row : ConstraintRows(*pConstraint)) {
             cells.insert(cells.end(), row.begin(), row.end());
             table.Add(std::move(cells));
             cells = {"", ""};

@@ -11,6 +11,7 @@
 #include <algorithm>
 #include <charconv>
 #include <cmath>
+#include <map>
 
 namespace {
 
@@ -32,7 +33,7 @@ class ValueLister {
         Add("severity", 0, "", std::to_string(m_rule.m_nSeverity));
         AddParameters(m_rule.m_paramArray);
         for (const CMFXConstraint* pConstraint : m_rule.m_constraintArray) {
-            m_constraint = ToUtf8(pConstraint->m_strName);
+            m_constraint = PlaceOf(*pConstraint);
             ++m_place.nConstraint;
             Add("active", 0, "", pConstraint->m_bActive ? "yes" : "no");
             AddParameters(pConstraint->m_paramArray);
@@ -41,6 +42,14 @@ class ValueLister {
     }
 
   private:
+    // The constraint's name; numbered where an earlier one has it too, so that every value has its own place.
+    std::string PlaceOf(const CMFXConstraint& constraint) {
+        const std::string name =
+            constraint.m_strName.IsEmpty() ? "(without a name)" : ToUtf8(constraint.m_strName);
+        const int nCount = ++m_constraintCounts[name];
+        return nCount > 1 ? name + " (" + std::to_string(nCount) + ")" : name;
+    }
+
     void Add(const std::string& label, int nRow, const std::string& unit, NumberOrWord value,
              double storedWithin = 0.0) {
         const std::string own = std::holds_alternative<double>(value) ? unit : "";
@@ -85,7 +94,7 @@ class ValueLister {
         const std::string unit = UnitOfParameter(storage, m_rule);
         for (int i = 0; i < values.GetCount(); ++i)
             Add(label, values.GetCount() > 1 || !m_constraint.empty() ? i + 1 : 0, unit,
-                ContentOfNumber(values[i], !unit.empty()));
+                ContentOfNumber(values[i], IsBandParameter(storage.m_nParamId)));
     }
 
     void AddBands(const MfxArray<MfxTableRow>& rows) {
@@ -93,7 +102,7 @@ class ValueLister {
         for (int i = 0; i < rows.GetCount(); ++i) {
             m_place.nRow = i + 1;
             for (std::size_t nCell = 0; nCell < std::min(rows[i].cells.size(), columns.size()); ++nCell)
-                Add(columns[nCell].name, i + 1, columns[nCell].unit, ContentOfCell(rows[i].cells[nCell]),
+                Add(columns[nCell].name, i + 1, columns[nCell].unit, ContentOfCell(rows[i], nCell),
                     kHalfOfSixDecimals);
         }
         m_place.nRow = 0;
@@ -108,22 +117,25 @@ class ValueLister {
     const CMfxRule& m_rule;
     std::string m_constraint;  // the one being listed
     RecordPlace m_place;       // of the value being listed
+    std::map<std::string, int> m_constraintCounts;
     std::vector<RuleValue> m_values;
 };
 
 }  // namespace
 
-NumberOrWord ContentOfNumber(double value, bool bHasUnit) {
+NumberOrWord ContentOfNumber(double value, bool bOfBand) {
     if (!std::isfinite(value)) return FormatNumber(value);
-    if (bHasUnit && value < -kTolerance) return std::monostate();
-    if (IsNoUpperLimit(value)) return "no limit";
+    if (bOfBand && value < -kTolerance) return std::monostate();
+    if (bOfBand && IsNoUpperLimit(value)) return "no limit";
     return value;
 }
 
-NumberOrWord ContentOfCell(const CString& strCell) {
+NumberOrWord ContentOfCell(const MfxTableRow& row, std::size_t nCell) {
+    constexpr std::size_t kBounds = 2;  // angles follow
+    const CString& strCell = row.cells[nCell];
     if (strCell.IsEmpty()) return std::monostate();
     if (!IsNumericText(strCell) || !IsReal(strCell)) return ToUtf8(strCell);
-    return ContentOfNumber(ParseDouble(strCell), true);
+    return ContentOfNumber(ParseDouble(strCell), nCell < kBounds);
 }
 
 std::string FormatNumberOrWord(const NumberOrWord& content, int nDigits) {
@@ -192,14 +204,13 @@ RuleValue InUnits(RuleValue value, const UnitPair& from, const UnitPair& to) {
     return value;
 }
 
-const RuleValue* FindPlace(const std::vector<RuleValue>& values, const RuleValue& place,
-                           std::size_t nLikely) {
-    for (std::size_t i = 0; i < values.size(); ++i) {
-        const RuleValue& value = values[(nLikely + i) % values.size()];
-        if (value.nRow == place.nRow && value.label == place.label && value.constraint == place.constraint)
-            return &value;
-    }
-    return nullptr;
+PlaceIndex::PlaceIndex(const std::vector<RuleValue>& values) {
+    for (const RuleValue& value : values) m_values.emplace(PlaceOf(value), &value);
+}
+
+const RuleValue* PlaceIndex::Find(const RuleValue& place) const {
+    const auto found = m_values.find(PlaceOf(place));
+    return found != m_values.end() ? found->second : nullptr;
 }
 
 std::string FormatRuleValue(const RuleValue& value, int nDigits) {

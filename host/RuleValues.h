@@ -4,7 +4,9 @@
 #include "RuleDocument.h"
 
 #include <array>
+#include <map>
 #include <string>
+#include <tuple>
 #include <variant>
 #include <vector>
 
@@ -12,9 +14,10 @@
 // a name, or a text of the document that is no number.
 using NumberOrWord = std::variant<std::monostate, double, std::string>;
 
-// What a rule means by a stored number, or by a cell of a size-band table.
-NumberOrWord ContentOfNumber(double value, bool bHasUnit);
-NumberOrWord ContentOfCell(const CString& strCell);
+// What a rule means by a stored number, which in a band may be a mark for "not given" or "no limit", or by a
+// cell of a size-band table.
+NumberOrWord ContentOfNumber(double value, bool bOfBand);
+NumberOrWord ContentOfCell(const MfxTableRow& row, std::size_t nCell);
 
 // A number with as many digits as a person compares, and all of those before the point. No exponent, but for
 // sizes that nothing in a casting has.
@@ -36,7 +39,7 @@ std::array<BandColumn, 5> BandColumns(const CMfxRule& rule);
 
 // One value of a rule and the place where it stands, for comparing rules value by value.
 struct RuleValue {
-    std::string constraint;  // name of the constraint; empty for the rule's own parameters
+    std::string constraint;  // the constraint's name, numbered if not the only one; empty for the rule's own
     std::string label;       // what the value is, in the user's language: "Minimum wall thickness", "angle 1"
     int nRow = 0;            // from 1 in lists and tables; 0 for what there is once
     std::string unit;        // symbol; empty for what is no number or has no unit
@@ -51,9 +54,18 @@ std::vector<RuleValue> ListRuleValues(const CMfxRule& rule);
 // Lengths and angles in the units asked for, masses in kilograms, whatever unit the rule keeps them in.
 RuleValue InUnits(RuleValue value, const UnitPair& from, const UnitPair& to);
 
-// The value at the same place in a list of values, or null. Searched from the number in the list where it is
-// likely to be.
-const RuleValue* FindPlace(const std::vector<RuleValue>& values, const RuleValue& place, std::size_t nLikely);
+// Finds the value of a list that stands at the same place as another one. Refers to the list.
+class PlaceIndex {
+  public:
+    explicit PlaceIndex(const std::vector<RuleValue>& values);
+    const RuleValue* Find(const RuleValue& place) const;  // null when there is none
+
+  private:
+    using Place = std::tuple<int, const std::string&, const std::string&>;
+    static Place PlaceOf(const RuleValue& value) { return {value.nRow, value.label, value.constraint}; }
+
+    std::map<Place, const RuleValue*> m_values;
+};
 
 // The value as it is shown, with its unit.
 std::string FormatRuleValue(const RuleValue& value, int nDigits = kShownDigits);

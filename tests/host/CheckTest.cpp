@@ -13,6 +13,8 @@ TEST_F(HostTest, ChecksRecordsAndValues) {
          "6: error: .* ends before it begins"},
         {row + "\n" + R"(<Value Attribute1="25.4" Attribute2="30" Attribute3="4" Attribute4="2"/>)",
          "6: hint: .* larger than for smaller sizes"},
+        {"<Value Attribute1=\"" + std::string(400, '9') + "\"/>",
+         "5: error: .* Attribute1: .* is not a number"},
         {"", "3: error: .* the table is empty"},
         {R"(<Value Attribute1="0" Attribute2="1,000.5" Attribute3="3" Attribute4="2"/>)",
          "5: error: .* Attribute2: \"1,000.5\" is not a number"},

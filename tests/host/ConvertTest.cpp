@@ -73,6 +73,8 @@ TEST_F(HostTest, LosesNothingSilently) {
         {"<Rule N", "stray<Rule N", "stray"},
         {" Attribute4=\"2\"", "", nullptr},  // too short: it would keep the old units
         {"<Operator>3", "<Operator>is", nullptr},
+        {"<Operator>3", "<Operator>1", nullptr},  // values in pairs or threes; others are not written
+        {"25.4", std::string(400, '9'), nullptr},
         {"<ParameterType>24", "<ParameterType>", nullptr},
     };
     for (const auto& [part, by, kept] : kCases) {
@@ -131,6 +133,18 @@ TEST_F(HostTest, NamesTheValuesThatLoseDigits) {
                 "d.xml:16: Variable Draft Angle: parameter 29183, row 12, to: 0.0004 mm became 0.000016 in"),
             EndsWith("row 9, to: 101 mm became 3.976378 in instead of 3.976377953 in\n"
                      "and 2 more, with smaller losses\n")));
+}
+
+TEST_F(HostTest, ConvertsNoNumberThatIsTooLargeInTheNewUnit) {
+    const std::string number = "1" + std::string(307, '0');
+    const std::string document =
+        Document("<Value Attribute1=\"0\" Attribute2=\"" + number + R"(" Attribute3="3" Attribute4="2"/>)");
+    m_folder.Write(L"d.xml", document);
+    Run({L"convert", L"d.xml", L"--length", L"um"}, 1, "",
+        "d.xml:5: parameter 29183, Attribute2: \"inf\" is not a number\nmfxhost: d.xml was not converted\n");
+    EXPECT_EQ(m_folder.Read(L"d.xml"), document);
+    Run({L"convert", L"d.xml", L"--length", L"m"}, 0, _, "");
+    EXPECT_THAT(m_folder.Read(L"d.xml"), Not(HasSubstr("inf")));
 }
 
 TEST_F(HostTest, NamesWhatTheModulePassesOverAndConvertsNothing) {

@@ -28,6 +28,21 @@ TEST_F(HostTest, ComparesDocumentsInTheUnitsOfTheFirst) {
         ContainsRegex("unit.: \"mm\",\n *.left.: .no limit.,\n *.right.: 203.0"), _);
 }
 
+TEST_F(HostTest, FindsNoDifferenceFromItself) {
+    const std::string all = m_folder.Read(Wide(MFX_SAMPLES "all-rules.xml"));
+    const std::pair<const char*, const char*> kCases[] = {
+        {"Gray Cast Iron", "Steel"}, {"Gray Cast Iron", ""}, {"<Value>16<", "<Value>1e308<"}};
+    for (const auto& [part, by] : kCases) {
+        m_folder.Write(L"d.xml", Replaced(all, part, by));
+        Run({L"diff", L"d.xml", L"d.xml"}, 0, "", "");
+    }
+    // Marks of bands are numbers like any other elsewhere.
+    m_folder.Write(L"d.xml",
+                   Replaced(Replaced(all, "<Value>4.76<", "<Value>-1<"), "\"1.5\"", "\"1000000000\""));
+    Run({L"diff", L"d.xml", Wide(MFX_SAMPLES "all-rules.xml")}, 1,
+        AllOf(HasSubstr(" -1 mm"), HasSubstr(" 1000000000 deg")), "");
+}
+
 TEST_F(HostTest, ComparesWithDefaults) {
     m_folder.Write(L"d.xml", m_sample);
     Run({L"diff", L"--defaults", L"d.xml"}, 0, "", "");
