@@ -70,7 +70,7 @@ void Register(const char* name, void (*function)(benchmark::State&, bool), bool 
     benchmark::RegisterBenchmark(name, function, bFindings)
         ->Unit(benchmark::kMillisecond)
         ->UseRealTime()
-        ->Repetitions(11)
+        ->Repetitions(7)
         ->ReportAggregatesOnly();
 }
 
