@@ -1,18 +1,14 @@
 #include "CheckCommand.h"
 
+#include "JsonOutput.h"
 #include "RecordCheck.h"
 #include "RuleCheck.h"
 #include "RuleDocument.h"
 #include "Text.h"
-#include "UnitNames.h"
-
-#include <nlohmann/json.hpp>
 
 #include <algorithm>
 
 namespace {
-
-using Json = nlohmann::ordered_json;
 
 std::vector<Finding> FindAll(const RuleDocument& document, Severity least) {
     std::vector<Finding> findings = CheckRecords(document);
@@ -30,7 +26,7 @@ void PrintReport(const FileReport& report) {
         PrintError("mfxhost: " + report.unreadable + "\n");
 }
 
-Json ToJson(const Finding& finding) {
+Json FindingToJson(const Finding& finding) {
     Json json{{"severity", SeverityName(finding.severity)}, {"line", finding.nLine}, {"rule", finding.rule}};
     json["ruleId"] = finding.nRuleId ? Json(finding.nRuleId) : Json(nullptr);
     json["parameter"] = finding.nParamId ? Json(finding.nParamId) : Json(nullptr);
@@ -44,11 +40,9 @@ Json ToJson(const FileReport& report) {
         json["unreadable"] = report.unreadable;
         return json;
     }
-    json["units"] = {{"length", LengthUnitSymbol(report.units.m_nLengthUnit)},
-                     {"angle", AngleUnitSymbol(report.units.m_nAngleUnit)}};
+    json["units"] = UnitsToJson(report.units);
     json["rulesChecked"] = report.nRules;
-    json["findings"] = Json::array();
-    for (const Finding& finding : report.findings) json["findings"].push_back(ToJson(finding));
+    json["findings"] = ToArray(report.findings, FindingToJson);
     return json;
 }
 
@@ -92,7 +86,7 @@ ExitCode CheckDocuments(const RuleModule& module, const CheckOptions& options) {
         bFound = bFound || !report.findings.empty() || report.nRules == 0;
         PrintProgress(i + 1, options.files.size(), "file");
     }
-    if (options.bJson) Print(json.dump(2, ' ', false, Json::error_handler_t::replace) + "\n");
+    if (options.bJson) PrintJson(json);
     if (bUnreadable) return ExitCode::UnreadableInput;
     return bFound ? ExitCode::Findings : ExitCode::Done;
 }

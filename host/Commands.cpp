@@ -4,6 +4,7 @@
 #include "File.h"
 #include "RecordCheck.h"
 #include "RuleDocument.h"
+#include "RuleJson.h"
 #include "RuleTable.h"
 #include "Text.h"
 #include "TextTable.h"
@@ -14,6 +15,12 @@ namespace {
 std::string Heading(const CString& strPath, const RuleDocument& document) {
     return ToUtf8(strPath) + ": " + Count(document.GetEntries().size(), "rule") + " in " +
            UnitWords(document.GetUnits()) + "\n";
+}
+
+void PrintTables(const CString& strPath, const RuleDocument& document) {
+    Print(Heading(strPath, document));
+    for (const RuleDocument::Entry& entry : document.GetEntries())
+        if (entry.pRule) Print("\n" + FormatRule(*entry.pRule));
 }
 
 std::string Joined(const CStringList& texts) {
@@ -67,11 +74,12 @@ ExitCode NewDocument(const RuleModule& module, const CString& strPath, bool bFor
     return ExitCode::Done;
 }
 
-ExitCode ShowDocument(const RuleModule& module, const CString& strPath) {
+ExitCode ShowDocument(const RuleModule& module, const CString& strPath, bool bJson) {
     const RuleDocument document(strPath, module);
-    Print(Heading(strPath, document));
-    for (const RuleDocument::Entry& entry : document.GetEntries())
-        if (entry.pRule) Print("\n" + FormatRule(*entry.pRule));
+    if (bJson)
+        PrintJson(DocumentToJson(ToUtf8(strPath), document));
+    else
+        PrintTables(strPath, document);
     return PrintUnread(document) ? ExitCode::Findings : ExitCode::Done;
 }
 

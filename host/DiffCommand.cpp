@@ -1,5 +1,6 @@
 #include "DiffCommand.h"
 
+#include "JsonOutput.h"
 #include "RecordCheck.h"
 #include "RuleDocument.h"
 #include "RuleValues.h"
@@ -7,16 +8,12 @@
 #include "TextTable.h"
 #include "UnitNames.h"
 
-#include <nlohmann/json.hpp>
-
 #include <algorithm>
 #include <map>
 #include <optional>
 #include <set>
 
 namespace {
-
-using Json = nlohmann::ordered_json;
 
 // A place where two documents differ: a value, or a whole constraint or rule. What one side does not have is
 // nothing.
@@ -143,34 +140,36 @@ void PrintTable(const std::vector<Difference>& differences, const std::string& l
     if (!differences.empty()) Print(table.Format(0));
 }
 
-Json TextOrNull(const std::string& text) {
-    return text.empty() ? Json(nullptr) : Json(text);
-}
-
 Json ToJson(const std::optional<RuleValue>& value) {
     if (!value) return nullptr;
     if (const double* pNumber = std::get_if<double>(&value->value)) return *pNumber;
-    return std::get<std::string>(value->value);
+    return FormatRuleValue(*value);
 }
 
-Json ToJson(const Difference& difference) {
-    const std::string unit = difference.left ? difference.left->unit : difference.right->unit;
+// A word has no unit, but the number beside it may.
+std::string UnitOf(const Difference& difference) {
+    const bool bLeft = difference.left && !difference.left->unit.empty();
+    return bLeft || !difference.right ? difference.left->unit : difference.right->unit;
+}
+
+Json DifferenceToJson(const Difference& difference) {
     Json json{{"rule", difference.rule}, {"ruleId", difference.nRuleId}};
     json["constraint"] = TextOrNull(difference.constraint);
     json["value"] = difference.label;
     json["row"] = difference.nRow ? Json(difference.nRow) : Json(nullptr);
-    json["unit"] = TextOrNull(unit);
+    json["unit"] = TextOrNull(UnitOf(difference));
     json["left"] = ToJson(difference.left);
     json["right"] = ToJson(difference.right);
     return json;
 }
 
-void PrintJson(const std::vector<Difference>& differences, const std::string& left,
-               const std::string& right) {
+void PrintDifferences(const std::vector<Difference>& differences, const std::string& left,
+                      const std::string& right) {
     constexpr int kJsonVersion = 1;
-    Json json{{"version", kJsonVersion}, {"left", left}, {"right", right}, {"differences", Json::array()}};
-    for (const Difference& difference : differences) json["differences"].push_back(ToJson(difference));
-    Print(json.dump(2, ' ', false, Json::error_handler_t::replace) + "\n");
+    PrintJson({{"version", kJsonVersion},
+               {"left", left},
+               {"right", right},
+               {"differences", ToArray(differences, DifferenceToJson)}});
 }
 
 }  // namespace
@@ -189,7 +188,7 @@ ExitCode DiffDocuments(const RuleModule& module, const DiffOptions& options) {
 
     const std::string leftName = pLeft ? ToUtf8(options.strLeft) : "default";
     if (options.bJson)
-        PrintJson(differences, leftName, ToUtf8(strRight));
+        PrintDifferences(differences, leftName, ToUtf8(strRight));
     else
         PrintTable(differences, leftName, ToUtf8(strRight));
     const bool bUnreadLeft = pLeft && PrintUnread(*pLeft);

@@ -87,9 +87,12 @@ int Run(int argc, const char* const* argv) {
     AddFile(*create, "FILE", path, "Rule document to write")->required();
     create->add_flag("--force", bForce, "Replace an existing file");
 
-    CLI::App* show = add("show", "Print the rules, parameters and constraints of a rule document",
-                         [&](const RuleModule& module) { return ShowDocument(module, FromUtf8(path)); });
+    bool bShowJson = false;
+    CLI::App* show =
+        add("show", "Print the rules, parameters and constraints of a rule document",
+            [&](const RuleModule& module) { return ShowDocument(module, FromUtf8(path), bShowJson); });
     AddFile(*show, "FILE", path, "Rule document to read")->required();
+    show->add_flag("--json", bShowJson, "Print them as JSON");
 
     std::vector<std::string> paths;
     CheckOptions checkOptions;

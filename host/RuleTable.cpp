@@ -1,40 +1,24 @@
 #include "RuleTable.h"
 
-#include "NumberText.h"
-#include "RuleParameters.h"
+#include "RuleValues.h"
 #include "Text.h"
 #include "TextTable.h"
-#include "UnitNames.h"
 #include "ValueText.h"
 
 #include <algorithm>
-#include <charconv>
-#include <cmath>
 
 namespace {
 
 using Align = TextTable::Align;
 
-// A limit, with the marks for "not given" and "no upper limit" in words.
-std::string FormatLimit(double value, ParameterQuantity quantity) {
-    if (quantity != ParameterQuantity::None && value < -kTolerance) return "-";
-    return IsNoUpperLimit(value) ? "no limit" : FormatNumber(value);
-}
-
 bool IsTable(const CMfxParamStorage& storage) {
     return storage.m_paramType == ParamTable && storage.GetType() == TypeTableRow;
 }
 
+// A number as the document writes it.
 std::string FormatCell(const CString& strCell) {
-    if (IsNumericText(strCell) && IsNoUpperLimit(ParseDouble(strCell))) return "no limit";
-    return strCell.IsEmpty() ? "-" : ToUtf8(strCell);
-}
-
-// Symbol of the unit in which the rule keeps its masses.
-std::string MassUnitLabel(const CMfxRule& rule) {
-    const CMfxParamStorage* pUnit = FindParameter(rule.m_paramArray, kMassUnitId);
-    const bool bHasLabel = pUnit && pUnit->GetType() == TypeText && !pUnit->GetValues<CString>().IsEmpty();
-    return MassUnitSymbol(bHasLabel ? ToUtf8(pUnit->GetValues<CString>()[0]) : "");
+    const NumberOrWord content = ContentOfCell(strCell);
+    return std::holds_alternative<double>(content) ? ToUtf8(strCell) : FormatNumberOrWord(content);
 }
 
 // Values of one parameter, separated by commas; table rows by their number, since they stand in a table of
@@ -59,14 +43,17 @@ std::string FormatValues(const CMfxParamStorage& storage, const CMfxRule& rule) 
     return unit.empty() ? text : text + " " + unit;
 }
 
-// The rows of a size-band table: two lengths, then angles.
+std::string Heading(const std::string& name, const std::string& unit) {
+    return unit.empty() ? name : name + " [" + unit + "]";
+}
+
 std::string FormatBands(const MfxArray<MfxTableRow>& rows, const CMfxRule& rule) {
-    const std::string length = " [" + LengthUnitSymbol(rule.m_nLengthUnit) + "]";
-    const std::string angle = " [" + AngleUnitSymbol(rule.m_nAngleUnit) + "]";
-    std::size_t nColumns = 5;
+    std::vector<std::string> header;
+    for (const BandColumn& column : BandColumns(rule)) header.push_back(Heading(column.name, column.unit));
+    std::size_t nColumns = header.size();
     for (const MfxTableRow& row : rows) nColumns = std::max(nColumns, row.cells.size());
     TextTable table(std::vector<Align>(nColumns, Align::Right));
-    table.Add({"from" + length, "to" + length, "angle 1" + angle, "angle 2" + angle, "angle 3" + angle});
+    table.Add(std::move(header));
     for (const MfxTableRow& row : rows) {
         std::vector<std::string> cells;
         for (const CString& strCell : row.cells) cells.push_back(FormatCell(strCell));
@@ -89,17 +76,18 @@ std::string FormatParameters(const CMfxRule& rule) {
 }
 
 // The numbers of a constraint as rows of cells: element i of each of its lists makes row i.
-std::vector<std::vector<std::string>> ConstraintRows(const CMFXConstraint& constraint) {
+std::vector<std::vector<std::string>> ConstraintRows(const CMFXConstraint& constraint, const CMfxRule& rule) {
     std::vector<std::vector<std::string>> rows(1);
     for (int nColumn = 0; nColumn < constraint.m_paramArray.GetCount(); ++nColumn) {
         const CMfxParamStorage& storage = *constraint.m_paramArray[nColumn].m_pStorage;
         const MfxArray<double>& values = storage.GetValues<double>();
+        const bool bHasUnit = !UnitOfParameter(storage, rule).empty();
         rows.resize(std::max(rows.size(), static_cast<std::size_t>(values.GetCount())));
         for (std::size_t i = 0; i < rows.size(); ++i) {
             const int nValue = static_cast<int>(i);
             rows[i].resize(static_cast<std::size_t>(nColumn), "-");
             rows[i].push_back(nValue < values.GetCount()
-                                  ? FormatLimit(values[nValue], QuantityOfParameter(storage.m_nParamId))
+                                  ? FormatNumberOrWord(ContentOfNumber(values[nValue], bHasUnit))
                                   : "-");
         }
     }
@@ -110,17 +98,16 @@ std::vector<std::vector<std::string>> ConstraintRows(const CMFXConstraint& const
 std::string FormatConstraints(const CMfxRule& rule) {
     if (rule.m_constraintArray.IsEmpty()) return {};
     std::vector<std::string> header{"constraint", "active"};
-    for (const MfxParamRecord& record : rule.m_constraintArray[0]->m_paramArray) {
-        const std::string unit = UnitOfParameter(*record.m_pStorage, rule);
-        header.push_back(ToUtf8(record.m_pStorage->m_strName) + (unit.empty() ? "" : " [" + unit + "]"));
-    }
+    for (const MfxParamRecord& record : rule.m_constraintArray[0]->m_paramArray)
+        header.push_back(
+            Heading(ToUtf8(record.m_pStorage->m_strName), UnitOfParameter(*record.m_pStorage, rule)));
     std::vector<Align> columns(header.size(), Align::Right);
     columns[0] = columns[1] = Align::Left;
     TextTable table(columns);
     table.Add(header);
     for (const CMFXConstraint* pConstraint : rule.m_constraintArray) {
         std::vector<std::string> cells{ToUtf8(pConstraint->m_strName), pConstraint->m_bActive ? "yes" : "no"};
-        for (const std::vector<std::string>& row : ConstraintRows(*pConstraint)) {
+        for (const std::vector<std::string>& row : ConstraintRows(*pConstraint, rule)) {
             cells.insert(cells.end(), row.begin(), row.end());
             table.Add(std::move(cells));
             cells = {"", ""};
@@ -135,34 +122,4 @@ std::string FormatRule(const CMfxRule& rule) {
     return ToUtf8(rule.m_strDisplayName) + " (rule " + std::to_string(rule.GetRuleId()) + ")\n  " +
            ToUtf8(rule.m_strSummary) + "\n  status " + std::to_string(rule.m_nStatus) + ", severity " +
            std::to_string(rule.m_nSeverity) + "\n" + FormatParameters(rule) + FormatConstraints(rule);
-}
-
-std::string FormatNumber(double value, int nDigits) {
-    const double magnitude = std::fabs(value);
-    const bool bFixed = magnitude >= 1e-9 && magnitude < 1e15;
-    const int nDecimals =
-        bFixed ? std::max(nDigits - 1 - static_cast<int>(std::floor(std::log10(magnitude))), 0) : 0;
-    char buffer[48];
-    char* pEnd =
-        bFixed
-            ? std::to_chars(std::begin(buffer), std::end(buffer), value, std::chars_format::fixed, nDecimals)
-                  .ptr
-            : std::to_chars(std::begin(buffer), std::end(buffer), value, std::chars_format::general, nDigits)
-                  .ptr;
-    std::string text(buffer, pEnd);
-    if (nDecimals > 0) text.erase(text.find_last_not_of('0') + 1);
-    if (text.ends_with('.')) text.pop_back();
-    return text;
-}
-
-std::string UnitOfParameter(const CMfxParamStorage& storage, const CMfxRule& rule) {
-    switch (QuantityOfParameter(storage.m_nParamId)) {
-        case ParameterQuantity::Length:
-            return LengthUnitSymbol(rule.m_nLengthUnit);
-        case ParameterQuantity::Mass:
-            return MassUnitLabel(rule);
-        case ParameterQuantity::None:
-            break;
-    }
-    return {};
 }

@@ -3,23 +3,24 @@
 #include "MFXUnitConvertor.h"
 #include "NumberText.h"
 #include "RuleParameters.h"
-#include "RuleTable.h"
 #include "Text.h"
 #include "UnitNames.h"
 #include "ValueText.h"
+#include "XmlNumber.h"
 
 #include <algorithm>
+#include <charconv>
 #include <cmath>
 
 namespace {
 
 constexpr double kHalfOfSixDecimals = 0.5e-6;
 
-// Bounds without a limit and values not given are words, so that no unit applies to them.
-std::variant<double, std::string> NumberOrWord(double value, bool bHasUnit) {
-    if (bHasUnit && value < -kTolerance) return "-";
-    if (IsNoUpperLimit(value)) return "no limit";
-    return value;
+// Symbol of the unit in which the rule keeps its masses.
+std::string MassUnitLabel(const CMfxRule& rule) {
+    const CMfxParamStorage* pUnit = FindParameter(rule.m_paramArray, kMassUnitId);
+    const bool bHasLabel = pUnit && pUnit->GetType() == TypeText && !pUnit->GetValues<CString>().IsEmpty();
+    return MassUnitSymbol(bHasLabel ? ToUtf8(pUnit->GetValues<CString>()[0]) : "");
 }
 
 class ValueLister {
@@ -40,9 +41,10 @@ class ValueLister {
     }
 
   private:
-    void Add(const std::string& label, int nRow, const std::string& unit,
-             std::variant<double, std::string> value, double storedWithin = 0.0) {
-        m_values.push_back({m_constraint, label, nRow, unit, std::move(value), storedWithin, m_place});
+    void Add(const std::string& label, int nRow, const std::string& unit, NumberOrWord value,
+             double storedWithin = 0.0) {
+        const std::string own = std::holds_alternative<double>(value) ? unit : "";
+        m_values.push_back({m_constraint, label, nRow, own, std::move(value), storedWithin, m_place});
     }
 
     void AddParameters(const MfxParamArray& params) {
@@ -83,23 +85,16 @@ class ValueLister {
         const std::string unit = UnitOfParameter(storage, m_rule);
         for (int i = 0; i < values.GetCount(); ++i)
             Add(label, values.GetCount() > 1 || !m_constraint.empty() ? i + 1 : 0, unit,
-                NumberOrWord(values[i], !unit.empty()));
+                ContentOfNumber(values[i], !unit.empty()));
     }
 
     void AddBands(const MfxArray<MfxTableRow>& rows) {
-        const char* kLabels[] = {"from", "to", "angle 1", "angle 2", "angle 3"};
+        const auto columns = BandColumns(m_rule);
         for (int i = 0; i < rows.GetCount(); ++i) {
             m_place.nRow = i + 1;
-            for (std::size_t nCell = 0; nCell < std::min(rows[i].cells.size(), std::size(kLabels)); ++nCell) {
-                const CString& strCell = rows[i].cells[nCell];
-                const std::string unit =
-                    nCell < 2 ? LengthUnitSymbol(m_rule.m_nLengthUnit) : AngleUnitSymbol(m_rule.m_nAngleUnit);
-                if (strCell.IsEmpty() || !IsNumericText(strCell))
-                    Add(kLabels[nCell], i + 1, "", strCell.IsEmpty() ? "-" : ToUtf8(strCell));
-                else
-                    Add(kLabels[nCell], i + 1, unit, NumberOrWord(ParseDouble(strCell), true),
-                        kHalfOfSixDecimals);
-            }
+            for (std::size_t nCell = 0; nCell < std::min(rows[i].cells.size(), columns.size()); ++nCell)
+                Add(columns[nCell].name, i + 1, columns[nCell].unit, ContentOfCell(rows[i].cells[nCell]),
+                    kHalfOfSixDecimals);
         }
         m_place.nRow = 0;
     }
@@ -117,6 +112,61 @@ class ValueLister {
 };
 
 }  // namespace
+
+NumberOrWord ContentOfNumber(double value, bool bHasUnit) {
+    if (!std::isfinite(value)) return FormatNumber(value);
+    if (bHasUnit && value < -kTolerance) return std::monostate();
+    if (IsNoUpperLimit(value)) return "no limit";
+    return value;
+}
+
+NumberOrWord ContentOfCell(const CString& strCell) {
+    if (strCell.IsEmpty()) return std::monostate();
+    if (!IsNumericText(strCell) || !IsReal(strCell)) return ToUtf8(strCell);
+    return ContentOfNumber(ParseDouble(strCell), true);
+}
+
+std::string FormatNumberOrWord(const NumberOrWord& content, int nDigits) {
+    if (const double* pNumber = std::get_if<double>(&content)) return FormatNumber(*pNumber, nDigits);
+    const std::string* pWord = std::get_if<std::string>(&content);
+    return pWord ? *pWord : "-";
+}
+
+std::string FormatNumber(double value, int nDigits) {
+    const double magnitude = std::fabs(value);
+    const bool bFixed = magnitude >= 1e-9 && magnitude < 1e15;
+    const int nDecimals =
+        bFixed ? std::max(nDigits - 1 - static_cast<int>(std::floor(std::log10(magnitude))), 0) : 0;
+    char buffer[48];
+    char* pEnd =
+        bFixed
+            ? std::to_chars(std::begin(buffer), std::end(buffer), value, std::chars_format::fixed, nDecimals)
+                  .ptr
+            : std::to_chars(std::begin(buffer), std::end(buffer), value, std::chars_format::general, nDigits)
+                  .ptr;
+    std::string text(buffer, pEnd);
+    if (nDecimals > 0) text.erase(text.find_last_not_of('0') + 1);
+    if (text.ends_with('.')) text.pop_back();
+    return text;
+}
+
+std::string UnitOfParameter(const CMfxParamStorage& storage, const CMfxRule& rule) {
+    switch (QuantityOfParameter(storage.m_nParamId)) {
+        case ParameterQuantity::Length:
+            return LengthUnitSymbol(rule.m_nLengthUnit);
+        case ParameterQuantity::Mass:
+            return MassUnitLabel(rule);
+        case ParameterQuantity::None:
+            break;
+    }
+    return {};
+}
+
+std::array<BandColumn, 5> BandColumns(const CMfxRule& rule) {
+    const std::string length = LengthUnitSymbol(rule.m_nLengthUnit);
+    const std::string angle = AngleUnitSymbol(rule.m_nAngleUnit);
+    return {{{"from", length}, {"to", length}, {"angle 1", angle}, {"angle 2", angle}, {"angle 3", angle}}};
+}
 
 std::vector<RuleValue> ListRuleValues(const CMfxRule& rule) {
     return ValueLister(rule).List();
@@ -153,9 +203,7 @@ const RuleValue* FindPlace(const std::vector<RuleValue>& values, const RuleValue
 }
 
 std::string FormatRuleValue(const RuleValue& value, int nDigits) {
-    if (const std::string* pText = std::get_if<std::string>(&value.value)) return *pText;
-    return FormatNumber(std::get<double>(value.value), nDigits) +
-           (value.unit.empty() ? "" : " " + value.unit);
+    return FormatNumberOrWord(value.value, nDigits) + (value.unit.empty() ? "" : " " + value.unit);
 }
 
 bool IsSameValue(const RuleValue& first, const RuleValue& second) {

@@ -2,20 +2,46 @@
 
 #include "MfxRule.h"
 #include "RuleDocument.h"
-#include "RuleTable.h"
 
+#include <array>
 #include <string>
 #include <variant>
 #include <vector>
+
+// What stands where a number may: nothing when it is not given, and a word where no unit applies: "no limit",
+// a name, or a text of the document that is no number.
+using NumberOrWord = std::variant<std::monostate, double, std::string>;
+
+// What a rule means by a stored number, or by a cell of a size-band table.
+NumberOrWord ContentOfNumber(double value, bool bHasUnit);
+NumberOrWord ContentOfCell(const CString& strCell);
+
+// A number with as many digits as a person compares, and all of those before the point. No exponent, but for
+// sizes that nothing in a casting has.
+inline constexpr int kShownDigits = 7;
+std::string FormatNumber(double value, int nDigits = kShownDigits);
+
+// "-" for what is not given.
+std::string FormatNumberOrWord(const NumberOrWord& content, int nDigits = kShownDigits);
+
+// Symbol of the unit of a parameter's numbers; empty for numbers without one.
+std::string UnitOfParameter(const CMfxParamStorage& storage, const CMfxRule& rule);
+
+struct BandColumn {
+    std::string name, unit;
+};
+
+// The columns of a size-band table: two lengths, then angles.
+std::array<BandColumn, 5> BandColumns(const CMfxRule& rule);
 
 // One value of a rule and the place where it stands, for comparing rules value by value.
 struct RuleValue {
     std::string constraint;  // name of the constraint; empty for the rule's own parameters
     std::string label;       // what the value is, in the user's language: "Minimum wall thickness", "angle 1"
     int nRow = 0;            // from 1 in lists and tables; 0 for what there is once
-    std::string unit;        // symbol; empty for a value without a unit
-    std::variant<double, std::string> value;  // a text where there is no number: names, flags, "no limit"
-    double storedWithin = 0.0;                // how far a number's text form may be from it, in its unit
+    std::string unit;        // symbol; empty for what is no number or has no unit
+    NumberOrWord value;
+    double storedWithin = 0.0;  // how far a number's text form may be from it, in its unit
     RecordPlace place = {};
 };
 

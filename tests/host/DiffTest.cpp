@@ -24,6 +24,8 @@ TEST_F(HostTest, ComparesDocumentsInTheUnitsOfTheFirst) {
           "to, row 4 +203 mm +no limit\n", "Wall Thickness Variation +rule +present +.none.\n"})
         EXPECT_THAT(run.out, ContainsRegex(line));
     EXPECT_EQ(run.nExitCode, 1);
+    Run({L"diff", L"c.xml", L"a.xml", L"--json"}, 1,
+        ContainsRegex("unit.: \"mm\",\n *.left.: .no limit.,\n *.right.: 203.0"), _);
 }
 
 TEST_F(HostTest, ComparesWithDefaults) {
