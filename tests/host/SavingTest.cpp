@@ -16,7 +16,7 @@ TEST_F(HostTest, LeavesAWholeDocumentWhenItIsKilled) {
     const std::wstring path = m_folder.Write(L"d.xml", old);
     const Arguments toInches{L"convert", L"d.xml", L"--length", L"in"};
     const auto start = Clock::now();
-    Run(toInches, 0, _, "");
+    Run(toInches, 0, _, _);
     const std::chrono::duration<double> duration = Clock::now() - start;
     const std::string converted = m_folder.Read(L"d.xml");
 
@@ -50,7 +50,7 @@ TEST_F(HostTest, LeavesAWholeDocumentWhenItIsKilled) {
     EXPECT_GT(nOld, 0);
     EXPECT_GT(nInSave, 0);
     m_folder.Write(L"d.xml", old);
-    Run(toInches, 0, _, "");
+    Run(toInches, 0, _, _);
     EXPECT_TRUE(m_folder.Read(L"d.xml") == converted);
     EXPECT_LE(m_folder.Names().size() - 1, nLeft);
 }
