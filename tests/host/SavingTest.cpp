@@ -35,7 +35,8 @@ TEST_F(HostTest, LeavesAWholeDocumentWhenItIsKilled) {
         const auto momentOfSave = upToOne(random) * std::chrono::milliseconds(4);
         RunProcess(ProgramFolder() + L"\\mfxhost.exe", toInches, m_folder.Path(), 0, [&] {
             if (i % 2 == 0) return std::this_thread::sleep_for(moment);
-            for (const auto end = Clock::now() + 2 * duration; Clock::now() < end && !isSaving();) continue;
+            for (const auto end = Clock::now() + std::chrono::seconds(30); Clock::now() < end && !isSaving();)
+                continue;
             nInSave += isSaving();
             for (const auto end = Clock::now() + momentOfSave; Clock::now() < end;) continue;
         });
