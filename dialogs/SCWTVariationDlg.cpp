@@ -67,6 +67,7 @@ bool CMFXSCWTVariationDlg::StoreVariation() {
     }
     MfxArray<double>& values = FindVariation()->GetValues<double>();
     if (values.IsEmpty()) values.Add(0.0);
-    values[0] = value;
+    // A value that is only shown with fewer digits than it has stays as it is.
+    if (strValue != FormatDouble(values[0])) values[0] = value;
     return true;
 }

@@ -41,7 +41,8 @@ double Convert(double value, std::span<const UnitSize> units, long nFromUnit, lo
     if (from.numerator == 0 || to.numerator == 0) return value;
     const double numerator = from.numerator * to.denominator, denominator = from.denominator * to.numerator;
     const double converted = value * numerator / denominator;
-    if (!std::isfinite(converted)) return value / denominator * numerator;  // the product alone may be too large
+    if (!std::isfinite(converted))
+        return value / denominator * numerator;  // the product alone may be too large
     return converted;
 }
 

@@ -46,9 +46,9 @@ class MFXKIT_API MfxXMLDocument {
     MfxXMLNode* CreateNode(const CString& strTag);
 
     // Replaces the content by the text of a file: UTF-8, or UTF-16 with a byte-order mark. On failure the
-    // document is empty. Elements may be nested kMaxDepth deep and have kMaxAttributes each: finding one takes
-    // time in proportion to their number. Refused is also what would not be saved as it was: entities and other
-    // declarations of a document type, references to characters that do not exist.
+    // document is empty. Elements may be nested kMaxDepth deep and have kMaxAttributes each: finding one
+    // takes time in proportion to their number. Refused is also what would not be saved as it was: entities
+    // and other declarations of a document type, references to characters that do not exist.
     MfxXmlParseResult Parse(std::string_view bytes);
     static constexpr int kMaxDepth = 256;
     static constexpr int kMaxAttributes = 256;

@@ -51,19 +51,22 @@ BEGIN_MESSAGE_MAP(PictureControl, CStatic)
 END_MESSAGE_MAP()
 
 void PictureControl::SetBitmap(HBITMAP hBitmap) {
+    if (hBitmap && hBitmap == m_bitmap.GetSafeHandle()) return;
     m_bitmap.DeleteObject();
     m_scaledSize = CSize(0, 0);
     if (hBitmap) m_bitmap.Attach(hBitmap);
     if (GetSafeHwnd()) Invalidate();
 }
 
-void PictureControl::ScaleTo(CSize size) {
-    if (size == m_scaledSize) return;
-    const HDC hScreen = ::GetDC(nullptr);
+// False when there is no memory for it.
+bool PictureControl::ScaleTo(CDC& dc, CSize size) {
+    if (size == m_scaledSize) return true;
     m_scaled.DeleteObject();
-    m_scaled.Attach(CreateBitmapOf(hScreen, ScalePixels(ReadPixels(hScreen, m_bitmap), size.cx, size.cy)));
-    ::ReleaseDC(nullptr, hScreen);
+    m_scaledSize = CSize(0, 0);
+    const HBITMAP hScaled = CreateBitmapOf(dc, ScalePixels(ReadPixels(dc, m_bitmap), size.cx, size.cy));
+    if (!hScaled || !m_scaled.Attach(hScaled)) return false;
     m_scaledSize = size;
+    return true;
 }
 
 void PictureControl::OnPaint() {
@@ -73,7 +76,7 @@ void PictureControl::OnPaint() {
     dc.FillSolidRect(&room, GetSysColor(COLOR_3DFACE));
     if (!m_bitmap.GetSafeHandle() || room.IsRectEmpty()) return;
     const CSize size = FitInto(SizeOf(m_bitmap), room.Size());
-    ScaleTo(size);
+    if (!ScaleTo(dc, size)) return;
     CDC memory;
     memory.CreateCompatibleDC(&dc);
     CBitmap* const pPrevious = memory.SelectObject(&m_scaled);

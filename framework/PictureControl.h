@@ -17,7 +17,7 @@ class MFXKIT_API PictureControl : public CStatic {
     DECLARE_MESSAGE_MAP()
 
   private:
-    void ScaleTo(CSize size);
+    bool ScaleTo(CDC& dc, CSize size);
 
     CBitmap m_bitmap;
     CBitmap m_scaled;  // as it was painted last

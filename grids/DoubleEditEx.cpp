@@ -14,7 +14,7 @@ void CDoubleEditEx::SetLastValidText(const CString& strText) {
     m_strLastValid = strText;
 }
 
-// A single-line box notifies of the texts set here too, which end the recursion by being valid or empty.
+// A single-line box notifies of the texts set here too; one that is set again as it is ends the recursion.
 void CDoubleEditEx::OnChange() {
     CString strText;
     GetWindowText(strText);
@@ -27,7 +27,7 @@ void CDoubleEditEx::OnChange() {
         m_strLastValid = strText;
     } else if (nValid == 0) {
         SetWindowText(L"");  // not the last valid text, on purpose: who starts with a letter starts over
-    } else {
+    } else if (strText != m_strLastValid) {
         SetWindowText(m_strLastValid);
         SetSel(m_strLastValid.GetLength(), m_strLastValid.GetLength());
     }

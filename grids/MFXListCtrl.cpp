@@ -34,6 +34,13 @@ bool CMFXListCtrl::GetEditorRect(int nRow, int nCol, CRect& rect) {
     return true;
 }
 
+// The focus goes back to the grid.
+void CMFXListCtrl::Hide(CWnd& editor) {
+    if (!editor.GetSafeHwnd()) return;
+    if (::GetFocus() == editor.m_hWnd) SetFocus();
+    editor.ShowWindow(SW_HIDE);
+}
+
 void CMFXListCtrl::Record(int nRow, int nCol, const CString& strText) {
     m_nEditRow = nRow;
     m_nEditCol = nCol;
@@ -44,6 +51,7 @@ void CMFXListCtrl::BeginCellEdit(int nRow, int nCol, int nTextLimit) {
     CRect rect;
     if (!GetEditorRect(nRow, nCol, rect)) return;
     const CString strText = GetItemText(nRow, nCol);
+    Hide(m_comboCell);
     if (!m_editCell.GetSafeHwnd()) {
         m_editCell.Create(WS_CHILD | WS_VISIBLE | WS_BORDER | WS_TABSTOP | ES_MULTILINE | ES_AUTOHSCROLL,
                           rect, this, kEditorId);
@@ -63,20 +71,23 @@ void CMFXListCtrl::BeginCellEdit(int nRow, int nCol, int nTextLimit) {
 BOOL CMFXListCtrl::EndCellEdit(CString& strText) {
     if (!IsCellEditActive()) return FALSE;
     m_editCell.GetWindowText(strText);
-    m_editCell.ShowWindow(SW_HIDE);
+    Hide(m_editCell);
     SetCellText(m_nEditRow, m_nEditCol, strText);
     return TRUE;
 }
 
 BOOL CMFXListCtrl::CancelCellEdit() {
     if (!IsCellEditActive()) return FALSE;
-    m_editCell.ShowWindow(SW_HIDE);
+    Hide(m_editCell);
+    m_editCell.SetWindowText(m_strEditStartText);
     return TRUE;
 }
 
 BOOL CMFXListCtrl::CancelComboEdit() {
     if (!m_comboCell.GetSafeHwnd()) return FALSE;
-    m_comboCell.ShowWindow(SW_HIDE);
+    const bool bChoosing = IsComboVisible();
+    Hide(m_comboCell);
+    if (bChoosing) ForgetEditedCell();  // the cell's text need not be among the choices
     return TRUE;
 }
 
@@ -88,6 +99,7 @@ void CMFXListCtrl::BeginComboEdit(int nRow, int nCol, int nTextLimit) {
     CRect rect;
     if (!GetEditorRect(nRow, nCol, rect)) return;
     const CString strText = GetItemText(nRow, nCol);
+    Hide(m_editCell);
     rect.bottom += ScaleForDpi(kDropDownHeight);
     if (!m_comboCell.GetSafeHwnd()) {
         m_comboCell.Create(WS_CHILD | WS_VISIBLE | WS_VSCROLL | WS_TABSTOP | CBS_DROPDOWNLIST, rect, this,
@@ -114,7 +126,7 @@ BOOL CMFXListCtrl::EndComboEdit(CString& strText, const CString& strDuplicateMes
     if (!m_comboCell.GetSafeHwnd()) return FALSE;
     CString strChosen;
     m_comboCell.GetWindowText(strChosen);
-    m_comboCell.ShowWindow(SW_HIDE);
+    Hide(m_comboCell);
     if (strChosen != strOld && IsValueInFirstColumn(strChosen)) {
         MessageBox(strChosen + L" " + strDuplicateMessage, kCaption);
         return FALSE;
@@ -133,6 +145,8 @@ void CMFXListCtrl::InsertRowText(int nRow, const CString& strText) {
 }
 
 void CMFXListCtrl::ForgetEditedCell() {
+    Hide(m_editCell);
+    Hide(m_comboCell);
     m_nEditRow = m_nEditCol = -1;
 }
 
@@ -229,10 +243,10 @@ CMFXListCtrl::Cell CMFXListCtrl::FindCell(CPoint point) {
     return SubItemHitTest(&hit) < 0 ? Cell{-1, -1} : Cell{hit.iItem, hit.iSubItem};
 }
 
-int CMFXListCtrl::GetSelectedRow() const {
-    return GetNextItem(-1, LVNI_SELECTED);
-}
-
 bool CMFXListCtrl::IsEditorVisible() const {
     return IsCellEditActive() && m_editCell.IsWindowVisible();
+}
+
+bool CMFXListCtrl::IsComboVisible() const {
+    return m_comboCell.GetSafeHwnd() && m_comboCell.IsWindowVisible();
 }

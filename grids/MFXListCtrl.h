@@ -17,7 +17,8 @@ class CMFXListCtrl : public CListCtrl {
     void BeginCellEdit(int nRow, int nCol, int nTextLimit);
     // Hides the text editor and writes its text into the cell; FALSE when there never was one.
     BOOL EndCellEdit(CString& strText);
-    // Hide an editor without writing; FALSE when there never was one.
+    // Hide an editor without writing, and take back what was typed or chosen in it, lest a later ending write
+    // it; FALSE when there never was one.
     BOOL CancelCellEdit();
     BOOL CancelComboEdit();
     // Whether a cell has been edited since the grid was made.
@@ -35,6 +36,7 @@ class CMFXListCtrl : public CListCtrl {
     // The cell edited last, -1 for none.
     int GetEditRow() const { return m_nEditRow; }
     int GetEditCol() const { return m_nEditCol; }
+    // Also hides the editors.
     void ForgetEditedCell();
 
     void SetComboItems(const std::vector<CString>& items);
@@ -67,8 +69,7 @@ class CMFXListCtrl : public CListCtrl {
     };
     Cell FindCell(CPoint point);  // at a point of the client area
     bool IsEditorVisible() const;
-    // The row that is selected, the first of several; -1 for none.
-    int GetSelectedRow() const;
+    bool IsComboVisible() const;
 
     int m_nFirstEditCol = 0;  // columns that the keyboard moves the editor to
     int m_nLastEditCol = 0;
@@ -82,5 +83,6 @@ class CMFXListCtrl : public CListCtrl {
   private:
     int ScaleForDpi(int nPixels) const;
     bool GetEditorRect(int nRow, int nCol, CRect& rect);
+    void Hide(CWnd& editor);
     void Record(int nRow, int nCol, const CString& strText);
 };

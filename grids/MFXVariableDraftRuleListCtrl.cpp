@@ -4,6 +4,8 @@
 #include "SandCastingRulesApp.h"
 #include "resource.h"
 
+#include <cwchar>
+
 namespace {
 
 constexpr int kBlankWidth = 12;
@@ -40,9 +42,7 @@ BOOL CMFXVariableDraftRuleListCtrl::IsNotDefaultText(const CString& strText) con
 }
 
 BOOL CMFXVariableDraftRuleListCtrl::IsNonNegativeText(const CString& strText) const {
-    double value = 0.0;
-    if (!strText.IsEmpty()) swscanf(strText, L"%lf", &value);
-    return !strText.IsEmpty() && value >= -kTolerance;
+    return !strText.IsEmpty() && std::wcstod(strText, nullptr) >= -kTolerance;
 }
 
 void CMFXVariableDraftRuleListCtrl::OnLButtonDown(UINT nFlags, CPoint point) {

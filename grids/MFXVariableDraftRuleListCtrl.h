@@ -14,7 +14,8 @@ class CMFXVariableDraftRuleListCtrl : public CMFXListCtrl {
 
     // Whether the text is another than the word for "default", in the user's language or in English.
     BOOL IsNotDefaultText(const CString& strText) const;
-    // Whether the text is a number that is not below zero by more than the tolerance.
+    // Whether the number that the text starts with, 0 for none, is not below zero by more than the tolerance;
+    // FALSE for the empty text.
     BOOL IsNonNegativeText(const CString& strText) const;
 
   protected:

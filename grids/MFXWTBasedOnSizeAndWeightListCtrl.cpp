@@ -15,6 +15,7 @@ BEGIN_MESSAGE_MAP(CMFXWTBasedOnSizeAndWeightListCtrl, CMFXListCtrl)
     ON_WM_LBUTTONDOWN()
     ON_WM_LBUTTONDBLCLK()
     ON_WM_KEYDOWN()
+    ON_WM_CHAR()
 END_MESSAGE_MAP()
 
 void CMFXWTBasedOnSizeAndWeightListCtrl::InitGroupColumns(const std::vector<CString>& headers) {
@@ -37,30 +38,30 @@ void CMFXWTBasedOnSizeAndWeightListCtrl::Notify(const CString& strText, GridNoti
     if (IGridParent* const pParent = FindGridParent()) pParent->OnGridNotify(strText, code);
 }
 
-void CMFXWTBasedOnSizeAndWeightListCtrl::NotifyOfSelection(int nRowBefore) {
-    const int nRow = GetSelectedRow();
-    if (!IsBandGrid() && nRow >= 0 && nRow != nRowBefore)
-        Notify(GetItemText(nRow, kGroupCol), GridGroupSelected);
+void CMFXWTBasedOnSizeAndWeightListCtrl::NotifyOfSelection(int nRow) {
+    if (!IsBandGrid() && nRow >= 0) Notify(GetItemText(nRow, kGroupCol), GridGroupSelected);
+}
+
+int CMFXWTBasedOnSizeAndWeightListCtrl::GetCurrentRow() const {
+    return GetNextItem(-1, LVNI_FOCUSED | LVNI_SELECTED);
+}
+
+void CMFXWTBasedOnSizeAndWeightListCtrl::NotifyOfKeySelection(int nRowBefore) {
+    if (GetCurrentRow() != nRowBefore) NotifyOfSelection(GetCurrentRow());
 }
 
 void CMFXWTBasedOnSizeAndWeightListCtrl::CommitCell(int nRow, int nCol) {
     CString strText;
-    const bool bEditing = IsEditorVisible();  // a hidden one only repeats what it wrote before
-    if (!EndCellEdit(strText)) return;
-    if (!IsNumericText(strText)) SetCellText(nRow, nCol, L"");
-    if (IsBandGrid() && bEditing) Notify(GetItemText(nRow, nCol), GridCellCommitted);
+    if (EndCellEdit(strText) && !IsNumericText(strText)) SetCellText(nRow, nCol, L"");
 }
 
-// The new name of a group, empty when the last edited cell was none or its name was not accepted.
-CString CMFXWTBasedOnSizeAndWeightListCtrl::CommitEditedCell() {
+// Once only: a name that was refused, or is known already, must not be told again by the next click.
+CString CMFXWTBasedOnSizeAndWeightListCtrl::CommitGroupName() {
     CString strName;
-    if (m_nEditCol == kGroupCol && EndComboEdit(strName, LoadLocalizedString(IDS_ALREADY_IN_TABLE)) &&
-        !IsBandGrid()) {
+    if (EndComboEdit(strName, LoadLocalizedString(IDS_ALREADY_IN_TABLE)))
         SetCellText(m_nEditRow, m_nEditCol, strName);
-        return strName;
-    }
-    CommitCell(m_nEditRow, m_nEditCol);
-    return CString();
+    ForgetEditedCell();
+    return strName;
 }
 
 bool CMFXWTBasedOnSizeAndWeightListCtrl::CanEdit(const Cell& cell) const {
@@ -68,40 +69,54 @@ bool CMFXWTBasedOnSizeAndWeightListCtrl::CanEdit(const Cell& cell) const {
     return (cell.nCol == 1 || cell.nCol == 2) && !GetItemText(cell.nRow, kGroupCol).IsEmpty();
 }
 
-// Keys commit without checks, as in every grid, but for Enter on a group's name.
+// Keys commit without checks, as in every grid, but for Enter on a group's name. Groups have no text editor
+// to move: the other keys are the drop-down list's.
 BOOL CMFXWTBasedOnSizeAndWeightListCtrl::HandleKeyDown(MSG* pMsg) {
     if (pMsg->message != WM_KEYDOWN) return FALSE;
-    if (pMsg->wParam == VK_RETURN && m_nEditCol == kGroupCol && !IsBandGrid()) {
-        const CString strName = CommitEditedCell();
-        if (!strName.IsEmpty()) Notify(strName, GridGroupNamed);
-        return TRUE;
-    }
     if (pMsg->wParam == VK_ESCAPE) {
         const BOOL bCell = CancelCellEdit(), bCombo = CancelComboEdit();
         return bCell || bCombo;
     }
+    if (IsBandGrid()) return HandleBandKey(pMsg);
+    if (pMsg->wParam == VK_RETURN && IsComboVisible()) {
+        const CString strName = CommitGroupName();
+        if (!strName.IsEmpty()) Notify(strName, GridGroupNamed);
+        return TRUE;
+    }
+    return pMsg->wParam == VK_DELETE && CMFXListCtrl::HandleKeyDown(pMsg);
+}
+
+BOOL CMFXWTBasedOnSizeAndWeightListCtrl::HandleBandKey(MSG* pMsg) {
     const Cell edited{m_nEditRow, m_nEditCol};
-    const bool bEditing = IsBandGrid() && IsEditorVisible();
+    const bool bEditing = IsEditorVisible();
     const BOOL bHandled = CMFXListCtrl::HandleKeyDown(pMsg);
     if (bHandled && bEditing && pMsg->wParam != VK_DELETE)
         Notify(GetItemText(edited.nRow, edited.nCol), GridCellCommitted);
     return bHandled;
 }
 
+// The dialog is told last, so that it finds the grid as the click leaves it.
 void CMFXWTBasedOnSizeAndWeightListCtrl::OnLButtonDown(UINT nFlags, CPoint point) {
     IGridParent* const pParent = FindGridParent();
     if (m_vecComboItems.empty() && pParent) pParent->SupplyMaterialGroups(*this);
-    const CString strNewGroup = CommitEditedCell();
+    const Cell edited{m_nEditRow, m_nEditCol};
+    const bool bCommits = IsBandGrid() && IsEditorVisible();  // a hidden editor only repeats what it wrote
+    CString strNewGroup;
+    if (!IsBandGrid() && m_nEditCol == kGroupCol)
+        strNewGroup = CommitGroupName();
+    else
+        CommitCell(m_nEditRow, m_nEditCol);
     const Cell cell = FindCell(point);
-    const int nRowBefore = GetSelectedRow();
-    if (CanEdit(cell))
+    const bool bEdits = CanEdit(cell);
+    if (bEdits)
         BeginCellEdit(cell.nRow, cell.nCol, kTextLimit);
     else
         CMFXListCtrl::OnLButtonDown(nFlags, point);
-    if (!strNewGroup.IsEmpty()) Notify(strNewGroup, GridGroupNamed);
     m_nLastHitRow = cell.nRow;
     m_nLastHitCol = cell.nCol;
-    NotifyOfSelection(nRowBefore);
+    if (!strNewGroup.IsEmpty()) Notify(strNewGroup, GridGroupNamed);
+    if (bCommits) Notify(GetItemText(edited.nRow, edited.nCol), GridCellCommitted);
+    if (!bEdits) NotifyOfSelection(cell.nRow);
 }
 
 // The name of the default group can't be changed.
@@ -115,7 +130,14 @@ void CMFXWTBasedOnSizeAndWeightListCtrl::OnLButtonDblClk(UINT nFlags, CPoint poi
 }
 
 void CMFXWTBasedOnSizeAndWeightListCtrl::OnKeyDown(UINT nChar, UINT nRepCnt, UINT nFlags) {
-    const int nRowBefore = GetSelectedRow();
+    const int nRowBefore = GetCurrentRow();
     CMFXListCtrl::OnKeyDown(nChar, nRepCnt, nFlags);
-    NotifyOfSelection(nRowBefore);
+    NotifyOfKeySelection(nRowBefore);
+}
+
+// Letters select the group that begins with them.
+void CMFXWTBasedOnSizeAndWeightListCtrl::OnChar(UINT nChar, UINT nRepCnt, UINT nFlags) {
+    const int nRowBefore = GetCurrentRow();
+    CMFXListCtrl::OnChar(nChar, nRepCnt, nFlags);
+    NotifyOfKeySelection(nRowBefore);
 }

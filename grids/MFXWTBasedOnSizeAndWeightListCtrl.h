@@ -23,14 +23,18 @@ class CMFXWTBasedOnSizeAndWeightListCtrl : public CMFXListCtrl {
     afx_msg void OnLButtonDown(UINT nFlags, CPoint point);
     afx_msg void OnLButtonDblClk(UINT nFlags, CPoint point);
     afx_msg void OnKeyDown(UINT nChar, UINT nRepCnt, UINT nFlags);
+    afx_msg void OnChar(UINT nChar, UINT nRepCnt, UINT nFlags);
     DECLARE_MESSAGE_MAP()
 
   private:
     bool IsBandGrid() const;
     bool CanEdit(const Cell& cell) const;
-    CString CommitEditedCell();
+    CString CommitGroupName();
+    BOOL HandleBandKey(MSG* pMsg);
     void Notify(const CString& strText, GridNotification code);
-    void NotifyOfSelection(int nRowBefore);
+    void NotifyOfSelection(int nRow);
+    void NotifyOfKeySelection(int nRowBefore);
+    int GetCurrentRow() const;
     IGridParent* FindGridParent() const;
 
     int m_nLastHitRow = -1;

@@ -10,6 +10,8 @@
 #include "TextTable.h"
 #include "UnitNames.h"
 
+#include <algorithm>
+
 namespace {
 
 std::string Heading(const CString& strPath, const RuleDocument& document) {
@@ -50,9 +52,16 @@ UnitPair TargetUnits(const UnitPair& own, const ConvertOptions& options) {
     return units;
 }
 
+// The other rules' dialogs are not there yet; their operation would do nothing, and say nothing.
+constexpr int kRulesWithDialog[] = {19030};
+
 const RuleDocument::Entry& FindRule(const RuleDocument& document, const ConfigureOptions& options) {
-    for (const RuleDocument::Entry& entry : document.GetEntries())
-        if (entry.pRule && entry.pRule->GetRuleId() == options.nRuleId) return entry;
+    for (const RuleDocument::Entry& entry : document.GetEntries()) {
+        if (!entry.pRule || entry.pRule->GetRuleId() != options.nRuleId) continue;
+        if (std::ranges::find(kRulesWithDialog, options.nRuleId) == std::end(kRulesWithDialog))
+            throw HostError(ExitCode::Usage, ToUtf8(entry.pRule->m_strDisplayName) + " has no dialog yet");
+        return entry;
+    }
     throw HostError(ExitCode::Usage, ToUtf8(options.strInput) + " has no rule " +
                                          std::to_string(options.nRuleId) + "; mfxhost show tells the ids");
 }
@@ -132,12 +141,17 @@ ExitCode ConfigureDocument(const RuleModule& module, const ConfigureOptions& opt
         return ExitCode::Findings;
     }
     CheckDisplay();
+    const std::string bytes = ReadFileBytes(options.strInput);
     const CString& strOutput = options.strOutput.IsEmpty() ? options.strInput : options.strOutput;
     const std::string rule = ToUtf8(entry.pRule->m_strDisplayName);
     if (!document.ConfigureRule(entry, module)) {
         Print(rule + " was not changed\n");
         return ExitCode::Done;
     }
+    if (ReadFileBytes(options.strInput) != bytes)
+        throw HostError(
+            ExitCode::Missing,
+            ToUtf8(options.strInput) + " was changed by another program meanwhile; nothing was saved");
     document.Save(strOutput);
     Print(ToUtf8(strOutput) + ": " + rule + " changed\n");
     return ExitCode::Done;

@@ -27,8 +27,7 @@ HINSTANCE AfxGetInstanceHandle() {
 
 CWnd* AfxGetMainWnd() {
     const CWinApp* const app = AfxGetApp();
-    CWnd* const pMain = app ? app->m_pMainWnd : nullptr;
-    return pMain && pMain->GetSafeHwnd() ? pMain : CWnd::GetActiveWindow();
+    return app ? app->m_pMainWnd : nullptr;
 }
 
 HINSTANCE AfxGetResourceHandle() {

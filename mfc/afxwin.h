@@ -22,7 +22,7 @@ MFX_MFC_API CWinApp* AfxGetApp();
 // Never null: without an application or a name it is the base name of the program's file.
 MFX_MFC_API LPCTSTR AfxGetAppName();
 MFX_MFC_API HINSTANCE AfxGetInstanceHandle();
-// The application's m_pMainWnd if it has a window, else the thread's active window or null.
+// The application's m_pMainWnd; null without one.
 MFX_MFC_API CWnd* AfxGetMainWnd();
 
 // Where strings, dialogs and bitmaps are loaded from. One handle for the whole process; it starts as the

@@ -5,8 +5,7 @@
 // Modal dialog. The template comes from AfxGetResourceHandle() at the time of DoModal.
 class MFX_MFC_API CDialog : public CWnd {
   public:
-    // Without a parent the application's main window is, or the active window where there is none. A name
-    // must stay valid.
+    // Without a parent the application's main window is, if it has one. A name must stay valid.
     explicit CDialog(LPCTSTR lpszTemplateName, CWnd* pParentWnd = NULL);
     explicit CDialog(UINT nIDTemplate, CWnd* pParentWnd = NULL);
 

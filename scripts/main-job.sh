@@ -9,7 +9,7 @@ mkdir -p "$out"
 mfxhost() {
   echo
   echo "$ mfxhost $*"
-  scripts/wine-run build/mingw/bin/mfxhost.exe "$@"
+  timeout 120 scripts/wine-run build/mingw/bin/mfxhost.exe "$@"
 }
 
 mfxhost list
@@ -19,6 +19,6 @@ mfxhost show "$out/all-rules-in-rad.xml"
 # The dialog of a rule: opened, photographed and cancelled.
 picture=$out/wall-thickness-variation.png
 scripts/wine-run build/mingw/bin/mfx_screenshot.exe "Wall Thickness Variation" "$picture" &
-mfxhost configure samples/all-rules.xml --rule 19030 --lang english
+mfxhost configure samples/all-rules.xml --rule 19030 -o "$out/all-rules-configured.xml" --lang english
 wait $!
 echo "The dialog looked like this: $picture"

@@ -12,6 +12,7 @@ constexpr int kRulesWithDialog[] = {19030};
 struct Texts {
     HWND hDialog;
     std::set<wchar_t> mnemonics;
+    int nLabels = 0;
 };
 
 CString TextOf(HWND hWindow) {
@@ -57,6 +58,10 @@ BOOL CALLBACK CheckControl(HWND hControl, LPARAM pTexts) {
     EXPECT_LE(room.cx + nFrame, client.right - client.left) << strText.GetString();
     EXPECT_LE(room.cy, client.bottom - client.top) << strText.GetString();
     EXPECT_TRUE(client.left >= 0 && client.right <= dialog.right && client.bottom <= dialog.bottom);
+    if (!bButton) {
+        ++texts.nLabels;
+        EXPECT_GE(strText.Find(L'&'), 0) << "no mnemonic: " << strText.GetString();
+    }
     CheckMnemonic(texts, strText);
     return TRUE;
 }
@@ -70,8 +75,9 @@ TEST_P(DialogTextsTest, HaveRoom) {
     CreateDirectoryW(L"screenshots", nullptr);
     for (const int nRuleId : kRulesWithDialog)
         Configure(Rule(nRuleId), [&](DialogUser& user) {
-            Texts texts{user.Window(), {}};
+            Texts texts{user.Window(), {}, 0};
             EnumChildWindows(user.Window(), CheckControl, reinterpret_cast<LPARAM>(&texts));
+            EXPECT_GT(texts.nLabels, 0);
             EXPECT_LE(RoomFor(user.Window(), TextOf(user.Window())).cx + 40, [&] {
                 RECT rect{};
                 GetClientRect(user.Window(), &rect);

@@ -104,6 +104,34 @@ TEST_F(SCWTVariationDlgTest, KeepsAUnitItDoesNotOfferAndFillsAnEmptyParameter) {
     EXPECT_EQ(Value(), 3.0);
 }
 
+TEST_F(SCWTVariationDlgTest, KeepsDigitsThatItDoesNotShow) {
+    Values()[0] = 12.3456789;
+    Configure(Rule(), [](DialogUser& user) {
+        EXPECT_STREQ(user.TextOf(IDC_VARIATION_VALUE), L"12.345679");
+        user.Press(VK_RETURN);
+    });
+    EXPECT_EQ(Value(), 12.3456789);
+    Values()[0] = -5.0;  // the box takes no sign, so it opens empty
+    Configure(Rule(), [](DialogUser& user) {
+        EXPECT_STREQ(user.TextOf(IDC_VARIATION_VALUE), L"");
+        user.Press(VK_ESCAPE);
+    });
+    EXPECT_EQ(Value(), -5.0);
+}
+
+TEST_F(SCWTVariationDlgTest, BelongsToTheMainWindowOfItsHost) {
+    const HWND hOther = CreateWindowW(L"STATIC", L"other", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 0, 0, 50, 50,
+                                      nullptr, nullptr, nullptr, nullptr);
+    CWnd main;
+    main.Attach(m_hHostWindow);
+    AfxGetApp()->m_pMainWnd = &main;
+    SetActiveWindow(hOther);
+    Configure(Rule(), [](DialogUser& user) { user.Press(VK_ESCAPE); });
+    AfxGetApp()->m_pMainWnd = nullptr;
+    main.Detach();
+    DestroyWindow(hOther);
+}
+
 TEST_F(SCWTVariationDlgTest, WithoutTheParameterOnlyCancelWorks) {
     DeleteParameters(Rule().m_paramArray);
     m_boxes.Expect(L"This rule can't be edited: its value or a part of the dialog is missing.",
@@ -128,12 +156,16 @@ TEST_F(SCWTVariationDlgTest, SaysThatTheHelpFileIsMissing) {
             MB_ICONEXCLAMATION);
         user.Press(VK_F1);
         m_boxes.Verify();
+        EXPECT_STREQ(m_boxes.m_strCaption, L"MfxKit");
         user.Press(VK_ESCAPE);
     });
 }
 
 TEST_F(SCWTVariationDlgTest, LeavesNothingBehind) {
-    const auto run = [this] { Configure(Rule(), [](DialogUser& user) { user.Press(VK_RETURN); }); };
+    const auto run = [this] {
+        for (const WORD wKey : {WORD{VK_RETURN}, WORD{VK_ESCAPE}})
+            Configure(Rule(), [wKey](DialogUser& user) { user.Press(wKey); });
+    };
     run();
     const GuiObjects before = CountGuiObjects();
     for (int i = 0; i < 5; ++i) run();

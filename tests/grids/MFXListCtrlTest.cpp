@@ -50,13 +50,22 @@ TEST_F(MFXListCtrlTest, EditsACellInPlace) {
     EXPECT_TRUE(m_grid.EndCellEdit(strText));
     EXPECT_STREQ(strText, L"45");
     EXPECT_STREQ(Cell(1, 2), L"45");
-    EXPECT_FALSE(IsVisible(10014));
+    EXPECT_TRUE(!IsVisible(10014) && CWnd::GetFocus() == &m_grid);
     EXPECT_TRUE(m_grid.IsCellEditActive()) << "from the first editing on";
 
     Edit(2, 3, L"9");
     EXPECT_TRUE(m_grid.CancelCellEdit());
-    EXPECT_STREQ(Cell(2, 3), L"203");
+    EXPECT_TRUE(m_grid.EndCellEdit(strText));
+    EXPECT_STREQ(Cell(2, 3), L"203") << "what was cancelled does not come back";
     m_grid.BeginCellEdit(0, 1, 10);
+    Editor().GetWindowRect(editor);
+    m_grid.ScreenToClient(editor);
+    m_grid.GetSubItemRect(0, 1, LVIR_LABEL, cell);
+    EXPECT_TRUE(editor.left == cell.left && editor.top == cell.top - 2) << "moved to the next cell";
+    Editor().SendMessage(EM_SETSEL, 3, 3);
+    Editor().SendMessage(WM_CHAR, L'x', 1);
+    Editor().GetWindowText(strText);
+    EXPECT_STREQ(strText, L"001") << "the filter goes back to the cell's text";
     EXPECT_EQ(Editor().SendMessage(EM_GETLIMITTEXT), 3) << "the first limit stays";
 }
 
@@ -123,6 +132,7 @@ TEST_F(MFXListCtrlTest, DeleteBlanksTheSelectedRows) {
     Edit(1, 1, L"7");
     for (const int nRow : {0, 1, 3}) m_grid.SetItemState(nRow, LVIS_SELECTED, LVIS_SELECTED);
     EXPECT_TRUE(Press(VK_DELETE));
+    EXPECT_FALSE(IsVisible(10014));
     CString strText;
     EXPECT_TRUE(m_grid.EndCellEdit(strText)) << "which no longer has a cell to write to";
     for (int nRow = 0; nRow < kRows; ++nRow)
@@ -172,6 +182,7 @@ TEST_F(MFXListCtrlTest, ChecksMinimumAgainstMaximum) {
         {L"5.0000005", L"5", 1, L"5.0000005", false},
         {L"5", L"4.9", 2, L"", true},
         {L"5", L"4.9", 1, L"", true},
+        {L"5", L"4.99999", 2, L"", true},
         {L"5", L"", 1, L"5", false},
         {L"", L"4", 2, L"4", false},
         {L"1.2.3", L"1.25", 1, L"1.2.3", false},

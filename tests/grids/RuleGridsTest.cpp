@@ -83,6 +83,7 @@ TEST_F(MaterialGridTest, ChoosingAMaterialBringsItsLimits) {
     Choose(2, 0);
     EXPECT_TRUE(Press(VK_ESCAPE));
     EXPECT_FALSE(IsVisible(10015));
+    Click(3, 0);
     EXPECT_STREQ(Row(2), L"Zinc||");
 }
 
@@ -152,8 +153,11 @@ TEST_F(DraftGridTest, HasItsColumnsAndOpensTheEditorOnEveryRow) {
     EXPECT_STREQ(Cell(7, 5), L"3.5");
     Click(0, 0);
     EXPECT_EQ(m_grid.GetSelectedCount(), 1u);
-    BOOL bHandled = FALSE;
-    MSG msg = KeyMessage(VK_RIGHT);
+    BOOL bHandled = TRUE;
+    MSG msg = KeyMessage(L'A');
+    m_grid.HandleKeyDown(&msg, &bHandled);
+    EXPECT_FALSE(bHandled);
+    msg = KeyMessage(VK_RIGHT);
     m_grid.HandleKeyDown(&msg, &bHandled);
     EXPECT_TRUE(bHandled && IsEditing(0, 2));
 }
@@ -186,9 +190,13 @@ TEST_F(SizeAndWeightGridTest, GroupListNamesAndSelectsGroups) {
     Photograph(L"groups-drop-down");
     Combo().SendMessage(CB_SETCURSEL, 2);
     m_dialog.TakeNotified();
+    EXPECT_FALSE(Press(VK_DOWN) || Press(VK_UP) || Press(VK_RIGHT)) << "keys of the drop-down list";
     Click(4, 0);
     EXPECT_STREQ(m_dialog.TakeNotified(), L"103:Zinc;100:400;");
     EXPECT_STREQ(Cell(3, 0), L"Zinc");
+    Click(4, 0);
+    EXPECT_STREQ(m_dialog.TakeNotified(), L"100:400;") << "the name is told once";
+    EXPECT_FALSE(Press(VK_RETURN)) << "nothing to commit: Enter is the dialog's";
     Click(2, 0, WM_LBUTTONDBLCLK);
     Combo().SendMessage(CB_SETCURSEL, 0);
     m_dialog.TakeNotified();
@@ -200,6 +208,12 @@ TEST_F(SizeAndWeightGridTest, GroupListNamesAndSelectsGroups) {
     m_dialog.TakeNotified();
     Click(2, 0);
     EXPECT_STREQ(m_dialog.TakeNotified(), L"100:Steel;") << "selected, but not named";
+    m_boxes.Verify();
+    Click(3, 0);
+    EXPECT_STREQ(m_dialog.TakeNotified(), L"100:Zinc;");
+    EXPECT_TRUE(m_grid.GetLastHitRow() == 3 && m_grid.GetLastHitCol() == 0);
+    m_grid.SendMessage(WM_CHAR, L'S');
+    EXPECT_STREQ(m_dialog.TakeNotified(), L"100:Steel;") << "found by its first letter";
     EXPECT_STREQ(Cell(2, 0), L"Steel");
 }
 
@@ -215,9 +229,11 @@ TEST_F(SizeAndWeightGridTest, BandGridTellsOfCommittedCells) {
     Editor().SetWindowText(L"2");
     EXPECT_TRUE(Press(VK_TAB) && IsEditing(3, 2));
     EXPECT_STREQ(m_dialog.TakeNotified(), L"101:2;");
+    Editor().SetWindowText(L"9");
     EXPECT_TRUE(Press(VK_ESCAPE));
     Click(0, 0);
     EXPECT_STREQ(m_dialog.TakeNotified(), L"") << "nothing new was committed, and bands are no groups";
+    EXPECT_STREQ(Cell(3, 2), L"302") << "what was cancelled does not come back";
     m_grid.SetCellText(1, 1, L"abc");
     Click(1, 1);
     Click(0, 0);
@@ -242,6 +258,7 @@ void Storm(const std::function<void(int, int, UINT)>& click, CMFXListCtrl& grid,
                 click(nRow, nCol, WM_LBUTTONDOWN);
                 break;
             case 1:
+                click(nRow, nCol, WM_LBUTTONDOWN);
                 click(nRow, nCol, WM_LBUTTONDBLCLK);
                 break;
             case 2:

@@ -20,7 +20,7 @@ class ConfigureTest : public HostTest {
             for (int i = 0; i < 500 && !(hDialog = FindWindowW(L"#32770", L"Wall Thickness Variation")); ++i)
                 Sleep(20);
             ASSERT_TRUE(hDialog);
-            while (!IsWindowVisible(hDialog)) Sleep(20);
+            for (int i = 0; i < 500 && !IsWindowVisible(hDialog); ++i) Sleep(20);
             act(hDialog);
         });
         Run(arguments, 0, out, "");
@@ -45,8 +45,8 @@ TEST_F(ConfigureTest, SavesWhatWasChangedAndNothingElse) {
     Configure({L"-o", L"out.xml"}, EnterSevenInches, "out.xml: Wall Thickness Variation changed\n");
     EXPECT_EQ(m_folder.Read(L"r.xml"), before);
     Configure({}, EnterSevenInches, "r.xml: Wall Thickness Variation changed\n");
-    const std::string after = Replaced(Replaced(before, "<Value>25</Value>", "<Value>7</Value>"), "at most 25.0",
-                                       "at most 7.0");
+    const std::string after =
+        Replaced(Replaced(before, "<Value>25</Value>", "<Value>7</Value>"), "at most 25.0", "at most 7.0");
     EXPECT_EQ(m_folder.Read(L"r.xml"), after) << "the document stays in its units";
     EXPECT_EQ(m_folder.Read(L"out.xml"), after);
     Run({L"show", L"r.xml", L"--lang", L"english"}, 0, HasSubstr("Allowed variation  yes     7\n"), "");
@@ -64,6 +64,8 @@ TEST_F(ConfigureTest, WritesNothingWhenNothingChanged) {
 TEST_F(ConfigureTest, RefusesWhatItCanNotEdit) {
     const Arguments variation{L"configure", L"r.xml", L"--rule", L"19030"};
     Run({L"configure", L"r.xml", L"--rule", L"7"}, 2, "", HasSubstr("r.xml has no rule 7; mfxhost show"));
+    Run({L"configure", L"r.xml", L"--rule", L"19010"}, 2, "",
+        HasSubstr("Uniform Wall Thickness has no dialog yet"));
     Run({L"configure", L"r.xml"}, 2, "", HasSubstr("--rule"));
     m_folder.Write(L"r.xml", Replaced(m_folder.Read(L"r.xml"), "<Value>25</Value>", "<Value>x</Value>"));
     Run(variation, 1, "", AllOf(HasSubstr("\"x\" is not a number"), HasSubstr("r.xml was not changed")));

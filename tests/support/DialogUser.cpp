@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <stdexcept>
 #include <vector>
 
 namespace {
@@ -27,7 +28,11 @@ INPUT KeyInput(WORD wKey, WORD wScan, DWORD dwFlags) {
     return input;
 }
 
+// Windows may refuse to bring a program to the front: then the input would go to somebody else's window.
 void Send(std::vector<INPUT> inputs) {
+    DWORD dwProcess = 0;
+    GetWindowThreadProcessId(GetForegroundWindow(), &dwProcess);
+    if (dwProcess != GetCurrentProcessId()) throw std::runtime_error("the dialog is not in front");
     const auto nInputs = static_cast<UINT>(inputs.size());
     EXPECT_EQ(SendInput(nInputs, inputs.data(), sizeof(INPUT)), nInputs);
 }
@@ -57,6 +62,11 @@ void CALLBACK DialogUser::OnTick(HWND, UINT, UINT_PTR, DWORD) {
 }
 
 void DialogUser::Tick() {
+    if (GetTickCount64() - m_nStart > kPatienceMs) {
+        ADD_FAILURE() << (m_hDialog ? "the dialog takes too long" : "no dialog came");
+        std::fflush(stdout);
+        TerminateProcess(GetCurrentProcess(), 1);
+    }
     if (!m_hDialog) Find();
     if (!m_hDialog) return;
     if (!m_bDone) {
@@ -64,11 +74,6 @@ void DialogUser::Tick() {
     } else if (IsOpen()) {
         ADD_FAILURE() << "the dialog is still open";
         PostMessageW(m_hDialog, WM_COMMAND, IDCANCEL, 0);
-    }
-    if (GetTickCount64() - m_nStart > kPatienceMs) {
-        ADD_FAILURE() << "the dialog takes too long";
-        std::fflush(stdout);
-        TerminateProcess(GetCurrentProcess(), 1);
     }
 }
 

@@ -2,6 +2,8 @@
 
 #include <windows.h>
 
+#include <gtest/gtest.h>
+
 #include <cstdint>
 
 namespace {
@@ -35,6 +37,8 @@ GuiObjects CountGuiObjects() {
     GuiObjects objects;
     EnumThreadWindows(GetCurrentThreadId(), CountWindow, reinterpret_cast<LPARAM>(&objects.nWindows));
     const DWORD nCounted = GetGuiResources(GetCurrentProcess(), GR_GDIOBJECTS);
+    // The stock objects are always there: none at all would mean that they can't be counted.
     objects.nDrawingObjects = nCounted ? static_cast<int>(nCounted) : CountTableOfDrawingObjects();
+    EXPECT_GT(objects.nDrawingObjects, 0);
     return objects;
 }

@@ -28,6 +28,7 @@ int wmain(int argc, wchar_t** argv) {
         std::fprintf(stderr, "mfx_screenshot: no such window\n");
         return 1;
     }
+    SetForegroundWindow(hWindow);
     Sleep(kSettleMs);
     const bool bSaved = SaveScreenshot(hWindow, argv[2]);
     PostMessageW(hWindow, WM_COMMAND, IDCANCEL, 0);
