@@ -43,6 +43,8 @@ TEST_F(HostTest, ChecksRecordsAndValues) {
              "<ResultCriteria><AbsoluteValue>\n<Info><Value>1</Value><Value>2</Value><Value>3</Value></Info>"
              "</AbsoluteValue></ResultCriteria>",
          "6: error: .* Info: only its first two values are read"},
+        {row + "</Parameter><Parameter Type=\"29183\" Status=\"1\">",
+         "5: error: .* it stands here again; only the first one is read\n"},
         {row, "5: warning: .* Value: the dialog would drop this row, because its cell 5 is missing\n"},
         {R"(<Value Attribute1="0" Attribute2="" Attribute3="3" Attribute4="2" Attribute5="1"/>)",
          "5: warning: .* because its cell 2 is empty\n"},
