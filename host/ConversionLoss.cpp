@@ -63,14 +63,12 @@ bool ConversionLoss::PrintTooLarge(const RuleDocument& converted) const {
 
 void ConversionLoss::Print(const RuleDocument& converted, bool bAll) const {
     constexpr std::size_t kMostLines = 10;
-    // As float: losses that differ by rounding alone are equal.
-    std::multimap<float, std::string, std::greater<>> losses;
+    std::multimap<double, std::string, std::greater<>> losses;
     ForEachValue(converted, [&](const auto& entry, const auto& before, const auto& exact, const auto& after) {
         if (const double loss = LossOf(exact, after); loss != 0.0)
-            losses.emplace(static_cast<float>(loss),
-                           converted.Place(converted.GetLine(entry, before.place)) +
-                               Escaped(PlaceOf(*entry.pRule, before) + Sentence(before, exact, after)) +
-                               "\n");
+            losses.emplace(loss, converted.Place(converted.GetLine(entry, before.place)) +
+                                     Escaped(PlaceOf(*entry.pRule, before) + Sentence(before, exact, after)) +
+                                     "\n");
     });
     std::size_t nLines = 0;
     for (const auto& [loss, line] : losses)
