@@ -56,7 +56,7 @@ void Read(benchmark::State& state, bool bFindings) {
 void Check(benchmark::State& state, bool bFindings) {
     const SampleFile file(bFindings);
     for (auto _ : state) {
-        const std::string text = FormatReport(CheckFile(file.m_strPath, Module(), Severity::Hint));
+        const std::string text = FormatReport(CheckFile(file.m_strPath, Module(), Severity::Error));
         if (text.empty() == bFindings) throw std::logic_error("other findings than expected: " + text);
     }
 }

@@ -73,6 +73,19 @@ bool IsTruncatedUtf16(std::string_view bytes) {
            bytes.size() % 2 != 0;
 }
 
+// "<?xml ... ?>" at the start of a text; empty when it has none.
+std::string_view DeclarationOf(std::string_view text) {
+    const std::size_t nEnd = text.find("?>");
+    return text.substr(0, text.starts_with("<?xml") && nEnd != text.npos ? nEnd + 2 : 0);
+}
+
+// The encoding that the text's declaration names; null when it names none.
+pugi::xml_attribute FindEncoding(const pugi::xml_document& document) {
+    const pugi::xml_node declaration = document.first_child();
+    if (declaration.type() != pugi::node_declaration) return {};
+    return declaration.attribute(L"encoding");
+}
+
 // Encodings that a declaration may name; pure ASCII is UTF-8 too.
 bool IsReadableEncoding(const CString& strEncoding) {
     return strEncoding.CompareNoCase(L"UTF-8") == 0 || strEncoding.CompareNoCase(L"UTF-16") == 0 ||
@@ -165,6 +178,13 @@ MfxXmlParseResult MfxXMLDocument::Parse(std::string_view bytes) {
     Clear();
     if (IsTruncatedUtf16(bytes)) return Fail(1, 1, L"the text ends in the middle of a UTF-16 character");
     m_source = ToPlainUtf8(bytes);
+    pugi::xml_document declaration;  // read first: without it bytes of other encodings look like bad UTF-8
+    const std::string_view text = DeclarationOf(m_source);
+    declaration.load_buffer(text.data(), text.size(), kParseOptions, pugi::encoding_utf8);
+    if (const pugi::xml_attribute encoding = FindEncoding(declaration);
+        encoding && !IsReadableEncoding(encoding.value()))
+        return Fail(
+            1, 1, L"the encoding \"" + CString(encoding.value()) + L"\" is not read, only UTF-8 and UTF-16");
     if (const int nLine = FindUndecodableLine(m_source))
         return Fail(nLine, 1, L"the text is not valid UTF-8");
     // pugixml takes a text up to its first NUL for the whole of it; the rest would be lost without a word.
@@ -174,12 +194,7 @@ MfxXmlParseResult MfxXMLDocument::Parse(std::string_view bytes) {
     const pugi::xml_parse_result parsed =
         m_pDocument->load_buffer(m_source.data(), m_source.size(), kParseOptions, pugi::encoding_utf8);
     if (!parsed) return Fail(parsed.offset, CString(parsed.description()));
-    const pugi::xml_node declaration = m_pDocument->first_child();
-    pugi::xml_attribute encoding = declaration.attribute(L"encoding");
-    if (encoding && declaration.type() == pugi::node_declaration) {
-        if (!IsReadableEncoding(encoding.value())) return Fail(1, 1, L"the encoding is not UTF-8 or UTF-16");
-        encoding.set_value(L"UTF-8");  // what ToUtf8 writes
-    }
+    FindEncoding(*m_pDocument).set_value(L"UTF-8");  // what ToUtf8 writes; of a null attribute nothing
     if (const pugi::xml_node type = m_pDocument->find_child([](const pugi::xml_node& node) {
             return node.type() == pugi::node_doctype && wcschr(node.value(), L'[');
         }))

@@ -146,6 +146,12 @@ std::size_t MfxXMLNode::GetAttributeCount() const {
     return static_cast<std::size_t>(std::distance(attributes.begin(), attributes.end()));
 }
 
+bool MfxXMLNode::HasComments() const {
+    return static_cast<bool>(pugi::xml_node(m_pElement).find_node([](const pugi::xml_node& node) {
+        return node.type() == pugi::node_comment || node.type() == pugi::node_pi;
+    }));
+}
+
 MfxXMLNode* MfxXMLNode::GetParentNode() const {
     const pugi::xml_node parent = pugi::xml_node(m_pElement).parent();
     if (parent.type() != pugi::node_element || IsDetachedHolder(parent)) return nullptr;

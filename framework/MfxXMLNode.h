@@ -4,6 +4,7 @@
 
 #include <afx.h>
 
+#include <compare>
 #include <optional>
 #include <vector>
 
@@ -71,11 +72,14 @@ class MFXKIT_API MfxXMLNode {
     std::vector<CString> GetAttributeNames() const;
     std::size_t GetAttributeCount() const;
 
+    // Whether a comment or a processing instruction stands in it, however deep.
+    bool HasComments() const;
+
     // The element that this one is attached to, or null.
     MfxXMLNode* GetParentNode() const;
 
-    // Whether both stand for the same element.
-    bool operator==(const MfxXMLNode&) const = default;
+    // Equal when both stand for the same element. The order has no meaning; it makes elements keys of maps.
+    auto operator<=>(const MfxXMLNode&) const = default;
 
   private:
     friend class MfxXMLDocument;

@@ -12,10 +12,9 @@ namespace {
 
 std::vector<Finding> FindAll(const RuleDocument& document, Severity least) {
     std::vector<Finding> findings = CheckRecords(document);
-    std::ranges::move(CheckRules(document), std::back_inserter(findings));
+    std::ranges::move(CheckRules(document, findings), std::back_inserter(findings));
     std::erase_if(findings, [least](const Finding& finding) { return finding.severity < least; });
-    std::stable_sort(findings.begin(), findings.end(),
-                     [](const Finding& first, const Finding& second) { return first.nLine < second.nLine; });
+    SortByLine(findings);
     return findings;
 }
 
@@ -23,7 +22,7 @@ void PrintReport(const FileReport& report) {
     if (report.unreadable.empty())
         Print(FormatReport(report));
     else
-        PrintError("mfxhost: " + report.unreadable + "\n");
+        PrintError("mfxhost: " + Escaped(report.unreadable) + "\n");
 }
 
 Json FindingToJson(const Finding& finding) {
@@ -67,7 +66,7 @@ std::string FormatReport(const FileReport& report) {
     std::string text;
     for (const Finding& finding : report.findings)
         text += report.file + ":" + std::to_string(finding.nLine) + ": " + SeverityName(finding.severity) +
-                ": " + (finding.rule.empty() ? "" : finding.rule + ": ") + FormatFinding(finding) + "\n";
+                ": " + FormatFinding(finding) + "\n";
     if (report.nRules == 0) text += report.file + ": there is no rule to check\n";
     return text;
 }

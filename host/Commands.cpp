@@ -103,7 +103,7 @@ ExitCode ShowDocument(const RuleModule& module, const CString& strPath, bool bJs
         PrintJson(DocumentToJson(ToUtf8(strPath), document));
     else
         PrintTables(strPath, document);
-    return PrintUnread(document) ? ExitCode::Findings : ExitCode::Done;
+    return PrintFindings(document, FindUnread(document)) ? ExitCode::Findings : ExitCode::Done;
 }
 
 ExitCode ConvertDocument(const RuleModule& module, const ConvertOptions& options) {
@@ -112,31 +112,32 @@ ExitCode ConvertDocument(const RuleModule& module, const ConvertOptions& options
     RuleDocument document(options.strInput, module);
     const UnitPair from = document.GetUnits();
     const UnitPair to = TargetUnits(from, options);
-    const auto isRefused = [&] {
-        const bool bUnread = PrintUnread(document);
-        if (bUnread) PrintError("mfxhost: " + ToUtf8(options.strInput) + " was not converted\n");
-        return bUnread;
+    const auto refuse = [&] {
+        PrintError("mfxhost: " + ToUtf8(options.strInput) + " was not converted\n");
+        return ExitCode::Findings;
     };
-    if (isRefused()) return ExitCode::Findings;
+    if (PrintFindings(document, FindUnread(document))) return refuse();
     if (from == to && options.strOutput.IsEmpty()) {
         Print(ToUtf8(options.strInput) + " is in " + UnitWords(to) + " already\n");
         return ExitCode::Done;
     }
     const ConversionLoss loss(document);
     document.ConvertUnits(to, module);
-    if (isRefused()) return ExitCode::Findings;  // a number that is too large in the new unit
+    if (loss.PrintTooLarge(document) || PrintFindings(document, FindUnread(document))) return refuse();
     const CString& strOutput = options.strOutput.IsEmpty() ? options.strInput : options.strOutput;
     document.Save(strOutput);
     Print(ToUtf8(strOutput) + ": " + Count(document.GetEntries().size(), "rule") + " converted from " +
           UnitWords(from) + " to " + UnitWords(to) + "\n");
-    loss.Print(document);
+    loss.Print(document, options.bAllLosses);
     return ExitCode::Done;
 }
 
 ExitCode ConfigureDocument(const RuleModule& module, const ConfigureOptions& options) {
     RuleDocument document(options.strInput, module);
     const RuleDocument::Entry& entry = FindRule(document, options);
-    if (PrintUnread(document, options.nRuleId)) {
+    std::vector<Finding> unread = FindUnread(document);
+    std::erase_if(unread, [&](const Finding& finding) { return finding.nRuleId != options.nRuleId; });
+    if (PrintFindings(document, unread)) {
         PrintError("mfxhost: " + ToUtf8(options.strInput) + " was not changed\n");
         return ExitCode::Findings;
     }

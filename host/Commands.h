@@ -23,6 +23,7 @@ struct ConvertOptions {
     CString strOutput;                      // empty: the input is replaced
     std::optional<std::string> lengthUnit;  // as typed; nothing: the document's own
     std::optional<std::string> angleUnit;
+    bool bAllLosses = false;  // names every value that loses digits
 };
 
 // Converts a rule document to other units. Refuses, with Findings, a document of which it does not understand

@@ -3,18 +3,25 @@
 #include "Finding.h"
 #include "Text.h"
 
-#include <algorithm>
+#include <cmath>
+#include <functional>
 #include <map>
 
 namespace {
 
-// "row 2, angle 1: 3 deg became 0.05236 rad instead of 0.05235987756 rad"
+constexpr int kDigits = 10;
+
+// "Variable Draft Angle: parameter 29183, row 2, angle 1: "
+std::string PlaceOf(const CMfxRule& rule, const RuleValue& value) {
+    return ToUtf8(rule.m_strDisplayName) + ": parameter " + std::to_string(value.place.nParamId) + ", " +
+           (value.constraint.empty() ? "" : value.constraint + ": ") +
+           (value.nRow ? "row " + std::to_string(value.nRow) + ", " : "") + value.label + ": ";
+}
+
+// "3 deg became 0.05236 rad instead of 0.05235987756 rad"
 std::string Sentence(const RuleValue& before, const RuleValue& exact, const RuleValue& after) {
-    constexpr int kDigits = 10;
     const bool bNumber = std::holds_alternative<double>(before.value);
-    return (before.constraint.empty() ? "" : before.constraint + ": ") +
-           (before.nRow ? "row " + std::to_string(before.nRow) + ", " : "") + before.label + ": " +
-           (bNumber ? FormatRuleValue(before, kDigits) : "an empty cell") + " became " +
+    return (bNumber ? FormatRuleValue(before, kDigits) : "an empty cell") + " became " +
            FormatRuleValue(after, kDigits) +
            (bNumber ? " instead of " + FormatRuleValue(exact, kDigits) : "");
 }
@@ -26,30 +33,46 @@ ConversionLoss::ConversionLoss(const RuleDocument& document) : m_units(document.
         m_values.push_back(entry.pRule ? ListRuleValues(*entry.pRule) : std::vector<RuleValue>());
 }
 
-void ConversionLoss::Print(const RuleDocument& converted) const {
-    constexpr std::size_t kMostLines = 10;
+template <class Visit>
+void ConversionLoss::ForEachValue(const RuleDocument& converted, Visit visit) const {
     const UnitPair units = converted.GetUnits();
-    std::multimap<double, std::string, std::greater<>> losses;
     for (std::size_t nEntry = 0; nEntry < m_values.size(); ++nEntry) {
         const RuleDocument::Entry& entry = converted.GetEntries()[nEntry];
         if (!entry.pRule) continue;
         const std::vector<RuleValue> values = ListRuleValues(*entry.pRule);
         const PlaceIndex index(values);
-        for (const RuleValue& before : m_values[nEntry]) {
-            const RuleValue* pAfter = index.Find(before);
-            if (!pAfter) continue;  // of an older form, which is written as today's
-            const RuleValue exact = InUnits(before, m_units, units), after = InUnits(*pAfter, units, units);
-            const double loss = LossOf(exact, after);
-            if (loss == 0.0) continue;
-            losses.emplace(loss, converted.Place(converted.GetLine(entry, before.place)) +
-                                     ToUtf8(entry.pRule->m_strDisplayName) + ": parameter " +
-                                     std::to_string(before.place.nParamId) + ", " +
-                                     Sentence(before, exact, after) + "\n");
-        }
+        for (const RuleValue& before : m_values[nEntry])
+            if (const RuleValue* pAfter = index.Find(before))  // older forms are written as today's
+                visit(entry, before, InUnits(before, m_units, units), InUnits(*pAfter, units, units));
     }
+}
+
+bool ConversionLoss::PrintTooLarge(const RuleDocument& converted) const {
+    bool bPrinted = false;
+    ForEachValue(converted, [&](const auto& entry, const auto& before, const auto& exact, const auto&) {
+        const double* pExact = std::get_if<double>(&exact.value);
+        if (!pExact || std::isfinite(*pExact)) return;
+        PrintError(converted.Place(converted.GetLine(entry, before.place)) +
+                   Escaped(PlaceOf(*entry.pRule, before) + FormatRuleValue(before, kDigits) +
+                           " is too large a number in " + exact.unit) +
+                   "\n");
+        bPrinted = true;
+    });
+    return bPrinted;
+}
+
+void ConversionLoss::Print(const RuleDocument& converted, bool bAll) const {
+    constexpr std::size_t kMostLines = 10;
+    std::multimap<double, std::string, std::greater<>> losses;
+    ForEachValue(converted, [&](const auto& entry, const auto& before, const auto& exact, const auto& after) {
+        if (const double loss = LossOf(exact, after); loss != 0.0)
+            losses.emplace(loss, converted.Place(converted.GetLine(entry, before.place)) +
+                                     Escaped(PlaceOf(*entry.pRule, before) + Sentence(before, exact, after)) +
+                                     "\n");
+    });
     std::size_t nLines = 0;
     for (const auto& [loss, line] : losses)
-        if (++nLines <= kMostLines) PrintError(line);
-    if (nLines > kMostLines)
+        if (++nLines <= kMostLines || bAll) PrintError(line);
+    if (nLines > kMostLines && !bAll)
         PrintError("and " + std::to_string(nLines - kMostLines) + " more, with smaller losses\n");
 }

@@ -12,11 +12,20 @@ class ConversionLoss {
     // Remembers the document's values before they are converted.
     explicit ConversionLoss(const RuleDocument& document);
 
+    // Prints to standard error the numbers that are too large in the converted document's units, a line each;
+    // false when there are none.
+    bool PrintTooLarge(const RuleDocument& converted) const;
+
     // Prints to standard error what the converted document does not say to nine digits: a line per value, the
-    // largest losses first and no more than ten lines.
-    void Print(const RuleDocument& converted) const;
+    // largest losses first, of equal ones in the document's order, and no more than ten lines unless bAll.
+    void Print(const RuleDocument& converted, bool bAll) const;
 
   private:
+    // Calls visit(entry, before, exact, after) for each value: what it was, and what it should be and is in
+    // the new units.
+    template <class Visit>
+    void ForEachValue(const RuleDocument& converted, Visit visit) const;
+
     UnitPair m_units;
     std::vector<std::vector<RuleValue>> m_values;  // by entry of the document
 };

@@ -31,7 +31,7 @@ struct Difference {
 // A rule's values in the units in which both sides are shown.
 struct RuleContent {
     std::string name;
-    int nRuleId = 0;
+    int nRuleId = 0;  // 0 of a record that the module does not know
     std::vector<RuleValue> values;
 };
 
@@ -41,11 +41,38 @@ RuleContent ContentOf(const CMfxRule& rule, const UnitPair& from, const UnitPair
     return content;
 }
 
-// The rules of a document that the module recognised.
+// The texts of a record that the module does not know, each at its path: "Parameter (2)/Value".
+void ListTexts(const MfxXMLNode& element, const std::string& path, std::vector<RuleValue>& values) {
+    const auto add = [&](const std::string& label, const CString& strText) {
+        if (!strText.IsEmpty()) values.push_back({"", label, 0, "", ToUtf8(strText)});
+    };
+    add(path, element.GetNodeValue().Trim());
+    const std::string prefix = path.empty() ? "" : path + "/";
+    CString strValue;
+    for (const CString& strName : element.GetAttributeNames())
+        if (element.GetAttributeValue(strName, strValue)) add(prefix + ToUtf8(strName), strValue);
+    std::map<std::string, int> counts;
+    for (auto child = element.FindChild(CString()); child; child = child->FindNext(CString())) {
+        const std::string tag = ToUtf8(child->GetNodeName());
+        const int nCount = ++counts[tag];
+        ListTexts(*child, prefix + tag + (nCount > 1 ? " (" + std::to_string(nCount) + ")" : ""), values);
+    }
+}
+
+RuleContent ContentOf(const MfxXMLNode& unknownRecord) {
+    RuleContent content;
+    ListTexts(unknownRecord, "", content.values);
+    const auto name = std::ranges::find(content.values, "Name", &RuleValue::label);
+    if (name != content.values.end()) content.name = FormatRuleValue(*name);
+    return content;
+}
+
+// The rules of a document, then the records that the module does not know.
 std::vector<RuleContent> ContentsOf(const RuleDocument& document, const UnitPair& to) {
     std::vector<RuleContent> contents;
     for (const RuleDocument::Entry& entry : document.GetEntries())
-        if (entry.pRule) contents.push_back(ContentOf(*entry.pRule, document.GetUnits(), to));
+        contents.push_back(entry.pRule ? ContentOf(*entry.pRule, document.GetUnits(), to)
+                                       : ContentOf(*entry.pRecord));
     return contents;
 }
 
@@ -101,10 +128,10 @@ void CompareRules(const RuleContent& left, const RuleContent& right, std::vector
 // one.
 std::vector<Difference> Compare(const std::vector<RuleContent>& left, const std::vector<RuleContent>& right) {
     const auto number = [](const std::vector<RuleContent>& contents) {
-        std::map<std::pair<int, int>, const RuleContent*> numbered;
-        std::map<int, int> counts;
+        std::map<std::tuple<int, std::string, int>, const RuleContent*> numbered;
+        std::map<std::pair<int, std::string>, int> counts;
         for (const RuleContent& content : contents)
-            numbered[{content.nRuleId, ++counts[content.nRuleId]}] = &content;
+            numbered[{content.nRuleId, content.name, ++counts[{content.nRuleId, content.name}]}] = &content;
         return numbered;
     };
     const auto lefts = number(left), rights = number(right);
@@ -114,11 +141,13 @@ std::vector<Difference> Compare(const std::vector<RuleContent>& left, const std:
         if (found != rights.end())
             CompareRules(*pContent, *found->second, differences);
         else
-            differences.push_back({pContent->name, key.first, "", "rule", 0, Whole("present"), std::nullopt});
+            differences.push_back(
+                {pContent->name, pContent->nRuleId, "", "rule", 0, Whole("present"), std::nullopt});
     }
     for (const auto& [key, pContent] : rights)
         if (lefts.count(key) == 0)
-            differences.push_back({pContent->name, key.first, "", "rule", 0, std::nullopt, Whole("present")});
+            differences.push_back(
+                {pContent->name, pContent->nRuleId, "", "rule", 0, std::nullopt, Whole("present")});
     return differences;
 }
 
@@ -152,7 +181,8 @@ std::string UnitOf(const Difference& difference) {
 }
 
 Json DifferenceToJson(const Difference& difference) {
-    Json json{{"rule", difference.rule}, {"ruleId", difference.nRuleId}};
+    Json json{{"rule", difference.rule},
+              {"ruleId", difference.nRuleId ? Json(difference.nRuleId) : Json(nullptr)}};
     json["constraint"] = TextOrNull(difference.constraint);
     json["value"] = difference.label;
     json["row"] = difference.nRow ? Json(difference.nRow) : Json(nullptr);
@@ -169,6 +199,16 @@ void PrintDifferences(const std::vector<Difference>& differences, const std::str
                {"left", left},
                {"right", right},
                {"differences", ToArray(differences, DifferenceToJson)}});
+}
+
+// Names what one side does not read, and returns it without its lines.
+std::vector<std::string> PrintUnread(const RuleDocument* pDocument) {
+    std::vector<std::string> texts;
+    if (!pDocument) return texts;
+    const std::vector<Finding> findings = FindUnread(*pDocument);
+    PrintFindings(*pDocument, findings);
+    std::ranges::transform(findings, std::back_inserter(texts), FormatFinding);
+    return texts;
 }
 
 }  // namespace
@@ -190,7 +230,6 @@ ExitCode DiffDocuments(const RuleModule& module, const DiffOptions& options) {
         PrintDifferences(differences, leftName, ToUtf8(strRight));
     else
         PrintTable(differences, leftName, ToUtf8(strRight));
-    const bool bUnreadLeft = pLeft && PrintUnread(*pLeft);
-    const bool bUnread = PrintUnread(right) || bUnreadLeft;
-    return bUnread || !differences.empty() ? ExitCode::Findings : ExitCode::Done;
+    const bool bUnreadDiffers = PrintUnread(pLeft.get()) != PrintUnread(&right);
+    return bUnreadDiffers || !differences.empty() ? ExitCode::Findings : ExitCode::Done;
 }

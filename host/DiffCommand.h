@@ -13,5 +13,5 @@ struct DiffOptions {
 };
 
 // Prints where two rule documents differ, value by value in the units of the left one. Findings when they
-// differ, or when one of them has something that the module passes over.
+// differ; what the module passes over is compared as text, and named for each of them.
 ExitCode DiffDocuments(const RuleModule& module, const DiffOptions& options);

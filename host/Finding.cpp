@@ -1,7 +1,18 @@
 #include "Finding.h"
 
+#include "Text.h"
+
+#include <algorithm>
+
 std::string FormatFinding(const Finding& finding) {
-    return (finding.nParamId ? "parameter " + std::to_string(finding.nParamId) + ", " : "") + finding.text;
+    std::string text = finding.rule.empty() ? "" : Shortened(FromUtf8(finding.rule)) + ": ";
+    if (finding.nParamId) text += "parameter " + std::to_string(finding.nParamId);
+    if (!finding.parameter.empty()) text += " (" + finding.parameter + ")";
+    return Escaped(text + (finding.nParamId ? ", " : "") + finding.text);
+}
+
+void SortByLine(std::vector<Finding>& findings) {
+    std::ranges::stable_sort(findings, {}, &Finding::nLine);
 }
 
 std::string SeverityName(Severity severity) {

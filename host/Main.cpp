@@ -15,7 +15,6 @@
 #include <CLI/CLI.hpp>
 
 #include <functional>
-#include <map>
 #include <vector>
 
 namespace {
@@ -35,7 +34,8 @@ std::string Joined(const std::vector<std::string>& words) {
 }
 
 // A file name; an empty one is a slip of whoever wrote the command line, not the absence of the option.
-CLI::Option* AddFile(CLI::App& cli, const char* name, std::string& path, const char* description) {
+template <class Path>
+CLI::Option* AddFile(CLI::App& cli, const char* name, Path& path, const char* description) {
     const auto isNotEmpty = [](const std::string& text) {
         return text.empty() ? "the file name is empty" : "";
     };
@@ -96,20 +96,21 @@ int Run(int argc, const char* const* argv) {
     show->add_flag("--json", bShowJson, "Print them as JSON");
 
     std::vector<std::string> paths;
+    std::string severity;
     CheckOptions checkOptions;
     CLI::App* check =
         add("check", "Report what is wrong or unusual in rule documents", [&](const RuleModule& module) {
+            for (const Severity candidate : {Severity::Warning, Severity::Error})
+                if (CLI::detail::to_lower(severity) == SeverityName(candidate))
+                    checkOptions.severity = candidate;
             for (const std::string& file : paths) checkOptions.files.push_back(FromUtf8(file));
             return CheckDocuments(module, checkOptions);
         });
-    check->add_option("FILE", paths, "Rule documents to check")->required()->type_name("");
-    const std::map<std::string, Severity> severities{
-        {"hint", Severity::Hint}, {"warning", Severity::Warning}, {"error", Severity::Error}};
-    check
-        ->add_option("--severity", checkOptions.severity,
-                     "The least that is reported: hint, warning or error")
+    AddFile(*check, "FILE", paths, "Rule documents to check")->required();
+    check->add_option("--severity", severity, "The least that is reported: hint, warning or error")
         ->type_name("SEVERITY")
-        ->transform(CLI::CheckedTransformer(severities, CLI::ignore_case).description(""));
+        ->check(CLI::IsMember(std::vector<std::string>{"hint", "warning", "error"}, CLI::ignore_case)
+                    .description(""));
     check->add_flag("--json", checkOptions.bJson, "Print the findings as JSON");
 
     DiffOptions diffOptions;
@@ -143,6 +144,8 @@ int Run(int argc, const char* const* argv) {
         ->type_name("UNIT");
     convert->add_option("--angle", options.angleUnit, "New angle unit: " + AngleUnitSymbols())
         ->type_name("UNIT");
+    convert->add_flag("--losses", options.bAllLosses,
+                      "Name every value that loses digits, not only the ten with the largest losses");
     AddFile(*convert, "-o,--output", output, "File to write instead of FILE; replaces an existing one")
         ->type_name("FILE");
 
@@ -193,7 +196,7 @@ int wmain(int argc, wchar_t** argv) {
         if (!FlushOutput()) throw HostError(ExitCode::Missing, "standard output can't be written");
         return nExitCode;
     } catch (const HostError& error) {
-        PrintError(std::string("mfxhost: ") + error.what() + "\n");
+        PrintError("mfxhost: " + Escaped(error.what()) + "\n");
         return static_cast<int>(error.Code());
     } catch (const std::exception& error) {
         PrintError(std::string("mfxhost: unexpected failure: ") + error.what() + "\n");

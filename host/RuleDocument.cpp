@@ -37,6 +37,14 @@ class WritingScope {
     const RuleModule& m_module;
 };
 
+// The constraints of a rule have the same parameters.
+std::string ParameterName(const CMfxRule& rule, long nParamId) {
+    const CMfxParamStorage* pStorage = FindParameter(rule.m_paramArray, nParamId);
+    if (!pStorage && !rule.m_constraintArray.IsEmpty())
+        pStorage = rule.m_constraintArray[0]->FindParameterInArray(nParamId);
+    return pStorage ? ToUtf8(pStorage->m_strName) : "";
+}
+
 // Goes down to a child element if it is there.
 void Enter(MfxXMLNode& element, const CString& strTag, int nIndex) {
     auto child = element.FindChild(strTag);
@@ -62,9 +70,8 @@ RuleDocument::RuleDocument(const CString& strPath, const RuleModule& module) : m
                                  "can't be read as XML: " + ToUtf8(parsed.strReason));
     const std::unique_ptr<MfxXMLNode> pRoot(m_pXml->GetRootNode());
     if (pRoot->GetNodeName() != kRootTag)
-        Refuse(m_pXml->GetLine(*pRoot), "not a rule document: the outermost element is \"" +
-                                            ToUtf8(pRoot->GetNodeName()) + "\", not \"" + ToUtf8(kRootTag) +
-                                            "\"");
+        Refuse(m_pXml->GetLine(*pRoot), "not a rule document: the outermost element is " +
+                                            Quoted(pRoot->GetNodeName()) + ", not " + Quoted(kRootTag));
     ReadUnits(*pRoot);
     ReadRules(*pRoot, module);
 }
@@ -88,6 +95,22 @@ int RuleDocument::GetLine(const Entry& entry, const RecordPlace& place) const {
     return GetLine(element);
 }
 
+Finding RuleDocument::StartFinding(Severity severity, const Entry* pEntry, const RecordPlace& place) const {
+    Finding finding;
+    finding.severity = severity;
+    finding.nConstraint = place.nConstraint;
+    finding.nParamId = place.nParamId;
+    if (!pEntry) return finding;
+    finding.nEntry = static_cast<int>(pEntry - m_entries.data());
+    CString strName;
+    pEntry->pRecord->GetAttributeValue(L"Name", strName);
+    finding.rule = ToUtf8(pEntry->pRule ? pEntry->pRule->m_strDisplayName : strName);
+    if (!pEntry->pRule) return finding;
+    finding.nRuleId = pEntry->pRule->GetRuleId();
+    finding.parameter = ParameterName(*pEntry->pRule, place.nParamId);
+    return finding;
+}
+
 // A missing attribute means what a fresh document has. One digit and nothing else: rules read no more of it.
 void RuleDocument::ReadUnits(const MfxXMLNode& root) {
     const auto read = [&](const CString& strName, int nDefault, auto isKnown, const std::string& known) {
@@ -95,7 +118,7 @@ void RuleDocument::ReadUnits(const MfxXMLNode& root) {
         if (!root.GetAttributeValue(strName, strValue)) return nDefault;
         const int nValue = strValue.GetLength() == 1 ? strValue[0] - L'0' : -1;
         if (nValue < 0 || nValue > 9 || !isKnown(nValue))
-            Refuse(m_pXml->GetLine(root), ToUtf8(strName) + "=\"" + ToUtf8(strValue) + "\" is not " + known);
+            Refuse(m_pXml->GetLine(root), ToUtf8(strName) + "=" + Quoted(strValue) + " is not " + known);
         return nValue;
     };
     read(
@@ -116,9 +139,14 @@ void RuleDocument::ReadRules(const MfxXMLNode& root, const RuleModule& module) {
         entry.pRecord = std::make_unique<MfxXMLNode>(*(*pRecords)[i]);
         entry.nLine = m_pXml->GetLine(*entry.pRecord);
         entry.pRule = MakeRule(*entry.pRecord, module);
-        m_entries.push_back(std::move(entry));
+        Add(std::move(entry));
         PrintProgress(m_entries.size(), static_cast<std::size_t>(pRecords->GetSize()), "rule");
     }
+}
+
+void RuleDocument::Add(Entry entry) {
+    m_entryOfRecord.emplace(*entry.pRecord, m_entries.size());
+    m_entries.push_back(std::move(entry));
 }
 
 RulePtr RuleDocument::MakeRule(MfxXMLNode& record, const RuleModule& module) const {
@@ -142,8 +170,8 @@ std::vector<MfxXMLNode> RuleDocument::FindNestedRules() const {
 const RuleDocument::Entry* RuleDocument::FindEntry(const MfxXMLNode& element) const {
     for (auto pAncestor = std::make_unique<MfxXMLNode>(element); pAncestor;
          pAncestor.reset(pAncestor->GetParentNode()))
-        for (const Entry& entry : m_entries)
-            if (*entry.pRecord == *pAncestor) return &entry;
+        if (const auto found = m_entryOfRecord.find(*pAncestor); found != m_entryOfRecord.end())
+            return &m_entries[found->second];
     return nullptr;
 }
 
@@ -154,7 +182,7 @@ void RuleDocument::Append(RulePtr pRule, const RuleModule& module) {
     entry.pRecord = WriteRecord(*pRule);
     entry.pRule = std::move(pRule);
     pRoot->AppendNode(entry.pRecord.get());
-    m_entries.push_back(std::move(entry));
+    Add(std::move(entry));
 }
 
 void RuleDocument::ConvertUnits(const UnitPair& units, const RuleModule& module) {

@@ -1,9 +1,11 @@
 #pragma once
 
+#include "Finding.h"
 #include "MfxTypes.h"
 #include "MfxXMLDocument.h"
 #include "RuleModule.h"
 
+#include <map>
 #include <memory>
 #include <string>
 #include <vector>
@@ -60,6 +62,10 @@ class RuleDocument {
     // Line of the element that stands there, or of the nearest one around it.
     int GetLine(const Entry& entry, const RecordPlace& place) const;
 
+    // A finding about an entry, or about none, that has to get its line and its text.
+    Finding StartFinding(Severity severity, const Entry* pEntry, const RecordPlace& place) const;
+
+    MfxXMLNode GetRoot() const { return *std::unique_ptr<MfxXMLNode>(m_pXml->GetRootNode()); }
     std::vector<MfxXmlFlaw> FindFlaws() const { return m_pXml->FindFlaws(); }
 
     // "Rule" elements that stand deeper than the rules of the document, where nothing reads them.
@@ -75,10 +81,12 @@ class RuleDocument {
     [[noreturn]] void Refuse(int nLine, const std::string& reason) const;
     void ReadUnits(const MfxXMLNode& root);
     void ReadRules(const MfxXMLNode& root, const RuleModule& module);
+    void Add(Entry entry);
     RulePtr MakeRule(MfxXMLNode& record, const RuleModule& module) const;
 
     CString m_strPath;
     std::unique_ptr<MfxXMLDocument> m_pXml = std::make_unique<MfxXMLDocument>();
     UnitPair m_units;
     std::vector<Entry> m_entries;
+    std::map<MfxXMLNode, std::size_t> m_entryOfRecord;
 };

@@ -17,13 +17,6 @@ namespace {
 
 constexpr double kHalfOfSixDecimals = 0.5e-6;
 
-// Symbol of the unit in which the rule keeps its masses.
-std::string MassUnitLabel(const CMfxRule& rule) {
-    const CMfxParamStorage* pUnit = FindParameter(rule.m_paramArray, kMassUnitId);
-    const bool bHasLabel = pUnit && pUnit->GetType() == TypeText && !pUnit->GetValues<CString>().IsEmpty();
-    return MassUnitSymbol(bHasLabel ? ToUtf8(pUnit->GetValues<CString>()[0]) : "");
-}
-
 class ValueLister {
   public:
     explicit ValueLister(const CMfxRule& rule) : m_rule(rule) {}
@@ -160,6 +153,12 @@ std::string FormatNumber(double value, int nDigits) {
     if (nDecimals > 0) text.erase(text.find_last_not_of('0') + 1);
     if (text.ends_with('.')) text.pop_back();
     return text;
+}
+
+std::string MassUnitLabel(const CMfxRule& rule) {
+    const CMfxParamStorage* pUnit = FindParameter(rule.m_paramArray, kMassUnitId);
+    const bool bHasLabel = pUnit && pUnit->GetType() == TypeText && !pUnit->GetValues<CString>().IsEmpty();
+    return MassUnitSymbol(bHasLabel ? ToUtf8(pUnit->GetValues<CString>()[0]) : "");
 }
 
 std::string UnitOfParameter(const CMfxParamStorage& storage, const CMfxRule& rule) {

@@ -30,6 +30,9 @@ std::string FormatNumberOrWord(const NumberOrWord& content, int nDigits = kShown
 // Symbol of the unit of a parameter's numbers; empty for numbers without one.
 std::string UnitOfParameter(const CMfxParamStorage& storage, const CMfxRule& rule);
 
+// Symbol of the unit in which a rule keeps its masses.
+std::string MassUnitLabel(const CMfxRule& rule);
+
 struct BandColumn {
     std::string name, unit;
 };

@@ -21,6 +21,34 @@ CString FromUtf8(const std::string& text) {
     return CString(wide.c_str(), nChars);
 }
 
+std::string Escaped(const std::string& text) {
+    std::string escaped;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        auto nCode = static_cast<unsigned char>(text[i]);
+        const auto nNext = i + 1 < text.size() ? static_cast<unsigned char>(text[i + 1]) : 0;
+        const bool bTwoBytes = nCode == 0xC2 && nNext >= 0x80 && nNext < 0xA0;
+        if (bTwoBytes) nCode = static_cast<unsigned char>(text[++i]);
+        char code[8];
+        if (nCode == '\n')
+            escaped += "\\n";
+        else if (nCode < 0x20 || nCode == 0x7F || bTwoBytes)
+            escaped.append(code, static_cast<std::size_t>(snprintf(code, sizeof code, "\\u%04x", nCode)));
+        else
+            escaped += text[i];
+    }
+    return escaped;
+}
+
+std::string Shortened(const CString& strText) {
+    constexpr int kMostChars = 80;
+    if (strText.GetLength() <= kMostChars) return ToUtf8(strText);
+    return ToUtf8(strText.Left(kMostChars - (IS_HIGH_SURROGATE(strText[kMostChars - 1]) ? 1 : 0))) + "...";
+}
+
+std::string Quoted(const CString& strText) {
+    return "\"" + Shortened(strText) + "\"";
+}
+
 void Print(const std::string& text) {
     fwrite(text.data(), 1, text.size(), stdout);
 }

@@ -8,6 +8,13 @@
 std::string ToUtf8(const CString& strText);
 CString FromUtf8(const std::string& text);
 
+// For lines on the console: control characters as "\n" or "\u001b".
+std::string Escaped(const std::string& text);
+
+// A text of a document as a sentence names it: cut where it is very long; and in quotation marks.
+std::string Shortened(const CString& strText);
+std::string Quoted(const CString& strText);
+
 // Writes UTF-8 to standard output or standard error, as it is.
 void Print(const std::string& text);
 void PrintError(const std::string& text);

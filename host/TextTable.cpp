@@ -29,6 +29,11 @@ std::size_t DisplayWidth(const std::string& text) {
 
 }  // namespace
 
+void TextTable::Add(std::vector<std::string> cells) {
+    for (std::string& cell : cells) cell = Escaped(cell);
+    m_rows.push_back(std::move(cells));
+}
+
 std::string TextTable::Format(int nIndent) const {
     std::vector<std::size_t> widths(m_columns.size());
     for (const auto& row : m_rows)

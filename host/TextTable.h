@@ -3,8 +3,8 @@
 #include <string>
 #include <vector>
 
-// A table of text with aligned columns, for the console. Cells are UTF-8; East Asian characters count as two
-// columns.
+// A table of text with aligned columns, for the console. Cells are UTF-8, their control characters are
+// escaped; East Asian characters count as two columns.
 class TextTable {
   public:
     enum class Align { Left, Right };
@@ -13,7 +13,7 @@ class TextTable {
     explicit TextTable(std::vector<Align> columns) : m_columns(std::move(columns)) {}
 
     // A row may have fewer cells than there are columns.
-    void Add(std::vector<std::string> cells) { m_rows.push_back(std::move(cells)); }
+    void Add(std::vector<std::string> cells);
 
     // The rows, each indented and ended by a line feed, columns two blanks apart.
     std::string Format(int nIndent) const;

@@ -2,6 +2,7 @@
 
 #include "NumberText.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace {
@@ -51,6 +52,14 @@ Flaw FindIncompletePair(const CastSizeAndWeightBand& band) {
     return bHasLimits && !IsGiven(band.thickness) ? Flaw::ThicknessMissing : Flaw::None;
 }
 
+// Whether a wall thickness can be found by the band.
+bool IsUsable(const NumberedBand& numbered) {
+    const CastSizeAndWeightBand& band = numbered.band;
+    const bool bHasSizes = IsGiven(band.sizeMin) && IsGiven(band.sizeMax);
+    const bool bHasWeights = IsGiven(band.weightMin) && IsGiven(band.weightMax);
+    return (bHasSizes || bHasWeights) && IsGiven(band.thickness);
+}
+
 Flaw FindInverted(Bands bands, std::size_t nBand) {
     const CastSizeAndWeightBand& band = bands[nBand].band;
     const double sizeMax = UpperSize(bands, nBand);
@@ -87,7 +96,6 @@ SizeAndWeightResult CheckContiguity(Bands bands) {
 }  // namespace
 
 SizeAndWeightResult CheckSizeAndWeightBands(Bands bands) {
-    if (bands.empty()) return {Flaw::NoBands, 0, 0.0};
     for (std::size_t i = 0; i < bands.size(); ++i) {
         const int nExpectedRow = static_cast<int>(i) + 1;
         if (bands[i].nRow != nExpectedRow) return {Flaw::MissingOrZero, nExpectedRow, 0.0};
@@ -96,6 +104,7 @@ SizeAndWeightResult CheckSizeAndWeightBands(Bands bands) {
             return {flaw, bands[i].nRow, 0.0};
         if (const Flaw flaw = FindInverted(bands, i); flaw != Flaw::None) return {flaw, bands[i].nRow, 0.0};
     }
+    if (std::ranges::none_of(bands, IsUsable)) return {Flaw::NoBands, 0, 0.0};
     return CheckContiguity(bands);
 }
 

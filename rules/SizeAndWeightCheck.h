@@ -12,7 +12,7 @@ enum class SizeAndWeightFlaw {
     SizeInverted = 0,       // the size band ends before it begins
     MissingOrZero = 1,      // a row is missing, or a value is zero that must not be
     SizeNotContiguous = 2,  // the size band does not begin where the one before it ends
-    NoBands = 3,            // the group has no usable band
+    NoBands = 3,            // no band of the group has both sizes or both weights, and a thickness
     WeightInverted = 4,
     IncompleteWhileTyping = 5,  // the row is not finished
     WeightNotContiguous = 6,
@@ -35,8 +35,9 @@ struct NumberedBand {
     CastSizeAndWeightBand band;
 };
 
-// The check on leaving a group and on OK. Only the last band's upper size may be zero; it then has no upper
-// limit.
+// The check on leaving a group and on OK. Of several bands the last one's upper size may be zero; it then has
+// no upper limit. A band that is the only one is first and last at once, and what must not be zero in either
+// must not be zero in it: all but its lower size.
 SizeAndWeightResult CheckSizeAndWeightBands(std::span<const NumberedBand> bands);
 
 // The check after each edit: rows that are not finished yet are told apart from wrong ones.

@@ -92,6 +92,27 @@ TEST_F(HostTest, LosesNothingSilently) {
     }
 }
 
+// The material table of older records is replaced by constraints.
+TEST_F(HostTest, DropsNothingOfOthersWithAnOlderTable) {
+    const std::string table = m_folder.Read(Wide(MFX_SAMPLES "legacy-material-table.xml"));
+    const std::string steel = "<Value Attribute1=\"Steel\"",
+                      last = "<Remarks />\n    </Parameter>\n  </Rule>";
+    const std::string kCases[][3] = {
+        {steel, "<!-- why -->" + steel, ":27: Uniform Wall Thickness: parameter 10070, a comment in it"},
+        {steel, steel + " by=\"me\"", ":31: Uniform Wall Thickness: parameter 10070, by: it would be lost"},
+        {steel, "<Note>n</Note>" + steel, ":31: Uniform Wall Thickness: parameter 10070, Note: it would"},
+        {last, Replaced(last, " />", ">r</Remarks>"), "parameter 10071, Remarks: it would be lost"},
+        {"Type=\"10071\"", "Type=\"10070\"", "parameter 10070, it stands here again; only the last"},
+    };
+    for (const auto& [part, by, finding] : kCases) {
+        SCOPED_TRACE(by);
+        const std::string document = Replaced(table, part, by);
+        m_folder.Write(L"d.xml", document);
+        Run({L"convert", L"d.xml", L"--length", L"in"}, 1, "", HasSubstr(finding));
+        EXPECT_TRUE(m_folder.Read(L"d.xml") == document);
+    }
+}
+
 TEST_F(HostTest, NamesTheValuesThatLoseDigits) {
     const std::string rule = ": Variable Draft Angle: parameter 29183, ", table = "d.xml:5" + rule;
     const std::string row = R"(<Value Attribute1="0" Attribute2="25.4" Attribute3="3" Attribute4="2"/>)";
@@ -136,6 +157,15 @@ TEST_F(HostTest, NamesTheValuesThatLoseDigits) {
                 "d.xml:16: Variable Draft Angle: parameter 29183, row 12, to: 0.0004 mm became 0.000016 in"),
             EndsWith("row 9, to: 101 mm became 3.976378 in instead of 3.976377953 in\n"
                      "and 2 more, with smaller losses\n")));
+    // Losses that are equal stand in the document's order.
+    m_folder.Write(L"d.xml", Document(rows));
+    const ProcessResult run = Run({L"convert", L"d.xml", L"--length", L"in", L"--losses"});
+    EXPECT_EQ(std::count(run.err.begin(), run.err.end(), '\n'), 12);
+    m_folder.Write(L"d.xml", Document(Replaced(Replaced(row, "\"3\"", "\"1.5\""), "\"2\"", "\"3\"") +
+                                      Replaced(Replaced(row, "\"3\"", "\"0.75\""), "\"2\"", "\"6\"")));
+    Run({L"convert", L"d.xml", L"--angle", L"rad"}, 0, _,
+        ContainsRegex(
+            "1, angle 1: 1.5 .*\n.*1, angle 2: 3 .*\n.*2, angle 1: 0.75 .*\n.*2, angle 2: 6 .*\n$"));
 }
 
 TEST_F(HostTest, ConvertsNoNumberThatIsTooLargeInTheNewUnit) {
@@ -144,7 +174,8 @@ TEST_F(HostTest, ConvertsNoNumberThatIsTooLargeInTheNewUnit) {
         Document("<Value Attribute1=\"0\" Attribute2=\"" + number + R"(" Attribute3="3" Attribute4="2"/>)");
     m_folder.Write(L"d.xml", document);
     Run({L"convert", L"d.xml", L"--length", L"um"}, 1, "",
-        "d.xml:5: parameter 29183, Attribute2: \"inf\" is not a number\nmfxhost: d.xml was not converted\n");
+        "d.xml:5: Variable Draft Angle: parameter 29183, row 1, to: 1e+307 mm is too large a number in "
+        "um\nmfxhost: d.xml was not converted\n");
     EXPECT_EQ(m_folder.Read(L"d.xml"), document);
     Run({L"convert", L"d.xml", L"--length", L"m"}, 0, _, "");
     EXPECT_THAT(m_folder.Read(L"d.xml"), Not(HasSubstr("inf")));
@@ -159,14 +190,14 @@ TEST_F(HostTest, NamesWhatTheModulePassesOverAndConvertsNothing) {
 <Rule Name="Variable Draft Angle" Module="Other" />)"),
                  "Severity=\"2\"", "Severity=\"high\"");
     const std::string problems =
-        R"(d.xml:2: the rule "幅 𠮷" of module "MFXSandCastingRulesValidator" is not known here
-d.xml:3: the rule "Variable Draft Angle" of module "Other" is not known here
-d.xml:4: Rule: Severity="high" is not a whole number
-d.xml:7: parameter 29183, Attribute2: "1e3" is not a number
-d.xml:7: parameter 29183, Attribute4: "1,5" is not a number
-d.xml:8: parameter 29183, Attribute1: "." is not a number
-d.xml:8: parameter 29183, Attribute2: "1.2.3" is not a number
-d.xml:8: parameter 29183, Attribute4: "x<y" is not a number
+        R"(d.xml:2: 幅 𠮷: a rule of module "MFXSandCastingRulesValidator" that is not known here
+d.xml:3: Variable Draft Angle: a rule of module "Other" that is not known here
+d.xml:4: Variable Draft Angle: Rule: Severity="high" is not a whole number
+d.xml:7: Variable Draft Angle: parameter 29183 (Draft angles by size), Attribute2: "1e3" is not a number and reads as 1
+d.xml:7: Variable Draft Angle: parameter 29183 (Draft angles by size), Attribute4: "1,5" is not a number and reads as 1
+d.xml:8: Variable Draft Angle: parameter 29183 (Draft angles by size), Attribute1: "." is not a number and reads as 0
+d.xml:8: Variable Draft Angle: parameter 29183 (Draft angles by size), Attribute2: "1.2.3" is not a number and reads as 1.2
+d.xml:8: Variable Draft Angle: parameter 29183 (Draft angles by size), Attribute4: "x<y" is not a number and reads as 0
 )";
     m_folder.Write(L"d.xml", document);
     Run({L"show", L"d.xml"}, 1, AllOf(StartsWith("d.xml: 3 rules"), HasSubstr("1.2.3")), problems);

@@ -36,6 +36,17 @@ TEST_F(HostTest, FindsNoDifferenceFromItself) {
         m_folder.Write(L"d.xml", Replaced(all, part, by));
         Run({L"diff", L"d.xml", L"d.xml"}, 0, "", "");
     }
+    // Nor does a rule of another module, or a text that is no number; both are named for each side.
+    const std::string others = m_folder.Read(Wide(MFX_SAMPLES "other-module.xml"));
+    m_folder.Write(L"d.xml", Replaced(others, "<Value>30<", "<Value>x<"));
+    m_folder.Write(L"e.xml", Replaced(others, "<Value>30<", "<Value>x<"));
+    Run({L"diff", L"d.xml", L"e.xml"}, 0, "",
+        AllOf(HasSubstr("d.xml:4: Minimum"), HasSubstr("e.xml:4: Minimum"), HasSubstr("\"x\" is not")));
+    m_folder.Write(L"e.xml", Replaced(others, "<Value>30<", "<Value>y<"));
+    Run({L"diff", L"d.xml", L"e.xml"}, 1, "", HasSubstr("e.xml:"));
+    m_folder.Write(L"e.xml", Replaced(others, "<Value>2.5<", "<Value>2<"));
+    Run({L"diff", L"e.xml", Wide(MFX_SAMPLES "other-module.xml")}, 1,
+        ContainsRegex("Minimum Bend Radius +Parameter/Value +2 +2.5\n$"), _);
     // Marks of bands are numbers like any other elsewhere.
     m_folder.Write(L"d.xml",
                    Replaced(Replaced(all, "<Value>4.76<", "<Value>-1<"), "\"1.5\"", "\"1000000000\""));

@@ -41,7 +41,8 @@ TEST_F(HostTest, NamesTheFlawOfAnUnreadableFile) {
          "3: column 37: ", "reference"},
         {"<MfxRules>\n<Rule Name=\"&#0;\"/></MfxRules>", "2: column 13: ", "no character"},
         {"<MfxRules>\n<Rule Name=\"&#xD800;\"/></MfxRules>", "2: ", "no character"},
-        {"<?xml version=\"1.0\" encoding=\"ISO-8859-1\"?>\n<MfxRules/>", "1: ", "encoding"},
+        {"<?xml version=\"1.0\" encoding=\"ISO-8859-1\"?>\n<MfxRules a=\"\xE4\"/>",
+         "1: ", "the encoding \"ISO-8859-1\" is not read"},
         {"\n<Rules Version=\"1\"/>", "2: ", "\"Rules\", not \"MfxRules\""},
         {"\n\n<MfxRules Version=\"2\"/>", "3: ", "Version=\"2\""},
         {"<MfxRules Unit=\"-1\"/>", "1: ", "Unit=\"-1\""},
@@ -72,6 +73,8 @@ TEST_F(HostTest, ExplainsItsUsage) {
         {{L"open"}, "\"open\" is not a command"},
         {{L"show"}, "FILE"},
         {{L"show", L""}, "FILE"},
+        {{L"check", L""}, "FILE"},
+        {{L"check", L"d.xml", L"--severity", L"1"}, "1 not in {hint,warning,error}"},
         {{L"show", L"d.xml", L"e.xml"}, "e.xml"},
         {{L"new"}, "FILE"},
         {{L"list", L"--lang", L"klingon"}, "klingon"},
@@ -168,6 +171,12 @@ TEST_F(HostTest, TakesLargeDocumentsInTime) {
         EXPECT_EQ(run.nExitCode, nExitCode)
             << Utf8(arguments[0]) << (run.bTimedOut ? " takes too long" : run.err.substr(0, 500));
     }
+    std::string nested;
+    while (nested.size() < nBytes / 4) nested += "<Rule><Rule/></Rule>\n";
+    m_folder.Write(L"d.xml", "<MfxRules>" + nested + "</MfxRules>");
+    EXPECT_EQ(RunProcess(ProgramFolder() + L"\\mfxhost.exe", {L"check", L"d.xml"}, m_folder.Path(), 90000)
+                  .nExitCode,
+              1);
 }
 
 // A file that is written while it is read is read whole, or not at all.

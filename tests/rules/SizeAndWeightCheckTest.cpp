@@ -32,6 +32,10 @@ TEST(SizeAndWeightCheckTest, FindsTheFirstFlawOfAGroup) {
     Expect(
         {
             {{}, Flaw::NoBands, 0},
+            {{{1, {No, No, No, No, 3}}, {2, {No, No, No, No, 4}}}, Flaw::NoBands, 0},
+            {{{1, {No, No, No, No, 3}}, {2, {No, No, 1, No, 4}}}, Flaw::WeightIncomplete, 2},
+            {{{1, {No, No, No, No, 3}}, {2, {No, No, 1, 2, 4}}}, Flaw::None, 0},
+            {{{1, {0, 0, No, No, 3}}}, Flaw::MissingOrZero, 1},                   // first and last at once
             {{{1, {0, 10, No, No, 3}}, {2, {10, 0, No, No, 4}}}, Flaw::None, 0},  // the last band may be open
             {{{1, {0, 0, No, No, 3}}, {2, {10, 20, No, No, 4}}}, Flaw::MissingOrZero, 1},
             {{{1, {0, 10, No, No, 3}}, {3, {10, 20, No, No, 4}}}, Flaw::MissingOrZero, 2},
