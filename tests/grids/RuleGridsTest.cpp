@@ -212,7 +212,7 @@ TEST_F(SizeAndWeightGridTest, GroupListNamesAndSelectsGroups) {
     Click(3, 0);
     EXPECT_STREQ(m_dialog.TakeNotified(), L"100:Zinc;");
     EXPECT_TRUE(m_grid.GetLastHitRow() == 3 && m_grid.GetLastHitCol() == 0);
-    m_grid.SendMessage(WM_CHAR, L'S');
+    m_grid.SendMessage(WM_CHAR, L'S', 1);
     EXPECT_STREQ(m_dialog.TakeNotified(), L"100:Steel;") << "found by its first letter";
     EXPECT_STREQ(Cell(2, 0), L"Steel");
 }
