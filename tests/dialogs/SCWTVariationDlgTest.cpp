@@ -146,6 +146,23 @@ TEST_F(SCWTVariationDlgTest, WithoutTheParameterOnlyCancelWorks) {
     EXPECT_TRUE(Rule().m_paramArray.IsEmpty());
 }
 
+TEST_F(SCWTVariationDlgTest, OkNeedsItsControls) {
+    Configure(Rule(), [&](DialogUser& user) {
+        SelectUnit(user, LengthInch - LengthMillimetre);
+        DestroyWindow(user.Control(IDC_VARIATION_VALUE));
+        user.Press(VK_RETURN);
+        EXPECT_TRUE(user.IsOpen());
+        EXPECT_EQ(Rule().m_nLengthUnit, LengthInch) << "the unit is stored all the same";
+        DestroyWindow(user.Control(IDC_VARIATION_LENGTH_UNIT));
+        Rule().m_nLengthUnit = LengthMetre;
+        user.Press(VK_RETURN);
+        EXPECT_TRUE(user.IsOpen());
+        EXPECT_EQ(Rule().m_nLengthUnit, LengthMetre);
+        user.Press(VK_ESCAPE);
+    });
+    EXPECT_EQ(Value(), 25.0);
+}
+
 TEST_F(SCWTVariationDlgTest, SaysThatTheHelpFileIsMissing) {
     Configure(Rule(), [&](DialogUser& user) {
         wchar_t szProgram[MAX_PATH];
