@@ -1,5 +1,6 @@
 #include "MFXUnitConvertor.h"
 
+#include <cmath>
 #include <cstddef>
 #include <numbers>
 #include <span>
@@ -38,7 +39,10 @@ double Convert(double value, std::span<const UnitSize> units, long nFromUnit, lo
     };
     const UnitSize from = find(nFromUnit), to = find(nToUnit);
     if (from.numerator == 0 || to.numerator == 0) return value;
-    return value * (from.numerator * to.denominator) / (from.denominator * to.numerator);
+    const double numerator = from.numerator * to.denominator, denominator = from.denominator * to.numerator;
+    const double converted = value * numerator / denominator;
+    if (!std::isfinite(converted)) return value / denominator * numerator;  // the product alone may be too large
+    return converted;
 }
 
 }  // namespace

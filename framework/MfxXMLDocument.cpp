@@ -4,6 +4,8 @@
 
 #include <algorithm>
 #include <climits>
+#include <cstdlib>
+#include <iterator>
 #include <utility>
 
 using mfx_xml::IsDetachedHolder;
@@ -77,24 +79,60 @@ bool IsReadableEncoding(const CString& strEncoding) {
            strEncoding.CompareNoCase(L"US-ASCII") == 0;
 }
 
-// The first element nested deeper than allowed, or a null node. Not recursive: the depth is the problem.
-pugi::xml_node FindTooDeep(const pugi::xml_node& document, int nMaxDepth) {
-    int nDepth = 0;
-    for (pugi::xml_node node = document.first_child(); node;) {
-        if (nDepth >= nMaxDepth && node.type() == pugi::node_element) return node;
-        if (node.first_child()) {
-            node = node.first_child();
-            ++nDepth;
-            continue;
-        }
-        while (node != document && !node.next_sibling()) {
-            node = node.parent();
-            --nDepth;
-        }
-        if (node == document) break;
-        node = node.next_sibling();
+bool HasTooManyAttributes(const pugi::xml_node& element, int nMaxAttributes) {
+    return std::distance(element.attributes_begin(), element.attributes_end()) > nMaxAttributes;
+}
+
+// The first element nested deeper than allowed or with too many attributes, or a null node.
+pugi::xml_node FindTooLarge(const pugi::xml_node& document, int nMaxDepth, int nMaxAttributes) {
+    pugi::xml_node large;
+    mfx_xml::ForEachElement(document, [&](const pugi::xml_node& element, int nDepth) {
+        if (nDepth >= nMaxDepth || HasTooManyAttributes(element, nMaxAttributes)) large = element;
+        return !large;
+    });
+    return large;
+}
+
+// Whether a reference, between "&" and ";", would not survive: to an entity that has to be declared (it would
+// be saved as plain text), or to no character.
+bool IsForeignReference(const std::string& name) {
+    if (name.starts_with('#')) {
+        const bool bHex = name.starts_with("#x");
+        const unsigned long nCode = std::strtoul(name.c_str() + (bHex ? 2 : 1), nullptr, bHex ? 16 : 10);
+        return nCode == 0 || nCode > 0x10FFFF || (nCode >= 0xD800 && nCode < 0xE000);
     }
-    return {};
+    constexpr std::string_view kKnown[] = {"amp", "lt", "gt", "quot", "apos"};
+    return IsXmlName(std::wstring(name.begin(), name.end()).c_str()) &&
+           std::find(std::begin(kKnown), std::end(kKnown), name) == std::end(kKnown);
+}
+
+// The first such reference outside comments, instructions and literal text; npos when there is none.
+std::size_t FindForeignReference(std::string_view text) {
+    constexpr std::string_view kLiterals[][2] = {
+        {"<!--", "-->"}, {"<![CDATA[", "]]>"}, {"<?", "?>"}, {"<!DOCTYPE", ">"}};
+    if (text.find('&') == text.npos) return text.npos;
+    for (std::size_t at = 0; (at = text.find_first_of("&<", at)) != text.npos; ++at) {
+        const std::string_view rest = text.substr(at);
+        const std::size_t nEnd = rest[0] == '&' ? rest.find_first_of("; &<\"'", 1) : 0;
+        if (nEnd != 0 && nEnd != rest.npos && rest[nEnd] == ';' &&
+            IsForeignReference(std::string(rest.substr(1, nEnd - 1))))
+            return at;
+        for (const auto& [opening, closing] : kLiterals)
+            if (rest.starts_with(opening)) at = std::min(text.find(closing, at), text.size());
+    }
+    return text.npos;
+}
+
+bool HasControlCharacter(const wchar_t* pszText) {
+    for (; *pszText; ++pszText)
+        if (*pszText < L' ' && *pszText != L'\t' && *pszText != L'\n' && *pszText != L'\r') return true;
+    return false;
+}
+
+bool HasControlCharacterInText(const pugi::xml_node& element) {
+    return element.find_child([](const pugi::xml_node& child) {
+        return child.type() != pugi::node_element && HasControlCharacter(child.value());
+    });
 }
 
 struct Utf8Writer : pugi::xml_writer {
@@ -130,12 +168,8 @@ MfxXmlParseResult MfxXMLDocument::Parse(std::string_view bytes) {
     if (const int nLine = FindUndecodableLine(m_source))
         return Fail(nLine, 1, L"the text is not valid UTF-8");
     // pugixml takes a text up to its first NUL for the whole of it; the rest would be lost without a word.
-    if (const std::size_t nNul = m_source.find('\0'); nNul != std::string::npos) {
-        const std::string before = m_source.substr(0, nNul);
-        const auto nLine = static_cast<int>(std::count(before.begin(), before.end(), '\n')) + 1;
-        return Fail(nLine, static_cast<int>(nNul - (before.rfind('\n') + 1)) + 1,
-                    L"the text holds a NUL character");
-    }
+    if (const std::size_t nNul = m_source.find('\0'); nNul != m_source.npos)
+        return FailAtByte(nNul, L"the text holds a NUL character (UTF-16 needs a byte-order mark)");
 
     const pugi::xml_parse_result parsed =
         m_pDocument->load_buffer(m_source.data(), m_source.size(), kParseOptions, pugi::encoding_utf8);
@@ -146,6 +180,14 @@ MfxXmlParseResult MfxXMLDocument::Parse(std::string_view bytes) {
         if (!IsReadableEncoding(encoding.value())) return Fail(1, 1, L"the encoding is not UTF-8 or UTF-16");
         encoding.set_value(L"UTF-8");  // what ToUtf8 writes
     }
+    if (const pugi::xml_node type = m_pDocument->find_child([](const pugi::xml_node& node) {
+            return node.type() == pugi::node_doctype && wcschr(node.value(), L'[');
+        }))
+        return Fail(type.offset_debug(),
+                    L"the document type declares entities or attributes, which are not read");
+    if (const std::size_t nAt = FindForeignReference(m_source); nAt != m_source.npos)
+        return FailAtByte(nAt,
+                          L"a reference stands for an entity that has to be declared, or for no character");
     const pugi::xml_node root = m_pDocument->document_element();
     if (!root) return Fail(1, 1, L"there is no element");
     for (const pugi::xml_node child : m_pDocument->children()) {
@@ -155,8 +197,10 @@ MfxXmlParseResult MfxXMLDocument::Parse(std::string_view bytes) {
         if (child.type() == pugi::node_element && child != root)
             return Fail(child.offset_debug(), L"there is more than one outermost element");
     }
-    if (const pugi::xml_node deep = FindTooDeep(*m_pDocument, kMaxDepth))
-        return Fail(deep.offset_debug(), L"elements are nested too deep");
+    if (const pugi::xml_node large = FindTooLarge(*m_pDocument, kMaxDepth, kMaxAttributes))
+        return Fail(large.offset_debug(), HasTooManyAttributes(large, kMaxAttributes)
+                                              ? L"an element has too many attributes"
+                                              : L"elements are nested too deep");
 
     MfxXmlParseResult result;
     result.bOk = true;
@@ -168,6 +212,12 @@ MfxXmlParseResult MfxXMLDocument::Fail(std::ptrdiff_t nOffset, const CString& st
     const int nLine = LineAt(nOffset);
     return Fail(nLine, static_cast<int>(nOffset - m_lineStarts[static_cast<std::size_t>(nLine - 1)]) + 1,
                 strReason);
+}
+
+MfxXmlParseResult MfxXMLDocument::FailAtByte(std::size_t nByte, const CString& strReason) {
+    const std::string before = m_source.substr(0, nByte);
+    const auto nLine = static_cast<int>(std::count(before.begin(), before.end(), '\n')) + 1;
+    return Fail(nLine, static_cast<int>(nByte - (before.rfind('\n') + 1)) + 1, strReason);
 }
 
 MfxXmlParseResult MfxXMLDocument::Fail(int nLine, int nColumn, const CString& strReason) {
@@ -217,6 +267,27 @@ MfxXMLNode* MfxXMLDocument::CreateRootNode(const CString& strTag) {
 int MfxXMLDocument::GetLine(const MfxXMLNode& node) const {
     const std::ptrdiff_t nOffset = pugi::xml_node(node.m_pElement).offset_debug();
     return nOffset >= 0 ? LineAt(nOffset) : 0;
+}
+
+std::vector<MfxXmlFlaw> MfxXMLDocument::FindFlaws() const {
+    std::vector<MfxXmlFlaw> flaws;
+    std::vector<std::wstring_view> names;
+    mfx_xml::ForEachElement(*m_pDocument, [&](const pugi::xml_node& element, int) {
+        const auto add = [&](MfxXmlFlaw::Kind kind, const wchar_t* attribute) {
+            flaws.push_back({kind, MfxXMLNode(element.internal_object()), CString(attribute)});
+        };
+        names.clear();
+        for (const pugi::xml_attribute attribute : element.attributes()) {
+            const std::wstring_view name = attribute.name();
+            if (std::find(names.begin(), names.end(), name) != names.end())
+                add(MfxXmlFlaw::RepeatedAttribute, name.data());
+            if (HasControlCharacter(attribute.value())) add(MfxXmlFlaw::ControlCharacter, name.data());
+            names.push_back(name);
+        }
+        if (HasControlCharacterInText(element)) add(MfxXmlFlaw::ControlCharacter, L"");
+        return true;
+    });
+    return flaws;
 }
 
 MfxXMLDocument* MfxXMLDocument::GetCurrent() {

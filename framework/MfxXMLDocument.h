@@ -22,6 +22,15 @@ struct MfxXmlParseResult {
     CString strReason;
 };
 
+// What XML does not allow, but is read and saved all the same: an attribute that an element has twice, of
+// which the first one counts, and characters below the blank.
+struct MfxXmlFlaw {
+    enum Kind { RepeatedAttribute, ControlCharacter };
+    Kind kind;
+    MfxXMLNode element;
+    CString strAttribute;  // empty for the element's text
+};
+
 // An XML document. It also keeps the elements that were created in it and not appended anywhere; those are
 // never written. Comments, processing instructions and texts are kept as they were read, also a blank text
 // that is all of an element's content.
@@ -37,9 +46,12 @@ class MFXKIT_API MfxXMLDocument {
     MfxXMLNode* CreateNode(const CString& strTag);
 
     // Replaces the content by the text of a file: UTF-8, or UTF-16 with a byte-order mark. On failure the
-    // document is empty. Elements may be nested kMaxDepth deep.
+    // document is empty. Elements may be nested kMaxDepth deep and have kMaxAttributes each: finding one takes
+    // time in proportion to their number. Refused is also what would not be saved as it was: entities and other
+    // declarations of a document type, references to characters that do not exist.
     MfxXmlParseResult Parse(std::string_view bytes);
     static constexpr int kMaxDepth = 256;
+    static constexpr int kMaxAttributes = 256;
 
     // The document as UTF-8, with an XML declaration, elements indented by two blanks.
     std::string ToUtf8() const;
@@ -53,6 +65,9 @@ class MFXKIT_API MfxXMLDocument {
     // Line of the parsed text in which the element starts, from 1; 0 for elements created later.
     int GetLine(const MfxXMLNode& node) const;
 
+    // In the order of the document.
+    std::vector<MfxXmlFlaw> FindFlaws() const;
+
     // The document in which constraints and parameters create their elements; null outside a write.
     static MfxXMLDocument* GetCurrent();
 
@@ -61,6 +76,7 @@ class MFXKIT_API MfxXMLDocument {
 
     void Clear();
     MfxXmlParseResult Fail(std::ptrdiff_t nOffset, const CString& strReason);
+    MfxXmlParseResult FailAtByte(std::size_t nByte, const CString& strReason);
     MfxXmlParseResult Fail(int nLine, int nColumn, const CString& strReason);
     void IndexLines() const;
     int LineAt(std::ptrdiff_t nOffset) const;

@@ -30,6 +30,20 @@ inline bool IsDetachedHolder(const pugi::xml_node& node) {
            wcscmp(node.name(), kDetachedTag) == 0;
 }
 
+// Calls visit(element, depth) for every element under a node, in document order, until it returns false; the
+// node's own children have depth 0. Not recursive, however deep they are nested.
+template <class Visit>
+void ForEachElement(pugi::xml_node parent, Visit visit) {
+    struct Walker : pugi::xml_tree_walker {
+        explicit Walker(Visit& each) : m_visit(each) {}
+        bool for_each(pugi::xml_node& node) override {
+            return node.type() != pugi::node_element || m_visit(node, depth());
+        }
+        Visit& m_visit;
+    } walker(visit);
+    parent.traverse(walker);
+}
+
 // An element's text; texts that comments separate are joined.
 inline CString TextOf(const pugi::xml_node& element) {
     CString strText;

@@ -102,6 +102,21 @@ MfxXMLNode* MfxXMLNode::SelectSingleNode(const CString& strTag) const {
     return nullptr;
 }
 
+std::optional<MfxXMLNode> MfxXMLNode::FindChild(const CString& strTag) const {
+    return FirstOf(pugi::xml_node(m_pElement).first_child().internal_object(), strTag);
+}
+
+std::optional<MfxXMLNode> MfxXMLNode::FindNext(const CString& strTag) const {
+    return FirstOf(pugi::xml_node(m_pElement).next_sibling().internal_object(), strTag);
+}
+
+std::optional<MfxXMLNode> MfxXMLNode::FirstOf(pugi::xml_node_struct* pFirst, const CString& strTag) {
+    for (pugi::xml_node node(pFirst); node; node = node.next_sibling())
+        if (node.type() == pugi::node_element && (strTag.IsEmpty() || strTag == node.name()))
+            return MfxXMLNode(node.internal_object());
+    return std::nullopt;
+}
+
 MfxXMLNodeList* MfxXMLNode::GetNodeList(const CString& strTag) const {
     auto pList = std::make_unique<MfxXMLNodeList>();
     for (const pugi::xml_node child : pugi::xml_node(m_pElement).children())
@@ -110,11 +125,25 @@ MfxXMLNodeList* MfxXMLNode::GetNodeList(const CString& strTag) const {
     return pList.release();
 }
 
+std::vector<MfxXMLNode> MfxXMLNode::FindDescendants(const CString& strTag) const {
+    std::vector<MfxXMLNode> found;
+    mfx_xml::ForEachElement(pugi::xml_node(m_pElement), [&](const pugi::xml_node& element, int) {
+        if (strTag == element.name()) found.push_back(MfxXMLNode(element.internal_object()));
+        return true;
+    });
+    return found;
+}
+
 std::vector<CString> MfxXMLNode::GetAttributeNames() const {
     std::vector<CString> names;
     for (const pugi::xml_attribute attribute : pugi::xml_node(m_pElement).attributes())
         names.emplace_back(attribute.name());
     return names;
+}
+
+std::size_t MfxXMLNode::GetAttributeCount() const {
+    const auto attributes = pugi::xml_node(m_pElement).attributes();
+    return static_cast<std::size_t>(std::distance(attributes.begin(), attributes.end()));
 }
 
 MfxXMLNode* MfxXMLNode::GetParentNode() const {

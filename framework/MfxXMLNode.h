@@ -4,6 +4,7 @@
 
 #include <afx.h>
 
+#include <optional>
 #include <vector>
 
 namespace pugi {
@@ -58,11 +59,23 @@ class MFXKIT_API MfxXMLNode {
     // Child elements with that tag in document order, all of them for an empty tag.
     MfxXMLNodeList* GetNodeList(const CString& strTag) const;
 
+    // The first child element with that tag, and the next element with it beside this one; any element for an
+    // empty tag. For loops over thousands of records: nothing is allocated.
+    std::optional<MfxXMLNode> FindChild(const CString& strTag) const;
+    std::optional<MfxXMLNode> FindNext(const CString& strTag) const;
+
+    // Elements with that tag anywhere in this one, in document order.
+    std::vector<MfxXMLNode> FindDescendants(const CString& strTag) const;
+
     // Names of the attributes, in their order.
     std::vector<CString> GetAttributeNames() const;
+    std::size_t GetAttributeCount() const;
 
     // The element that this one is attached to, or null.
     MfxXMLNode* GetParentNode() const;
+
+    // Whether both stand for the same element.
+    bool operator==(const MfxXMLNode&) const = default;
 
   private:
     friend class MfxXMLDocument;
@@ -71,6 +84,7 @@ class MFXKIT_API MfxXMLNode {
     explicit MfxXMLNode(pugi::xml_node_struct* pElement) : m_pElement(pElement) {}
 
     static MfxXMLNode* Wrap(pugi::xml_node_struct* pElement);
+    static std::optional<MfxXMLNode> FirstOf(pugi::xml_node_struct* pFirst, const CString& strTag);
 
     pugi::xml_node_struct* m_pElement;
 };

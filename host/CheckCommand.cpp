@@ -1,37 +1,52 @@
 #include "CheckCommand.h"
 
+#include "JsonOutput.h"
 #include "RecordCheck.h"
 #include "RuleCheck.h"
 #include "RuleDocument.h"
 #include "Text.h"
-#include "UnitNames.h"
-
-#include <nlohmann/json.hpp>
 
 #include <algorithm>
 
 namespace {
 
-using Json = nlohmann::ordered_json;
-
-// What is known of one file after its check.
-struct FileReport {
-    std::string file;
-    std::string unreadable;  // why it could not be read; empty when it could
-    UnitPair units;
-    std::size_t nRules = 0;  // rules of the module
-    std::vector<Finding> findings;
-};
-
 std::vector<Finding> FindAll(const RuleDocument& document, Severity least) {
     std::vector<Finding> findings = CheckRecords(document);
-    const std::vector<Finding> more = CheckRules(document);
-    findings.insert(findings.end(), more.begin(), more.end());
+    std::ranges::move(CheckRules(document), std::back_inserter(findings));
     std::erase_if(findings, [least](const Finding& finding) { return finding.severity < least; });
     std::stable_sort(findings.begin(), findings.end(),
                      [](const Finding& first, const Finding& second) { return first.nLine < second.nLine; });
     return findings;
 }
+
+void PrintReport(const FileReport& report) {
+    if (report.unreadable.empty())
+        Print(FormatReport(report));
+    else
+        PrintError("mfxhost: " + report.unreadable + "\n");
+}
+
+Json FindingToJson(const Finding& finding) {
+    Json json{{"severity", SeverityName(finding.severity)}, {"line", finding.nLine}, {"rule", finding.rule}};
+    json["ruleId"] = finding.nRuleId ? Json(finding.nRuleId) : Json(nullptr);
+    json["parameter"] = finding.nParamId ? Json(finding.nParamId) : Json(nullptr);
+    json["text"] = finding.text;
+    return json;
+}
+
+Json ToJson(const FileReport& report) {
+    Json json{{"file", report.file}};
+    if (!report.unreadable.empty()) {
+        json["unreadable"] = report.unreadable;
+        return json;
+    }
+    json["units"] = UnitsToJson(report.units);
+    json["rulesChecked"] = report.nRules;
+    json["findings"] = ToArray(report.findings, FindingToJson);
+    return json;
+}
+
+}  // namespace
 
 FileReport CheckFile(const CString& strFile, const RuleModule& module, Severity least) {
     FileReport report;
@@ -48,44 +63,14 @@ FileReport CheckFile(const CString& strFile, const RuleModule& module, Severity 
     return report;
 }
 
-void PrintReport(const FileReport& report) {
-    if (!report.unreadable.empty()) return PrintError("mfxhost: " + report.unreadable + "\n");
+std::string FormatReport(const FileReport& report) {
+    std::string text;
     for (const Finding& finding : report.findings)
-        Print(report.file + ":" + std::to_string(finding.nLine) + ": " + SeverityName(finding.severity) +
-              ": " + (finding.rule.empty() ? "" : finding.rule + ": ") + FormatFinding(finding) + "\n");
-    if (report.nRules == 0) Print(report.file + ": there is no rule to check\n");
+        text += report.file + ":" + std::to_string(finding.nLine) + ": " + SeverityName(finding.severity) +
+                ": " + (finding.rule.empty() ? "" : finding.rule + ": ") + FormatFinding(finding) + "\n";
+    if (report.nRules == 0) text += report.file + ": there is no rule to check\n";
+    return text;
 }
-
-Json ToJson(const Finding& finding) {
-    Json json{{"severity", SeverityName(finding.severity)}, {"line", finding.nLine}, {"rule", finding.rule}};
-    json["ruleId"] = finding.nRuleId ? Json(finding.nRuleId) : Json(nullptr);
-    json["parameter"] = finding.nParamId ? Json(finding.nParamId) : Json(nullptr);
-    json["text"] = finding.text;
-    return json;
-}
-
-Json ToJson(const FileReport& report) {
-    Json json{{"file", report.file}};
-    if (!report.unreadable.empty()) {
-        json["unreadable"] = report.unreadable;
-        return json;
-    }
-    json["units"] = {{"length", LengthUnitSymbol(report.units.m_nLengthUnit)},
-                     {"angle", AngleUnitSymbol(report.units.m_nAngleUnit)}};
-    json["rulesChecked"] = report.nRules;
-    json["findings"] = Json::array();
-    for (const Finding& finding : report.findings) json["findings"].push_back(ToJson(finding));
-    return json;
-}
-
-// On a terminal only: in a pipe it would end up among the findings.
-void PrintProgress(std::size_t nDone, std::size_t nFiles) {
-    constexpr std::size_t kFewFiles = 10;
-    if (nFiles < kFewFiles || !IsErrorTerminal()) return;
-    PrintError("\r" + std::to_string(nDone) + " of " + Count(nFiles, "file") + (nDone == nFiles ? "\n" : ""));
-}
-
-}  // namespace
 
 ExitCode CheckDocuments(const RuleModule& module, const CheckOptions& options) {
     constexpr int kJsonVersion = 1;
@@ -99,9 +84,9 @@ ExitCode CheckDocuments(const RuleModule& module, const CheckOptions& options) {
             PrintReport(report);
         bUnreadable = bUnreadable || !report.unreadable.empty();
         bFound = bFound || !report.findings.empty() || report.nRules == 0;
-        PrintProgress(i + 1, options.files.size());
+        PrintProgress(i + 1, options.files.size(), "file");
     }
-    if (options.bJson) Print(json.dump(2, ' ', false, Json::error_handler_t::replace) + "\n");
+    if (options.bJson) PrintJson(json);
     if (bUnreadable) return ExitCode::UnreadableInput;
     return bFound ? ExitCode::Findings : ExitCode::Done;
 }

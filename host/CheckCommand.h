@@ -6,7 +6,23 @@
 
 #include <afx.h>
 
+#include <string>
 #include <vector>
+
+// What is known of one file after its check.
+struct FileReport {
+    std::string file;
+    std::string unreadable;  // why it could not be read; empty when it could
+    UnitPair units;
+    std::size_t nRules = 0;  // rules of the module
+    std::vector<Finding> findings;
+};
+
+// Reads one rule document and checks it; findings of less than that severity are left out.
+FileReport CheckFile(const CString& strFile, const RuleModule& module, Severity least);
+
+// A line per finding.
+std::string FormatReport(const FileReport& report);
 
 struct CheckOptions {
     std::vector<CString> files;

@@ -1,8 +1,10 @@
 #include "Commands.h"
 
+#include "ConversionLoss.h"
 #include "File.h"
 #include "RecordCheck.h"
 #include "RuleDocument.h"
+#include "RuleJson.h"
 #include "RuleTable.h"
 #include "Text.h"
 #include "TextTable.h"
@@ -13,6 +15,12 @@ namespace {
 std::string Heading(const CString& strPath, const RuleDocument& document) {
     return ToUtf8(strPath) + ": " + Count(document.GetEntries().size(), "rule") + " in " +
            UnitWords(document.GetUnits()) + "\n";
+}
+
+void PrintTables(const CString& strPath, const RuleDocument& document) {
+    Print(Heading(strPath, document));
+    for (const RuleDocument::Entry& entry : document.GetEntries())
+        if (entry.pRule) Print("\n" + FormatRule(*entry.pRule));
 }
 
 std::string Joined(const CStringList& texts) {
@@ -80,11 +88,12 @@ ExitCode NewDocument(const RuleModule& module, const CString& strPath, bool bFor
     return ExitCode::Done;
 }
 
-ExitCode ShowDocument(const RuleModule& module, const CString& strPath) {
+ExitCode ShowDocument(const RuleModule& module, const CString& strPath, bool bJson) {
     const RuleDocument document(strPath, module);
-    Print(Heading(strPath, document));
-    for (const RuleDocument::Entry& entry : document.GetEntries())
-        if (entry.pRule) Print("\n" + FormatRule(*entry.pRule));
+    if (bJson)
+        PrintJson(DocumentToJson(ToUtf8(strPath), document));
+    else
+        PrintTables(strPath, document);
     return PrintUnread(document) ? ExitCode::Findings : ExitCode::Done;
 }
 
@@ -94,19 +103,24 @@ ExitCode ConvertDocument(const RuleModule& module, const ConvertOptions& options
     RuleDocument document(options.strInput, module);
     const UnitPair from = document.GetUnits();
     const UnitPair to = TargetUnits(from, options);
-    if (PrintUnread(document)) {
-        PrintError("mfxhost: " + ToUtf8(options.strInput) + " was not converted\n");
-        return ExitCode::Findings;
-    }
+    const auto isRefused = [&] {
+        const bool bUnread = PrintUnread(document);
+        if (bUnread) PrintError("mfxhost: " + ToUtf8(options.strInput) + " was not converted\n");
+        return bUnread;
+    };
+    if (isRefused()) return ExitCode::Findings;
     if (from == to && options.strOutput.IsEmpty()) {
         Print(ToUtf8(options.strInput) + " is in " + UnitWords(to) + " already\n");
         return ExitCode::Done;
     }
+    const ConversionLoss loss(document);
     document.ConvertUnits(to, module);
+    if (isRefused()) return ExitCode::Findings;  // a number that is too large in the new unit
     const CString& strOutput = options.strOutput.IsEmpty() ? options.strInput : options.strOutput;
     document.Save(strOutput);
     Print(ToUtf8(strOutput) + ": " + Count(document.GetEntries().size(), "rule") + " converted from " +
           UnitWords(from) + " to " + UnitWords(to) + "\n");
+    loss.Print(document);
     return ExitCode::Done;
 }
 

@@ -15,8 +15,8 @@ ExitCode ListRules(const RuleModule& module);
 // Writes a rule document with a fresh instance of every rule; an existing file is left alone unless bForce.
 ExitCode NewDocument(const RuleModule& module, const CString& strPath, bool bForce);
 
-// Prints a rule document as tables. Findings when it holds something that the module passes over.
-ExitCode ShowDocument(const RuleModule& module, const CString& strPath);
+// Prints a rule document as tables or as JSON. Findings when it holds something that the module passes over.
+ExitCode ShowDocument(const RuleModule& module, const CString& strPath, bool bJson);
 
 struct ConvertOptions {
     CString strInput;

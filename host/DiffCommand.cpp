@@ -1,6 +1,6 @@
 #include "DiffCommand.h"
 
-#include "MFXUnitConvertor.h"
+#include "JsonOutput.h"
 #include "RecordCheck.h"
 #include "RuleDocument.h"
 #include "RuleValues.h"
@@ -8,16 +8,13 @@
 #include "TextTable.h"
 #include "UnitNames.h"
 
-#include <nlohmann/json.hpp>
-
 #include <algorithm>
 #include <map>
 #include <optional>
 #include <set>
+#include <tuple>
 
 namespace {
-
-using Json = nlohmann::ordered_json;
 
 // A place where two documents differ: a value, or a whole constraint or rule. What one side does not have is
 // nothing.
@@ -38,29 +35,9 @@ struct RuleContent {
     std::vector<RuleValue> values;
 };
 
-// Lengths and angles in the units asked for, masses in kilograms, whatever unit the rule keeps them in.
-void BringToUnits(RuleValue& value, const UnitPair& from, const UnitPair& to) {
-    double* pNumber = std::get_if<double>(&value.value);
-    if (!pNumber) return;
-    const CMFXUnitConvertor convertor;
-    if (const int nMassUnit = FindMassUnit(value.unit)) {
-        *pNumber = convertor.ConversionFromOneUnitToAnotherForMass(*pNumber, nMassUnit, MassKilogram);
-        value.unit = "kg";
-        return;
-    }
-    const bool bLength = value.unit == LengthUnitSymbol(from.m_nLengthUnit);
-    if (!bLength && value.unit != AngleUnitSymbol(from.m_nAngleUnit)) return;
-    for (double* p : {pNumber, &value.storedWithin})
-        *p = bLength ? convertor.ConversionFromOneUnitToAnother(*p, QuantityLength, from.m_nLengthUnit,
-                                                                to.m_nLengthUnit)
-                     : convertor.ConversionFromOneUnitToAnother(*p, QuantityAngle, from.m_nAngleUnit,
-                                                                to.m_nAngleUnit);
-    value.unit = bLength ? LengthUnitSymbol(to.m_nLengthUnit) : AngleUnitSymbol(to.m_nAngleUnit);
-}
-
 RuleContent ContentOf(const CMfxRule& rule, const UnitPair& from, const UnitPair& to) {
     RuleContent content{ToUtf8(rule.m_strDisplayName), rule.GetRuleId(), ListRuleValues(rule)};
-    for (RuleValue& value : content.values) BringToUnits(value, from, to);
+    for (RuleValue& value : content.values) value = InUnits(std::move(value), from, to);
     return content;
 }
 
@@ -82,13 +59,6 @@ std::vector<RuleContent> DefaultsFor(const RuleDocument& document, const RuleMod
             if (entry.pRule && pRule->GetRuleId() == entry.pRule->GetRuleId())
                 contents.push_back(ContentOf(*pRule, UnitPair(), to));
     return contents;
-}
-
-std::optional<RuleValue> FindPlace(const std::vector<RuleValue>& values, const RuleValue& place) {
-    const auto found = std::find_if(values.begin(), values.end(), [&](const RuleValue& value) {
-        return value.nRow == place.nRow && value.label == place.label && value.constraint == place.constraint;
-    });
-    return found != values.end() ? std::optional(*found) : std::nullopt;
 }
 
 // Stands for all values of a constraint or a rule that only one side has.
@@ -114,14 +84,15 @@ void CompareRules(const RuleContent& left, const RuleContent& right, std::vector
             {left.name, left.nRuleId, constraint, "constraint", 0, std::nullopt, Whole("present")});
         whole.insert(constraint);
     }
+    const PlaceIndex lefts(left.values), rights(right.values);
     for (const RuleValue& value : left.values) {
-        const std::optional<RuleValue> other = FindPlace(right.values, value);
-        if (whole.count(value.constraint) == 0 && !(other && IsSameValue(value, *other)))
-            differences.push_back(
-                {left.name, left.nRuleId, value.constraint, value.label, value.nRow, value, other});
+        const RuleValue* pOther = rights.Find(value);
+        if (whole.count(value.constraint) == 0 && !(pOther && IsSameValue(value, *pOther)))
+            differences.push_back({left.name, left.nRuleId, value.constraint, value.label, value.nRow, value,
+                                   pOther ? std::optional(*pOther) : std::nullopt});
     }
     for (const RuleValue& value : right.values)
-        if (whole.count(value.constraint) == 0 && !FindPlace(left.values, value))
+        if (whole.count(value.constraint) == 0 && !lefts.Find(value))
             differences.push_back(
                 {left.name, left.nRuleId, value.constraint, value.label, value.nRow, std::nullopt, value});
 }
@@ -168,34 +139,36 @@ void PrintTable(const std::vector<Difference>& differences, const std::string& l
     if (!differences.empty()) Print(table.Format(0));
 }
 
-Json TextOrNull(const std::string& text) {
-    return text.empty() ? Json(nullptr) : Json(text);
-}
-
 Json ToJson(const std::optional<RuleValue>& value) {
     if (!value) return nullptr;
     if (const double* pNumber = std::get_if<double>(&value->value)) return *pNumber;
-    return std::get<std::string>(value->value);
+    return FormatRuleValue(*value);
 }
 
-Json ToJson(const Difference& difference) {
-    const std::string unit = difference.left ? difference.left->unit : difference.right->unit;
+// A word has no unit, but the number beside it may.
+std::string UnitOf(const Difference& difference) {
+    const bool bLeft = difference.left && !difference.left->unit.empty();
+    return bLeft || !difference.right ? difference.left->unit : difference.right->unit;
+}
+
+Json DifferenceToJson(const Difference& difference) {
     Json json{{"rule", difference.rule}, {"ruleId", difference.nRuleId}};
     json["constraint"] = TextOrNull(difference.constraint);
     json["value"] = difference.label;
     json["row"] = difference.nRow ? Json(difference.nRow) : Json(nullptr);
-    json["unit"] = TextOrNull(unit);
+    json["unit"] = TextOrNull(UnitOf(difference));
     json["left"] = ToJson(difference.left);
     json["right"] = ToJson(difference.right);
     return json;
 }
 
-void PrintJson(const std::vector<Difference>& differences, const std::string& left,
-               const std::string& right) {
+void PrintDifferences(const std::vector<Difference>& differences, const std::string& left,
+                      const std::string& right) {
     constexpr int kJsonVersion = 1;
-    Json json{{"version", kJsonVersion}, {"left", left}, {"right", right}, {"differences", Json::array()}};
-    for (const Difference& difference : differences) json["differences"].push_back(ToJson(difference));
-    Print(json.dump(2, ' ', false, Json::error_handler_t::replace) + "\n");
+    PrintJson({{"version", kJsonVersion},
+               {"left", left},
+               {"right", right},
+               {"differences", ToArray(differences, DifferenceToJson)}});
 }
 
 }  // namespace
@@ -214,7 +187,7 @@ ExitCode DiffDocuments(const RuleModule& module, const DiffOptions& options) {
 
     const std::string leftName = pLeft ? ToUtf8(options.strLeft) : "default";
     if (options.bJson)
-        PrintJson(differences, leftName, ToUtf8(strRight));
+        PrintDifferences(differences, leftName, ToUtf8(strRight));
     else
         PrintTable(differences, leftName, ToUtf8(strRight));
     const bool bUnreadLeft = pLeft && PrintUnread(*pLeft);

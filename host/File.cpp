@@ -59,6 +59,12 @@ bool WriteAll(HANDLE hFile, const std::string& bytes) {
     return true;
 }
 
+// Whether the file goes away when it is closed, even if that is because the program was killed.
+bool DeleteOnClose(HANDLE hFile, bool bDelete) {
+    FILE_DISPOSITION_INFO disposition{bDelete};
+    return SetFileInformationByHandle(hFile, FileDispositionInfo, &disposition, sizeof disposition) != 0;
+}
+
 [[noreturn]] void ThrowUnwritable(const CString& strPath, const std::string& reason) {
     throw HostError(ExitCode::Missing, ToUtf8(strPath) + ": can't be written: " + reason);
 }
@@ -76,8 +82,8 @@ std::string ReadFileBytes(const CString& strPath) {
     };
     if (IsFolder(strPath)) fail("it is a folder");
 
-    const FileHandle file(CreateFileW(strPath, GENERIC_READ,
-                                      FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
+    // Nobody may write meanwhile: half of an old file and half of a new one could pass for a document.
+    const FileHandle file(CreateFileW(strPath, GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_DELETE, nullptr,
                                       OPEN_EXISTING, 0, nullptr));
     if (!file.IsOpen()) fail(WindowsErrorText(GetLastError()));
     std::string bytes;
@@ -99,14 +105,16 @@ void ReplaceFileBytes(const CString& strPath, const std::string& bytes) {
     HANDLE hFile = INVALID_HANDLE_VALUE;
     for (int i = 0; hFile == INVALID_HANDLE_VALUE; ++i) {
         strTemporary.Format(L"%s.%lu-%d.tmp", strPath.GetString(), GetCurrentProcessId(), i);
-        hFile =
-            CreateFileW(strTemporary, GENERIC_WRITE, 0, nullptr, CREATE_NEW, FILE_ATTRIBUTE_NORMAL, nullptr);
+        hFile = CreateFileW(strTemporary, GENERIC_WRITE | DELETE, 0, nullptr, CREATE_NEW,
+                            FILE_ATTRIBUTE_NORMAL, nullptr);
         if (hFile == INVALID_HANDLE_VALUE && GetLastError() != ERROR_FILE_EXISTS)
             ThrowUnwritable(strPath, WindowsErrorText(GetLastError()));
     }
     FileHandle file(hFile);
     TemporaryFile temporary(strTemporary);
-    if (!WriteAll(file.Get(), bytes) || !FlushFileBuffers(file.Get()) || !file.Close()) {
+    DeleteOnClose(file.Get(), true);  // a file system that can't do so may keep it
+    if (!WriteAll(file.Get(), bytes) || !FlushFileBuffers(file.Get()) || !DeleteOnClose(file.Get(), false) ||
+        !file.Close()) {
         const DWORD dwError = GetLastError();
         file.Close();  // an open file can't be deleted
         ThrowUnwritable(strPath, WindowsErrorText(dwError));

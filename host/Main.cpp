@@ -88,9 +88,12 @@ int Run(int argc, const char* const* argv) {
     AddFile(*create, "FILE", path, "Rule document to write")->required();
     create->add_flag("--force", bForce, "Replace an existing file");
 
-    CLI::App* show = add("show", "Print the rules, parameters and constraints of a rule document",
-                         [&](const RuleModule& module) { return ShowDocument(module, FromUtf8(path)); });
+    bool bShowJson = false;
+    CLI::App* show =
+        add("show", "Print the rules, parameters and constraints of a rule document",
+            [&](const RuleModule& module) { return ShowDocument(module, FromUtf8(path), bShowJson); });
     AddFile(*show, "FILE", path, "Rule document to read")->required();
+    show->add_flag("--json", bShowJson, "Print them as JSON");
 
     std::vector<std::string> paths;
     CheckOptions checkOptions;
@@ -128,11 +131,13 @@ int Run(int argc, const char* const* argv) {
     std::string output;
     ConvertOptions options;
     CLI::App* convert =
-        add("convert", "Convert a rule document to other units", [&](const RuleModule& module) {
-            options.strInput = FromUtf8(path);
-            options.strOutput = FromUtf8(output);
-            return ConvertDocument(module, options);
-        });
+        add("convert",
+            "Convert a rule document to other units; names on standard error the values that lose digits",
+            [&](const RuleModule& module) {
+                options.strInput = FromUtf8(path);
+                options.strOutput = FromUtf8(output);
+                return ConvertDocument(module, options);
+            });
     AddFile(*convert, "FILE", path, "Rule document to read, and to replace unless -o is given")->required();
     convert->add_option("--length", options.lengthUnit, "New length unit: " + LengthUnitSymbols())
         ->type_name("UNIT");

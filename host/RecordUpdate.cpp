@@ -31,12 +31,22 @@ std::vector<Child> ChildrenOf(const MfxXMLNode& parent) {
     return children;
 }
 
-const Child* FindCounterpart(const std::vector<Child>& children, const Child& child) {
-    const auto found = std::find_if(children.begin(), children.end(), [&](const Child& candidate) {
-        return candidate.nKey == child.nKey && candidate.strTag == child.strTag;
-    });
-    return found != children.end() ? &*found : nullptr;
-}
+// Finds the first child of a tag and key; lists can have very many.
+class ChildIndex {
+  public:
+    explicit ChildIndex(const std::vector<Child>& children) {
+        for (const Child& child : children) m_children[child.strTag].emplace(child.nKey, &child);
+    }
+    const Child* FindCounterpart(const Child& child) const {
+        const auto sameTag = m_children.find(child.strTag);
+        if (sameTag == m_children.end()) return nullptr;
+        const auto found = sameTag->second.find(child.nKey);
+        return found != sameTag->second.end() ? found->second : nullptr;
+    }
+
+  private:
+    std::map<CString, std::map<std::int32_t, const Child*>> m_children;
+};
 
 // Whether an element that the rule did not write again was the rule's own: lists that have become shorter,
 // and the material table of older records, which the uniform thickness rule writes as constraints.
@@ -79,9 +89,10 @@ void UpdateRecord(MfxXMLNode& old, MfxXMLNode& updated) {
     if (newChildren.empty() && old.GetNodeValue() != updated.GetNodeValue())
         old.SetNodeValue(updated.GetNodeValue());
 
+    const ChildIndex oldIndex(oldChildren), newIndex(newChildren);
     const MfxXMLNode* pLast = nullptr;
     for (Child& child : newChildren) {
-        if (const Child* pOld = FindCounterpart(oldChildren, child)) {
+        if (const Child* pOld = oldIndex.FindCounterpart(child)) {
             MfxXMLNode element = pOld->element;
             UpdateRecord(element, child.element);
             pLast = &pOld->element;
@@ -91,6 +102,5 @@ void UpdateRecord(MfxXMLNode& old, MfxXMLNode& updated) {
         }
     }
     for (const Child& child : oldChildren)
-        if (!FindCounterpart(newChildren, child) && IsDropped(child, newChildren))
-            old.RemoveNode(child.element);
+        if (!newIndex.FindCounterpart(child) && IsDropped(child, newChildren)) old.RemoveNode(child.element);
 }

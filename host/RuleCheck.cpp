@@ -8,6 +8,7 @@
 #include "SizeAndWeightCheck.h"
 #include "Text.h"
 
+#include <limits>
 #include <memory>
 
 namespace {
@@ -16,15 +17,8 @@ std::string NumberOf(double value) {
     return ToUtf8(FormatDouble(value));
 }
 
-std::unique_ptr<MfxXMLNode> ChildAt(const MfxXMLNode& parent, const CString& strTag, long nIndex) {
-    const std::unique_ptr<MfxXMLNodeList> pChildren(parent.GetNodeList(strTag));
-    MfxXMLNode* pChild = (*pChildren)[nIndex];
-    return pChild ? std::make_unique<MfxXMLNode>(*pChild) : nullptr;
-}
-
-double AngleInDegrees(const CString& strCell, int nAngleUnit) {
-    return CMFXUnitConvertor().ConversionFromOneUnitToAnother(ParseDouble(strCell), QuantityAngle, nAngleUnit,
-                                                              AngleDegree);
+double InDegrees(double angle, int nAngleUnit) {
+    return CMFXUnitConvertor().ConversionFromOneUnitToAnother(angle, QuantityAngle, nAngleUnit, AngleDegree);
 }
 
 // Element i of a list of numbers, kValueNotGiven behind its end.
@@ -120,10 +114,13 @@ class RuleChecker {
     }
 
   private:
-    void Add(Severity severity, const MfxXMLNode* pElement, long nParamId, const std::string& text) {
-        const MfxXMLNode& element = pElement ? *pElement : *m_pEntry->pRecord;
-        m_findings.push_back({severity, m_document.GetLine(element), m_pEntry->pRule->GetRuleId(),
-                              ToUtf8(m_pEntry->pRule->m_strDisplayName), nParamId, text, false});
+    // In a constraint the text says in which one.
+    void Add(Severity severity, const RecordPlace& place, const std::string& text) {
+        const CMfxRule& rule = *m_pEntry->pRule;
+        const std::string constraint =
+            place.nConstraint >= 0 ? ToUtf8(rule.m_constraintArray[place.nConstraint]->m_strName) + ": " : "";
+        m_findings.push_back({severity, m_document.GetLine(*m_pEntry, place), rule.GetRuleId(),
+                              ToUtf8(rule.m_strDisplayName), place.nParamId, constraint + text, false});
     }
 
     // ---- uniform wall thickness
@@ -131,38 +128,32 @@ class RuleChecker {
     void CheckLimits() {
         const MfxParamArray& params = m_pEntry->pRule->m_paramArray;
         if (!FindParameter(params, kThicknessMinId)) return;
-        CheckPair(*m_pEntry->pRecord, params, "");
+        CheckPair(-1, params);
         const auto& constraints = m_pEntry->pRule->m_constraintArray;
-        for (int i = 0; i < constraints.GetCount(); ++i) {
-            const std::unique_ptr<MfxXMLNode> pElement = ChildAt(*m_pEntry->pRecord, kConstraintTag, i);
-            CheckPair(pElement ? *pElement : *m_pEntry->pRecord, constraints[i]->m_paramArray,
-                      ToUtf8(constraints[i]->m_strName) + ": ");
-        }
+        for (int i = 0; i < constraints.GetCount(); ++i) CheckPair(i, constraints[i]->m_paramArray);
         HintAtOlderForms();
     }
 
-    void CheckPair(const MfxXMLNode& parent, const MfxParamArray& params, const std::string& material) {
+    void CheckPair(int nConstraint, const MfxParamArray& params) {
         const CMfxParamStorage* pMinimum = FindParameter(params, kThicknessMinId);
         const CMfxParamStorage* pMaximum = FindParameter(params, kThicknessMaxId);
         if (!pMinimum || !pMaximum || !pMinimum->m_bStatus || !pMaximum->m_bStatus) return;
         const MfxArray<double>&minimum = pMinimum->GetValues<double>(),
               &maximum = pMaximum->GetValues<double>();
         if (minimum.IsEmpty() || maximum.IsEmpty() || minimum[0] <= maximum[0] + kTolerance) return;
-        Add(Severity::Error, FindParameterElement(parent, kThicknessMinId).get(), kThicknessMinId,
-            material + "the minimum, " + NumberOf(minimum[0]) + ", is above the maximum, " +
-                NumberOf(maximum[0]));
+        Add(Severity::Error, {nConstraint, kThicknessMinId},
+            "the minimum, " + NumberOf(minimum[0]) + ", is above the maximum, " + NumberOf(maximum[0]));
     }
 
     void HintAtOlderForms() {
-        const MfxXMLNode& record = *m_pEntry->pRecord;
-        if (const auto pTable = FindParameterElement(record, kLegacyMaterialTableId))
-            Add(Severity::Hint, pTable.get(), kLegacyMaterialTableId,
+        if (FindParameterElement(*m_pEntry->pRecord, kLegacyMaterialTableId))
+            Add(Severity::Hint, {-1, kLegacyMaterialTableId},
                 "an older form: saving makes a constraint of each of its materials");
         for (const long nParamId : {kThicknessMinId, kThicknessMaxId}) {
-            const auto pLimit = FindParameterElement(record, nParamId);
-            const std::unique_ptr<MfxXMLNode> pSecond(pLimit ? ChildAt(*pLimit, L"Value", 1) : nullptr);
-            if (pSecond)
-                Add(Severity::Hint, pSecond.get(), nParamId,
+            const auto pLimit = FindParameterElement(*m_pEntry->pRecord, nParamId);
+            const auto value = pLimit ? pLimit->FindChild(L"Value") : std::nullopt;
+            if (value && value->FindNext(L"Value"))
+                Add(Severity::Hint, {-1, nParamId, 2},
                     "an older form: the first value is a switch, which saving makes the parameter's status");
         }
     }
@@ -172,17 +163,16 @@ class RuleChecker {
     void CheckGroups() {
         if (!m_pEntry->pRule->FindParameterInArray(kMassUnitId)) return;
         const auto& groups = m_pEntry->pRule->m_constraintArray;
+        const std::unique_ptr<MfxXMLNodeList> pElements(m_pEntry->pRecord->GetNodeList(kConstraintTag));
         for (int i = 0; i < groups.GetCount(); ++i) {
-            const std::unique_ptr<MfxXMLNode> pElement = ChildAt(*m_pEntry->pRecord, kConstraintTag, i);
             const std::vector<NumberedBand> bands = BandsOf(*groups[i]);
-            const std::string name = ToUtf8(groups[i]->m_strName) + ": ";
             if (const SizeAndWeightResult result = CheckSizeAndWeightBands(bands);
                 result.flaw != SizeAndWeightFlaw::None)
-                Add(Severity::Error, pElement.get(), 0, name + Sentence(result));
+                Add(Severity::Error, {i}, Sentence(result));
             for (std::size_t j = 1; j < bands.size(); ++j)
                 if (bands[j].band.thickness < bands[j - 1].band.thickness - kTolerance)
-                    Add(Severity::Hint, pElement.get(), kThicknessId,
-                        name + "row " + std::to_string(bands[j].nRow) +
+                    Add(Severity::Hint, {i, kThicknessId},
+                        "row " + std::to_string(bands[j].nRow) +
                             ": the wall is thinner than in the band before");
         }
     }
@@ -195,36 +185,34 @@ class RuleChecker {
         std::vector<MfxTableRow> rows(pTable->GetValues<MfxTableRow>().begin(),
                                       pTable->GetValues<MfxTableRow>().end());
         for (MfxTableRow& row : rows) row.cells.resize(5);
-        const auto pElement = FindParameterElement(*m_pEntry->pRecord, kDraftAngleTableId);
-        const auto rowElement = [&](std::size_t nRow) {
-            return pElement ? ChildAt(*pElement, L"Value", static_cast<long>(nRow)) : nullptr;
-        };
-        for (std::size_t i = 0; i < rows.size(); ++i) CheckAngles(rows, i, rowElement(i).get());
+        CheckAngles(rows);
         // Stored tables close the last band with a number for "no limit"; the dialog shows it as an empty
         // cell.
         if (!rows.empty() && IsNoUpperLimit(ParseDouble(rows.back().cells[1]))) rows.back().cells[1].Empty();
         const DraftTableResult result = ::CheckDraftTable(rows);
-        if (result.flaw == DraftTableFlaw::None) return;
-        const auto pRow = result.nRow > 0 ? rowElement(static_cast<std::size_t>(result.nRow) - 1) : nullptr;
-        Add(Severity::Error, pRow ? pRow.get() : pElement.get(), kDraftAngleTableId, Sentence(result));
+        if (result.flaw != DraftTableFlaw::None)
+            Add(Severity::Error, {-1, kDraftAngleTableId, result.nRow}, Sentence(result));
     }
 
-    void CheckAngles(const std::vector<MfxTableRow>& rows, std::size_t nRow, const MfxXMLNode* pElement) {
-        constexpr double kRightAngle = 90.0;
-        const std::string row = "row " + std::to_string(nRow + 1) + ": ";
-        bool bGrows = false;
-        for (std::size_t nCell = 2; nCell < 5; ++nCell) {
-            const CString& strCell = rows[nRow].cells[nCell];
-            if (AngleInDegrees(strCell, m_document.GetUnits().m_nAngleUnit) > kRightAngle - kTolerance)
-                Add(Severity::Error, pElement, kDraftAngleTableId,
-                    row + "angle " + std::to_string(nCell - 1) + ", " + ToUtf8(strCell) +
-                        ", is not below 90 degrees");
-            bGrows = bGrows || (nRow > 0 && !strCell.IsEmpty() && !rows[nRow - 1].cells[nCell].IsEmpty() &&
-                                ParseDouble(strCell) > ParseDouble(rows[nRow - 1].cells[nCell]) + kTolerance);
+    void CheckAngles(const std::vector<MfxTableRow>& rows) {
+        constexpr double kRightAngle = 90.0, kNone = std::numeric_limits<double>::infinity();
+        double before[] = {kNone, kNone, kNone, kNone, kNone};  // the row's above
+        RecordPlace place{-1, kDraftAngleTableId};
+        for (const MfxTableRow& row : rows) {
+            const std::string prefix = "row " + std::to_string(++place.nRow) + ": ";
+            bool bGrows = false;
+            for (std::size_t nCell = 2; nCell < 5; ++nCell) {
+                const CString& strCell = row.cells[nCell];
+                const double angle = ParseDouble(strCell);
+                if (InDegrees(angle, m_document.GetUnits().m_nAngleUnit) > kRightAngle - kTolerance)
+                    Add(Severity::Error, place,
+                        prefix + "angle " + std::to_string(nCell - 1) + ", " + ToUtf8(strCell) +
+                            ", is not below 90 degrees");
+                bGrows = bGrows || angle > before[nCell] + kTolerance;
+                before[nCell] = strCell.IsEmpty() ? kNone : angle;
+            }
+            if (bGrows) Add(Severity::Hint, place, prefix + "a draft angle is larger than for smaller sizes");
         }
-        if (bGrows)
-            Add(Severity::Hint, pElement, kDraftAngleTableId,
-                row + "a draft angle is larger than for smaller sizes");
     }
 
     // ---- wall thickness variation
@@ -233,8 +221,7 @@ class RuleChecker {
         const CMfxParamStorage* pVariation = m_pEntry->pRule->FindParameterInArray(kVariationId);
         if (!pVariation || pVariation->GetValues<double>().IsEmpty()) return;
         if (pVariation->GetValues<double>()[0] <= 0.0)
-            Add(Severity::Error, FindParameterElement(*m_pEntry->pRecord, kVariationId).get(), kVariationId,
-                "the variation has to be above zero");
+            Add(Severity::Error, {-1, kVariationId}, "the variation has to be above zero");
     }
 
     const RuleDocument& m_document;

@@ -2,14 +2,18 @@
 
 #include "File.h"
 #include "HostError.h"
+#include "ParameterXml.h"
 #include "RecordUpdate.h"
 #include "Text.h"
 #include "UnitNames.h"
 #include "XmlNumber.h"
 
+#include <utility>
+
 namespace {
 
 constexpr wchar_t kRootTag[] = L"MfxRules";
+constexpr wchar_t kRuleTag[] = L"Rule";
 constexpr int kVersion = 1;
 
 std::unique_ptr<MfxXMLNode> WriteRecord(CMfxRule& rule) {
@@ -32,6 +36,13 @@ class WritingScope {
   private:
     const RuleModule& m_module;
 };
+
+// Goes down to a child element if it is there.
+void Enter(MfxXMLNode& element, const CString& strTag, int nIndex) {
+    auto child = element.FindChild(strTag);
+    for (int i = 0; child && i < nIndex; ++i) child = child->FindNext(strTag);
+    if (child && nIndex >= 0) element = *child;
+}
 
 }  // namespace
 
@@ -66,6 +77,17 @@ std::string RuleDocument::Place(int nLine) const {
     return ToUtf8(m_strPath) + ":" + (nLine ? std::to_string(nLine) + ":" : "") + " ";
 }
 
+int RuleDocument::GetLine(const Entry& entry, const RecordPlace& place) const {
+    MfxXMLNode element = *entry.pRecord;
+    Enter(element, kConstraintTag, place.nConstraint);
+    if (const auto pParameter = FindParameterElement(element, static_cast<std::int32_t>(place.nParamId));
+        pParameter && place.nParamId != 0) {
+        element = *pParameter;
+        Enter(element, L"Value", place.nRow - 1);
+    }
+    return GetLine(element);
+}
+
 // A missing attribute means what a fresh document has. One digit and nothing else: rules read no more of it.
 void RuleDocument::ReadUnits(const MfxXMLNode& root) {
     const auto read = [&](const CString& strName, int nDefault, auto isKnown, const std::string& known) {
@@ -88,35 +110,41 @@ void RuleDocument::ReadUnits(const MfxXMLNode& root) {
 }
 
 void RuleDocument::ReadRules(const MfxXMLNode& root, const RuleModule& module) {
-    const std::unique_ptr<MfxXMLNodeList> pRecords(root.GetNodeList(L"Rule"));
+    const std::unique_ptr<MfxXMLNodeList> pRecords(root.GetNodeList(kRuleTag));
     for (long i = 0; i < pRecords->GetSize(); ++i) {
         Entry entry;
         entry.pRecord = std::make_unique<MfxXMLNode>(*(*pRecords)[i]);
         entry.nLine = m_pXml->GetLine(*entry.pRecord);
-        entry.pRule = module.CreateRule(*entry.pRecord);
-        if (entry.pRule) {
-            entry.pRule->m_nLengthUnit = m_units.m_nLengthUnit;
-            entry.pRule->m_nAngleUnit = m_units.m_nAngleUnit;
-        }
+        entry.pRule = MakeRule(*entry.pRecord, module);
         m_entries.push_back(std::move(entry));
+        PrintProgress(m_entries.size(), static_cast<std::size_t>(pRecords->GetSize()), "rule");
     }
 }
 
-std::vector<MfxXMLNode> RuleDocument::FindNestedRules() const {
-    std::vector<MfxXMLNode> found, open;
-    const auto openChildren = [&open](const MfxXMLNode& parent) {
-        const std::unique_ptr<MfxXMLNodeList> pChildren(parent.GetNodeList(L""));
-        for (long i = 0; i < pChildren->GetSize(); ++i) open.push_back(*(*pChildren)[i]);
-    };
-    openChildren(*std::unique_ptr<MfxXMLNode>(m_pXml->GetRootNode()));
-    std::erase_if(open, [](const MfxXMLNode& child) { return child.GetNodeName() == L"Rule"; });
-    while (!open.empty()) {
-        const MfxXMLNode element = open.back();
-        open.pop_back();
-        if (element.GetNodeName() == L"Rule") found.push_back(element);
-        openChildren(element);
+RulePtr RuleDocument::MakeRule(MfxXMLNode& record, const RuleModule& module) const {
+    RulePtr pRule = module.CreateRule(record);
+    if (pRule) {
+        pRule->m_nLengthUnit = m_units.m_nLengthUnit;
+        pRule->m_nAngleUnit = m_units.m_nAngleUnit;
     }
-    return found;
+    return pRule;
+}
+
+std::vector<MfxXMLNode> RuleDocument::FindNestedRules() const {
+    const std::unique_ptr<MfxXMLNode> pRoot(m_pXml->GetRootNode());
+    std::vector<MfxXMLNode> rules = pRoot->FindDescendants(kRuleTag);
+    std::erase_if(rules, [&](const MfxXMLNode& rule) {
+        return *std::unique_ptr<MfxXMLNode>(rule.GetParentNode()) == *pRoot;
+    });
+    return rules;
+}
+
+const RuleDocument::Entry* RuleDocument::FindEntry(const MfxXMLNode& element) const {
+    for (auto pAncestor = std::make_unique<MfxXMLNode>(element); pAncestor;
+         pAncestor.reset(pAncestor->GetParentNode()))
+        for (const Entry& entry : m_entries)
+            if (*entry.pRecord == *pAncestor) return &entry;
+    return nullptr;
 }
 
 void RuleDocument::Append(RulePtr pRule, const RuleModule& module) {
@@ -131,16 +159,17 @@ void RuleDocument::Append(RulePtr pRule, const RuleModule& module) {
 
 void RuleDocument::ConvertUnits(const UnitPair& units, const RuleModule& module) {
     const WritingScope writing(module, *m_pXml);
-    for (const Entry& entry : m_entries) {
-        if (!entry.pRule) continue;
-        entry.pRule->ConvertUnits(m_units, units);
-        const std::unique_ptr<MfxXMLNode> pRecord = WriteRecord(*entry.pRule);
-        UpdateRecord(*entry.pRecord, *pRecord);
-    }
-    m_units = units;
+    const UnitPair from = std::exchange(m_units, units);
     const std::unique_ptr<MfxXMLNode> pRoot(m_pXml->GetRootNode());
     pRoot->AddAttribute(L"Unit", FormatInteger(units.m_nLengthUnit));
     pRoot->AddAttribute(L"AngleUnit", FormatInteger(units.m_nAngleUnit));
+    for (Entry& entry : m_entries) {
+        if (!entry.pRule) continue;
+        entry.pRule->ConvertUnits(from, units);
+        const std::unique_ptr<MfxXMLNode> pRecord = WriteRecord(*entry.pRule);
+        UpdateRecord(*entry.pRecord, *pRecord);
+        entry.pRule = MakeRule(*entry.pRecord, module);
+    }
 }
 
 bool RuleDocument::ConfigureRule(const Entry& entry, const RuleModule& module) {

@@ -8,6 +8,13 @@
 #include <string>
 #include <vector>
 
+// Where in a rule's record a value stands, as far as it is known.
+struct RecordPlace {
+    int nConstraint = -1;  // from 0; -1 in the rule itself
+    long nParamId = 0;
+    int nRow = 0;  // from 1, of the parameter's values
+};
+
 // A rule document: the rules that a company saved, of this and of other modules.
 //
 //   <?xml version="1.0" encoding="UTF-8"?>
@@ -38,7 +45,8 @@ class RuleDocument {
     // Appends the record of a rule, which the document takes over.
     void Append(RulePtr pRule, const RuleModule& module);
 
-    // Converts every rule to other units and brings its record up to date.
+    // Converts every rule to other units and brings its record up to date; the rule then is what the record
+    // says.
     void ConvertUnits(const UnitPair& units, const RuleModule& module);
 
     // Runs the dialog of one of the document's rules, then brings the rule back to the document's units and
@@ -49,8 +57,16 @@ class RuleDocument {
     std::string Place(int nLine) const;
     int GetLine(const MfxXMLNode& element) const { return m_pXml->GetLine(element); }
 
+    // Line of the element that stands there, or of the nearest one around it.
+    int GetLine(const Entry& entry, const RecordPlace& place) const;
+
+    std::vector<MfxXmlFlaw> FindFlaws() const { return m_pXml->FindFlaws(); }
+
     // "Rule" elements that stand deeper than the rules of the document, where nothing reads them.
     std::vector<MfxXMLNode> FindNestedRules() const;
+
+    // The rule in whose record the element stands, or null.
+    const Entry* FindEntry(const MfxXMLNode& element) const;
 
     // Throws HostError (Missing) when the file can't be written.
     void Save(const CString& strPath) const;
@@ -59,6 +75,7 @@ class RuleDocument {
     [[noreturn]] void Refuse(int nLine, const std::string& reason) const;
     void ReadUnits(const MfxXMLNode& root);
     void ReadRules(const MfxXMLNode& root, const RuleModule& module);
+    RulePtr MakeRule(MfxXMLNode& record, const RuleModule& module) const;
 
     CString m_strPath;
     std::unique_ptr<MfxXMLDocument> m_pXml = std::make_unique<MfxXMLDocument>();

@@ -1,40 +1,25 @@
 #include "RuleTable.h"
 
-#include "NumberText.h"
 #include "RuleParameters.h"
+#include "RuleValues.h"
 #include "Text.h"
 #include "TextTable.h"
-#include "UnitNames.h"
 #include "ValueText.h"
 
 #include <algorithm>
-#include <charconv>
-#include <cmath>
 
 namespace {
 
 using Align = TextTable::Align;
 
-// A limit, with the marks for "not given" and "no upper limit" in words.
-std::string FormatLimit(double value, ParameterQuantity quantity) {
-    if (quantity != ParameterQuantity::None && value < -kTolerance) return "-";
-    return IsNoUpperLimit(value) ? "no limit" : FormatNumber(value);
-}
-
 bool IsTable(const CMfxParamStorage& storage) {
     return storage.m_paramType == ParamTable && storage.GetType() == TypeTableRow;
 }
 
-std::string FormatCell(const CString& strCell) {
-    if (IsNumericText(strCell) && IsNoUpperLimit(ParseDouble(strCell))) return "no limit";
-    return strCell.IsEmpty() ? "-" : ToUtf8(strCell);
-}
-
-// Symbol of the unit in which the rule keeps its masses.
-std::string MassUnitLabel(const CMfxRule& rule) {
-    const CMfxParamStorage* pUnit = FindParameter(rule.m_paramArray, kMassUnitId);
-    const bool bHasLabel = pUnit && pUnit->GetType() == TypeText && !pUnit->GetValues<CString>().IsEmpty();
-    return MassUnitSymbol(bHasLabel ? ToUtf8(pUnit->GetValues<CString>()[0]) : "");
+// A number as the document writes it.
+std::string FormatCell(const MfxTableRow& row, std::size_t nCell) {
+    const NumberOrWord content = ContentOfCell(row, nCell);
+    return std::holds_alternative<double>(content) ? ToUtf8(row.cells[nCell]) : FormatNumberOrWord(content);
 }
 
 // Values of one parameter, separated by commas; table rows by their number, since they stand in a table of
@@ -59,17 +44,20 @@ std::string FormatValues(const CMfxParamStorage& storage, const CMfxRule& rule) 
     return unit.empty() ? text : text + " " + unit;
 }
 
-// The rows of a size-band table: two lengths, then angles.
+std::string Heading(const std::string& name, const std::string& unit) {
+    return unit.empty() ? name : name + " [" + unit + "]";
+}
+
 std::string FormatBands(const MfxArray<MfxTableRow>& rows, const CMfxRule& rule) {
-    const std::string length = " [" + LengthUnitSymbol(rule.m_nLengthUnit) + "]";
-    const std::string angle = " [" + AngleUnitSymbol(rule.m_nAngleUnit) + "]";
-    std::size_t nColumns = 5;
+    std::vector<std::string> header;
+    for (const BandColumn& column : BandColumns(rule)) header.push_back(Heading(column.name, column.unit));
+    std::size_t nColumns = header.size();
     for (const MfxTableRow& row : rows) nColumns = std::max(nColumns, row.cells.size());
     TextTable table(std::vector<Align>(nColumns, Align::Right));
-    table.Add({"from" + length, "to" + length, "angle 1" + angle, "angle 2" + angle, "angle 3" + angle});
+    table.Add(std::move(header));
     for (const MfxTableRow& row : rows) {
         std::vector<std::string> cells;
-        for (const CString& strCell : row.cells) cells.push_back(FormatCell(strCell));
+        for (std::size_t i = 0; i < row.cells.size(); ++i) cells.push_back(FormatCell(row, i));
         table.Add(std::move(cells));
     }
     return table.Format(4);
@@ -94,12 +82,13 @@ std::vector<std::vector<std::string>> ConstraintRows(const CMFXConstraint& const
     for (int nColumn = 0; nColumn < constraint.m_paramArray.GetCount(); ++nColumn) {
         const CMfxParamStorage& storage = *constraint.m_paramArray[nColumn].m_pStorage;
         const MfxArray<double>& values = storage.GetValues<double>();
+        const bool bOfBand = IsBandParameter(storage.m_nParamId);
         rows.resize(std::max(rows.size(), static_cast<std::size_t>(values.GetCount())));
         for (std::size_t i = 0; i < rows.size(); ++i) {
             const int nValue = static_cast<int>(i);
             rows[i].resize(static_cast<std::size_t>(nColumn), "-");
             rows[i].push_back(nValue < values.GetCount()
-                                  ? FormatLimit(values[nValue], QuantityOfParameter(storage.m_nParamId))
+                                  ? FormatNumberOrWord(ContentOfNumber(values[nValue], bOfBand))
                                   : "-");
         }
     }
@@ -110,10 +99,9 @@ std::vector<std::vector<std::string>> ConstraintRows(const CMFXConstraint& const
 std::string FormatConstraints(const CMfxRule& rule) {
     if (rule.m_constraintArray.IsEmpty()) return {};
     std::vector<std::string> header{"constraint", "active"};
-    for (const MfxParamRecord& record : rule.m_constraintArray[0]->m_paramArray) {
-        const std::string unit = UnitOfParameter(*record.m_pStorage, rule);
-        header.push_back(ToUtf8(record.m_pStorage->m_strName) + (unit.empty() ? "" : " [" + unit + "]"));
-    }
+    for (const MfxParamRecord& record : rule.m_constraintArray[0]->m_paramArray)
+        header.push_back(
+            Heading(ToUtf8(record.m_pStorage->m_strName), UnitOfParameter(*record.m_pStorage, rule)));
     std::vector<Align> columns(header.size(), Align::Right);
     columns[0] = columns[1] = Align::Left;
     TextTable table(columns);
@@ -135,23 +123,4 @@ std::string FormatRule(const CMfxRule& rule) {
     return ToUtf8(rule.m_strDisplayName) + " (rule " + std::to_string(rule.GetRuleId()) + ")\n  " +
            ToUtf8(rule.m_strSummary) + "\n  status " + std::to_string(rule.m_nStatus) + ", severity " +
            std::to_string(rule.m_nSeverity) + "\n" + FormatParameters(rule) + FormatConstraints(rule);
-}
-
-std::string FormatNumber(double value) {
-    const bool bLarge = std::fabs(value) >= 1e6 && std::fabs(value) < 1e15;
-    char text[32];
-    const auto format = bLarge ? std::chars_format::fixed : std::chars_format::general;
-    return {text, std::to_chars(text, text + sizeof text, value, format, bLarge ? 0 : 7).ptr};
-}
-
-std::string UnitOfParameter(const CMfxParamStorage& storage, const CMfxRule& rule) {
-    switch (QuantityOfParameter(storage.m_nParamId)) {
-        case ParameterQuantity::Length:
-            return LengthUnitSymbol(rule.m_nLengthUnit);
-        case ParameterQuantity::Mass:
-            return MassUnitLabel(rule);
-        case ParameterQuantity::None:
-            break;
-    }
-    return {};
 }

@@ -33,8 +33,17 @@ bool FlushOutput() {
     return fflush(stdout) == 0 && ferror(stdout) == 0;
 }
 
-bool IsErrorTerminal() {
-    return _isatty(_fileno(stderr)) != 0;
+void PrintProgress(std::size_t nDone, std::size_t nTotal, const std::string& noun) {
+    constexpr ULONGLONG kBetweenMs = 500;
+    static ULONGLONG nLastMs = GetTickCount64();
+    static std::size_t nShown = 0;
+    const bool bEnd = nDone == nTotal;
+    if ((!bEnd && GetTickCount64() - nLastMs < kBetweenMs) || (bEnd && nShown == 0)) return;
+    nLastMs = GetTickCount64();
+    const std::string text =
+        bEnd ? std::string(nShown, ' ') : std::to_string(nDone) + " of " + Count(nTotal, noun);
+    nShown = bEnd ? 0 : text.size();
+    if (_isatty(_fileno(stderr))) PrintError(text + "\r");
 }
 
 void PrepareConsole() {

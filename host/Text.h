@@ -15,8 +15,9 @@ void PrintError(const std::string& text);
 // Ends the output; false when not all of it could be written.
 bool FlushOutput();
 
-// Whether standard error is a terminal.
-bool IsErrorTerminal();
+// Shows on the terminal how far a long command has come, twice a second, and nothing where standard error is
+// a pipe: there it would end up among the messages.
+void PrintProgress(std::size_t nDone, std::size_t nTotal, const std::string& noun);
 
 // Puts the console in a state in which it shows what Print writes.
 void PrepareConsole();

@@ -20,14 +20,15 @@ CString CurrentExceptionText() {
 }  // namespace
 
 LRESULT mfx::ReportException(const MSG& msg) {
-    if (msg.message == WM_PAINT) ::ValidateRect(msg.hwnd, nullptr);
     const CString text = CurrentExceptionText();
     ::OutputDebugStringW(text + L"\n");
+    if (msg.message == WM_CREATE) return -1;
+    if (msg.message == WM_PAINT) return ::ValidateRect(msg.hwnd, nullptr), 0;
     // Not box upon box, if it is a timer's handler that fails.
     thread_local bool isShowing = false;
     if (!std::exchange(isShowing, true)) {
         AfxMessageBox(text.GetString(), MB_ICONSTOP);
         isShowing = false;
     }
-    return msg.message == WM_CREATE ? -1 : 0;
+    return 0;
 }

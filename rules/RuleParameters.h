@@ -20,6 +20,11 @@ inline constexpr long kWeightMaxId = 29122;
 inline constexpr long kThicknessId = 29118;
 inline constexpr long kMassUnitId = 10165;
 
+// Whether the parameter is a list of the bands, where marks stand for "not given" and "no limit".
+constexpr bool IsBandParameter(long nParamId) {
+    return nParamId >= kThicknessId && nParamId <= kWeightMaxId;
+}
+
 // Wall-thickness variation
 inline constexpr long kVariationId = 29167;
 

@@ -10,7 +10,7 @@ preset=
 [[ ${1:-} != --build ]] || preset=$2
 
 packages=(
-  g++-mingw-w64-x86-64-posix cmake ninja-build python3
+  g++-mingw-w64-x86-64-posix cmake ninja-build python3 python3-jsonschema libxml2-utils
   dpkg-dev ca-certificates googletest libcli11-dev nlohmann-json3-dev
   wine64 fonts-wine fonts-noto-cjk locales xvfb
   # Wine loads these when they are there, and its windows behave differently without them.

@@ -34,5 +34,7 @@ TEST(MFXUnitConvertorTest, ConvertsByTheUnitsSizes) {
         }
     }
     EXPECT_TRUE(convert(1, 1, 3, 1) == 25.4 && convert(1, 25.4, 1, 3) == 1) << "exactly";
+    EXPECT_TRUE(convert(1, 1e308, 3, 3) == 1e308 && convert(1, 1e306, 3, 4) < 3e304)
+        << "no overflow on the way";
     EXPECT_EQ(convert(5, 7, 1, 2), 7) << "unknown quantity";
 }

@@ -55,14 +55,44 @@ TEST_F(HostTest, ShowsADocument) {
     Run({L"show", L"d.xml"}, 1, HasSubstr("\n    吉吉吉吉吉\n            𠮷\n"), _);
 }
 
+TEST_F(HostTest, ShowsADocumentAsJson) {
+    const auto show = [&](const std::string& document) {
+        m_folder.Write(L"d.xml", document);
+        const ProcessResult run = Run({L"show", L"d.xml", L"--json", L"--lang", L"japanese"});
+        EXPECT_THAT(run.err, StartsWith("d.xml:"));
+        EXPECT_EQ(run.nExitCode, 1);
+        return std::regex_replace(run.out, std::regex("\n *"), "");
+    };
+    const std::string row =
+        R"(<Value Attribute1=".5" Attribute2="1000000000.0" Attribute3="" Attribute4="1.2.3"/>)";
+    EXPECT_EQ(
+        show(Document(row, R"(<Rule Name="Bend" Module="Other"/>)")),
+        R"({"version": 1,"file": "d.xml","units": {"length": "mm","angle": "deg"},"rules": [)"
+        R"({"line": 1,"rule": "Bend","ruleId": null,"recognised": false,"recordName": "Bend",)"
+        R"("module": "Other"},{"line": 2,"rule": "可変抜き勾配","ruleId": 19040,"recognised": true,)"
+        R"("recordName": "Variable Draft Angle","module": "MFXSandCastingRulesValidator",)"
+        R"("summary": "鋳造フィーチャのサイズに応じて必要な抜き勾配","status": -1,"severity": 2,)"
+        R"("parameters": [{"parameter": 29183,"name": "サイズ別抜き勾配","active": true,"columns": [)"
+        R"({"name": "from","unit": "mm"},{"name": "to","unit": "mm"},{"name": "angle 1","unit": "deg"},)"
+        R"({"name": "angle 2","unit": "deg"},{"name": "angle 3","unit": "deg"}],)"
+        R"("rows": [[0.5,"no limit",null,"1.2.3"]]}],"constraints": []}]})");
+    const std::string metres = m_folder.Read(Wide(MFX_SAMPLES "size-and-weight-metres.xml"));
+    EXPECT_THAT(
+        show(Replaced(Replaced(metres, ">0.6<", ">1e999<"), "9\" Status=\"1", "9\" Status=\"0")),
+        AllOf(HasSubstr(R"(null,"values": ["lb"]}],"constraints": [{"constraint": "Steel","active": true)"),
+              HasSubstr(R"("active": false,"unit": "m","values": [0.0,0.2])"),
+              HasSubstr(R"("active": true,"unit": "m","values": [0.2,"inf"])"),
+              HasSubstr(R"("unit": "lb","values": [null,null])")));
+}
+
 TEST_F(HostTest, TakesAnyPath) {
     const std::wstring path = m_folder.Write(L"日本 語 𠮷 %TEMP% é.xml", m_sample);
     const std::wstring rooted = Wide(MFX_SAMPLES "draft-angle.xml").substr(2);  // "/..." on the current drive
     for (const std::wstring& given : {path, m_folder.Names()[0], rooted}) {
-        Run({L"convert", given, L"--length", L"in", L"-o", L"出力 𠮷.xml"}, 0,
-            "出力 𠮷.xml: 1 rule converted from millimetres and degrees to inches and degrees\n", "");
+        Run({L"convert", given, L"--length", L"cm", L"-o", L"出力 𠮷.xml"}, 0,
+            "出力 𠮷.xml: 1 rule converted from millimetres and degrees to centimetres and degrees\n", "");
         Run({L"show", given}, 0, StartsWith(Utf8(given) + ": 1 rule in millimetres "), "");
-        Run({L"show", L"出力 𠮷.xml"}, 0, HasSubstr("1 rule in inches and degrees"), "");
+        Run({L"show", L"出力 𠮷.xml"}, 0, HasSubstr("1 rule in centimetres and degrees"), "");
     }
     Run({L"show", L"ない 𠮷.xml"}, 3, "", HasSubstr("ない 𠮷.xml: can't be read"));
     EXPECT_EQ(m_folder.Names().size(), 2u);

@@ -63,8 +63,18 @@ TEST_F(HostTest, LosesNothingSilently) {
         {"<Remarks>", "<Note>n</Note><Remarks>", "<Note>n</Note>"},
         {"</Parameter>", "</Parameter><Parameter Type=\"29183\"><Value Attribute1=\"7\"/></Parameter>",
          nullptr},
+        {"<Remarks>r", "<Remarks>r&#1;", "<Remarks>r&#01;</Remarks>"},
+        {" Attribute3", " Attribute2=\"7\" Attribute3", nullptr},
+        {"</Rule>", "<Rule Name=\"n\" /></Rule>", nullptr},
+        {"\"2\"/>", "\"2\">25.4</Value>", nullptr},
+        {" Attribute3", " Attribute9=\"7\" Attribute3", nullptr},
+        {"<Remarks>", "<ResultCriteria><PercentDeviation>p</PercentDeviation></ResultCriteria><Remarks>",
+         nullptr},
+        {"<Rule N", "stray<Rule N", "stray"},
         {" Attribute4=\"2\"", "", nullptr},  // too short: it would keep the old units
         {"<Operator>3", "<Operator>is", nullptr},
+        {"<Operator>3", "<Operator>1", nullptr},  // values in pairs or threes; others are not written
+        {"25.4", std::string(400, '9'), nullptr},
         {"<ParameterType>24", "<ParameterType>", nullptr},
     };
     for (const auto& [part, by, kept] : kCases) {
@@ -80,6 +90,64 @@ TEST_F(HostTest, LosesNothingSilently) {
         EXPECT_THAT(run.err, StartsWith("d.xml:"));
         EXPECT_TRUE(after == document);
     }
+}
+
+TEST_F(HostTest, NamesTheValuesThatLoseDigits) {
+    const std::string rule = ": Variable Draft Angle: parameter 29183, ", table = "d.xml:5" + rule;
+    const std::string row = R"(<Value Attribute1="0" Attribute2="25.4" Attribute3="3" Attribute4="2"/>)";
+    const std::string criteria =
+        "<ResultCriteria><AbsoluteDeviation><Info><Value>0.00000025</Value><Value>0.00000125</Value></Info>"
+        "</AbsoluteDeviation></ResultCriteria>";
+    std::string rows;
+    for (int i = 0; i < 12; ++i) rows += Replaced(row, "25.4", i == 11 ? "0.0004" : "101") + "\n";
+    const struct {
+        std::string rows;
+        std::wstring option, unit;
+        std::string err;
+    } kCases[] = {
+        {row, L"--length", L"in", ""},
+        {Replaced(row, "25.4", "101"), L"--length", L"in",
+         table + "row 1, to: 101 mm became 3.976378 in instead of 3.976377953 in\n"},
+        {Replaced(row, "25.4", "0.0254"), L"--length", L"m",
+         table + "row 1, to: 0.0254 mm became 0.000025 m instead of 0.0000254 m\n"},
+        {Replaced(row, "25.4", "0.0004"), L"--length", L"m",
+         table + "row 1, to: 0.0004 mm became 0 m instead of 0.0000004 m\n"},
+        {Replaced(row, "25.4", "1000000000000"), L"--length", L"m",
+         table + "row 1, to: 1000000000000 mm became no limit instead of 1000000000 m\n"},
+        {Replaced(row, "/>", " Attribute5=\"\"/>"), L"--angle", L"arcmin",
+         table + "row 1, angle 3: an empty cell became 0 arcmin\n"},
+        {row + criteria, L"--length", L"in",
+         "d.xml:3" + rule +
+             "row 1, Draft angles by size, absolute deviation, info: 0.00000025 became 0 instead of "
+             "0.00000025\nd.xml:3" +
+             rule +
+             "row 1, Draft angles by size, absolute deviation, info, second: 0.00000125 became 0.000001 "
+             "instead of 0.00000125\n"},
+    };
+    for (const auto& [inTable, option, unit, err] : kCases) {
+        SCOPED_TRACE(inTable);
+        m_folder.Write(L"d.xml", Document(inTable));
+        Run({L"convert", L"d.xml", option, unit}, 0, HasSubstr("1 rule converted"), err);
+    }
+    m_folder.Write(L"d.xml", Document(rows));
+    Run({L"convert", L"d.xml", L"--length", L"in"}, 0, HasSubstr("1 rule converted"),
+        AllOf(
+            StartsWith(
+                "d.xml:16: Variable Draft Angle: parameter 29183, row 12, to: 0.0004 mm became 0.000016 in"),
+            EndsWith("row 9, to: 101 mm became 3.976378 in instead of 3.976377953 in\n"
+                     "and 2 more, with smaller losses\n")));
+}
+
+TEST_F(HostTest, ConvertsNoNumberThatIsTooLargeInTheNewUnit) {
+    const std::string number = "1" + std::string(307, '0');
+    const std::string document =
+        Document("<Value Attribute1=\"0\" Attribute2=\"" + number + R"(" Attribute3="3" Attribute4="2"/>)");
+    m_folder.Write(L"d.xml", document);
+    Run({L"convert", L"d.xml", L"--length", L"um"}, 1, "",
+        "d.xml:5: parameter 29183, Attribute2: \"inf\" is not a number\nmfxhost: d.xml was not converted\n");
+    EXPECT_EQ(m_folder.Read(L"d.xml"), document);
+    Run({L"convert", L"d.xml", L"--length", L"m"}, 0, _, "");
+    EXPECT_THAT(m_folder.Read(L"d.xml"), Not(HasSubstr("inf")));
 }
 
 TEST_F(HostTest, NamesWhatTheModulePassesOverAndConvertsNothing) {

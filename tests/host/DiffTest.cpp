@@ -5,7 +5,7 @@ using namespace testing;
 TEST_F(HostTest, ComparesDocumentsInTheUnitsOfTheFirst) {
     const std::string all = m_folder.Read(Wide(MFX_SAMPLES "all-rules.xml"));
     m_folder.Write(L"a.xml", all);
-    Run({L"convert", L"a.xml", L"--length", L"ft", L"--angle", L"rad", L"-o", L"b.xml"}, 0, _, "");
+    Run({L"convert", L"a.xml", L"--length", L"ft", L"--angle", L"rad", L"-o", L"b.xml"}, 0, _, _);
     Run({L"diff", L"a.xml", L"b.xml"}, 0, "", "");
     Run({L"diff", L"b.xml", L"a.xml"}, 0, "", "");
 
@@ -24,6 +24,23 @@ TEST_F(HostTest, ComparesDocumentsInTheUnitsOfTheFirst) {
           "to, row 4 +203 mm +no limit\n", "Wall Thickness Variation +rule +present +.none.\n"})
         EXPECT_THAT(run.out, ContainsRegex(line));
     EXPECT_EQ(run.nExitCode, 1);
+    Run({L"diff", L"c.xml", L"a.xml", L"--json"}, 1,
+        ContainsRegex("unit.: \"mm\",\n *.left.: .no limit.,\n *.right.: 203.0"), _);
+}
+
+TEST_F(HostTest, FindsNoDifferenceFromItself) {
+    const std::string all = m_folder.Read(Wide(MFX_SAMPLES "all-rules.xml"));
+    const std::pair<const char*, const char*> kCases[] = {
+        {"Gray Cast Iron", "Steel"}, {"Gray Cast Iron", ""}, {"<Value>16<", "<Value>1e308<"}};
+    for (const auto& [part, by] : kCases) {
+        m_folder.Write(L"d.xml", Replaced(all, part, by));
+        Run({L"diff", L"d.xml", L"d.xml"}, 0, "", "");
+    }
+    // Marks of bands are numbers like any other elsewhere.
+    m_folder.Write(L"d.xml",
+                   Replaced(Replaced(all, "<Value>4.76<", "<Value>-1<"), "\"1.5\"", "\"1000000000\""));
+    Run({L"diff", L"d.xml", Wide(MFX_SAMPLES "all-rules.xml")}, 1,
+        AllOf(HasSubstr(" -1 mm"), HasSubstr(" 1000000000 deg")), "");
 }
 
 TEST_F(HostTest, ComparesWithDefaults) {

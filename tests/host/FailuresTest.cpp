@@ -1,13 +1,26 @@
 #include "HostTest.h"
 
+#include <atomic>
+#include <cstdlib>
 #include <filesystem>
+#include <fstream>
+#include <thread>
 
 namespace fs = std::filesystem;
 using namespace testing;
 
+// Without a byte-order mark.
+static std::string Utf16Bytes(const std::string& ascii) {
+    std::string bytes;
+    for (const char ch : ascii) bytes += {ch, '\0'};
+    return bytes;
+}
+
 TEST_F(HostTest, NamesTheFlawOfAnUnreadableFile) {
     std::string opened, closed;
     for (int i = 0; i < 100000; ++i) opened += "<a>", closed += "</a>";
+    std::string attributes;
+    for (int i = 0; i < 257; ++i) attributes += " a" + std::to_string(i) + "=\"\"";
     const std::string kCases[][3] = {
         {"", " ", "empty"},
         {"just text", "1: ", "no element"},
@@ -17,8 +30,17 @@ TEST_F(HostTest, NamesTheFlawOfAnUnreadableFile) {
         {"<MfxRules>\n</Other>", "2: ", "XML"},
         {"<MfxRules/>\n<MfxRules/>", "2: ", "more than one"},
         {"<MfxRules>\n" + opened + closed + "</MfxRules>", "2: ", "too deep"},
+        {"<MfxRules>\n<a" + attributes + "/></MfxRules>", "2: ", "too many attributes"},
         {"<MfxRules>\n\n<Rule Name=\"\xC3\x28\"/></MfxRules>", "3: ", "UTF-8"},
         {std::string("<MfxRules>\n<!--\0--></MfxRules>", 30), "2: ", "NUL"},
+        {Utf16Bytes("<MfxRules/>"), "1: ", "byte-order mark"},
+        {"<!DOCTYPE MfxRules [<!ENTITY a \"5\">]>\n<MfxRules>&a;</MfxRules>", "1: ", "declares entities"},
+        {"<!DOCTYPE MfxRules SYSTEM \"&a;\">\n<!-- &a; --><?a "
+         "&a;?>\n<MfxRules>&lt;&#65;<![CDATA[&a;]]>a;&a;</"
+         "MfxRules>",
+         "3: column 37: ", "reference"},
+        {"<MfxRules>\n<Rule Name=\"&#0;\"/></MfxRules>", "2: column 13: ", "no character"},
+        {"<MfxRules>\n<Rule Name=\"&#xD800;\"/></MfxRules>", "2: ", "no character"},
         {"<?xml version=\"1.0\" encoding=\"ISO-8859-1\"?>\n<MfxRules/>", "1: ", "encoding"},
         {"\n<Rules Version=\"1\"/>", "2: ", "\"Rules\", not \"MfxRules\""},
         {"\n\n<MfxRules Version=\"2\"/>", "3: ", "Version=\"2\""},
@@ -34,12 +56,13 @@ TEST_F(HostTest, NamesTheFlawOfAnUnreadableFile) {
         SCOPED_TRACE(bytes.substr(0, 80));
         m_folder.Write(L"d.xml", bytes);
         for (const Arguments& arguments :
-             {Arguments{L"show", L"d.xml"}, {L"convert", L"d.xml", L"--length", L"in"}})
+             {Arguments{L"show", L"d.xml"}, {L"check", L"d.xml"}, {L"convert", L"d.xml", L"--length", L"in"}})
             Run(arguments, 3, "", AllOf(StartsWith("mfxhost: d.xml:" + line), HasSubstr(reason)));
         EXPECT_EQ(m_folder.Read(L"d.xml"), bytes);
     }
     for (const std::wstring name : {L"none.xml", L"none\\d.xml", L".", L"d.xml\\e.xml"})
-        Run({L"show", name}, 3, "", StartsWith("mfxhost: " + Utf8(name) + ": can't be read: "));
+        for (const wchar_t* pszCommand : {L"show", L"check"})
+            Run({pszCommand, name}, 3, "", StartsWith("mfxhost: " + Utf8(name) + ": can't be read: "));
 }
 
 TEST_F(HostTest, ExplainsItsUsage) {
@@ -115,8 +138,79 @@ TEST_F(HostTest, TakesAnyOperatorAndParameterType) {
     const std::string row = R"(<Value Attribute1="0" Attribute2="9" Attribute3="3" Attribute4="2"/>)";
     for (const std::string number : {"16", "-2147483648", "2147483647", "99999999999999999999"}) {
         m_folder.Write(L"d.xml", Replaced(Document(row), "<Operator>3", "<Operator>" + number));
-        Run({L"convert", L"d.xml", L"--length", L"in"}, 0, HasSubstr("1 rule converted"), "");
+        Run({L"convert", L"d.xml", L"--length", L"cm"}, 0, HasSubstr("1 rule converted"), "");
         m_folder.Write(L"d.xml", Replaced(Document(row), "<ParameterType>24", "<ParameterType>" + number));
         Run({L"show", L"d.xml"}, 1, _, HasSubstr("ParameterType"));
     }
+}
+
+// Time in proportion to the size: were it the square of it, this would take minutes. MFX_MEGABYTES=100 for
+// more.
+TEST_F(HostTest, TakesLargeDocumentsInTime) {
+    const std::string row =
+        "<Value Attribute1=\"0\" Attribute2=\"25.4\" Attribute3=\"3\" Attribute4=\"2\"/>\n";
+    const std::string all = m_folder.Read(Wide(MFX_SAMPLES "all-rules.xml"));
+    const std::size_t nMaterial = all.find("    <Constraint"),
+                      nEnd = all.find("    <Constraint", nMaterial + 1);
+    const char* pszMegabytes = std::getenv("MFX_MEGABYTES");
+    const std::size_t nBytes = (pszMegabytes ? std::strtoul(pszMegabytes, nullptr, 10) : 10) * 1000000;
+    std::string rows, materials;
+    while (rows.size() < nBytes / 2) rows += row;
+    while (materials.size() < nBytes / 2) materials.append(all, nMaterial, nEnd - nMaterial);
+    m_folder.Write(L"d.xml", Replaced(std::string(all).insert(nMaterial, materials), "<Value Attribute1",
+                                      rows + "<Value Attribute1"));
+    const std::pair<Arguments, int> kCases[] = {{{L"show", L"d.xml"}, 0},
+                                                {{L"check", L"d.xml"}, 1},
+                                                {{L"diff", L"d.xml", L"d.xml"}, 0},
+                                                {{L"convert", L"d.xml", L"--length", L"in"}, 0}};
+    for (const auto& [arguments, nExitCode] : kCases) {
+        const auto run = RunProcess(ProgramFolder() + L"\\mfxhost.exe", arguments, m_folder.Path(), 90000);
+        EXPECT_EQ(run.nExitCode, nExitCode)
+            << Utf8(arguments[0]) << (run.bTimedOut ? " takes too long" : run.err.substr(0, 500));
+    }
+}
+
+// A file that is written while it is read is read whole, or not at all.
+TEST_F(HostTest, ReadsNoHalfWrittenFile) {
+    const std::string documents[] = {ManyRules(300), Replaced(ManyRules(200), "Unit=\"1\"", "Unit=\"3\"")};
+    std::string shown[2];
+    for (int i = 0; i < 2; ++i) {
+        m_folder.Write(L"d.xml", documents[i]);
+        shown[i] = Run({L"show", L"d.xml"}).out;
+    }
+    std::atomic<bool> bStop = false;
+    std::thread writer([&] {
+        for (int i = 0; !bStop; ++i) {
+            std::FILE* pFile = _wfopen(m_folder.Path(L"d.xml").c_str(), L"r+b");
+            if (!pFile) continue;  // it is being read
+            for (const char ch : documents[i % 2]) std::putc(ch, pFile);
+            std::fflush(pFile);
+            _chsize(_fileno(pFile), static_cast<long>(documents[i % 2].size()));
+            std::fclose(pFile);
+            Sleep(static_cast<DWORD>(i % 20));
+        }
+    });
+    int nRead = 0;
+    for (int i = 0; i < 40; ++i) {
+        const ProcessResult run = Run({L"show", L"d.xml"});
+        if (run.nExitCode == 0) ++nRead;
+        EXPECT_THAT(run.out, run.nExitCode == 0 ? Matcher<const std::string&>(AnyOfArray(shown)) : "");
+        EXPECT_THAT(run.err, run.nExitCode == 0 ? Matcher<const std::string&>("")
+                                                : HasSubstr("d.xml: can't be read: "));
+    }
+    bStop = true;
+    writer.join();
+    EXPECT_GT(nRead, 0);
+}
+
+TEST_F(HostTest, LeavesTheFileWholeOnAFullDisk) {
+    if (!fs::exists(MFX_SMALL_DISK "mounted")) GTEST_SKIP() << "no small file system could be mounted";
+    const fs::path path = MFX_SMALL_DISK "d.xml";
+    const std::string document = ManyRules(40);
+    std::ofstream(path, std::ios::binary) << document;
+    ASSERT_EQ(fs::file_size(path), document.size());
+    Run({L"convert", path.wstring(), L"--length", L"in"}, 4, "",
+        AllOf(HasSubstr("d.xml: can't be written: "), HasSubstr("(error 112)")));
+    EXPECT_EQ(m_folder.Read(path.wstring()), document);
+    EXPECT_EQ(std::distance(fs::directory_iterator(MFX_SMALL_DISK), fs::directory_iterator()), 2);
 }

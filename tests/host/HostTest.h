@@ -30,6 +30,14 @@ class HostTest : public testing::Test {
         EXPECT_THAT(run.err, err);
     }
 
+    // The sample's rule many times over, in one document.
+    std::string ManyRules(int nRules) const {
+        const std::size_t nRule = m_sample.find("  <Rule "), nEnd = m_sample.find("</MfxRules>");
+        std::string document = m_sample.substr(0, nRule);
+        for (int i = 0; i < nRules; ++i) document.append(m_sample, nRule, nEnd - nRule);
+        return document.append(m_sample, nEnd);
+    }
+
     const TempFolder m_folder;
     const std::string m_sample = m_folder.Read(Wide(MFX_SAMPLES "draft-angle.xml"));  // mm and degrees
     // Inches and degrees, without a limit of the last band.

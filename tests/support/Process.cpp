@@ -26,7 +26,8 @@ static HANDLE OpenOutput(const std::wstring& path) {
 }
 
 ProcessResult RunProcess(const std::wstring& program, const std::vector<std::wstring>& arguments,
-                         const std::wstring& workFolder, unsigned long dwTimeoutMs) {
+                         const std::wstring& workFolder, unsigned long dwTimeoutMs,
+                         const std::function<void()>& untilKilled) {
     std::wstring commandLine = Quoted(program);
     for (const std::wstring& argument : arguments) commandLine += L' ' + Quoted(argument);
     const TempFolder output;
@@ -53,6 +54,10 @@ ProcessResult RunProcess(const std::wstring& program, const std::vector<std::wst
         throw std::runtime_error(Utf8(program) + " does not start: error " + std::to_string(dwError));
 
     ProcessResult result;
+    if (untilKilled) {
+        untilKilled();
+        dwTimeoutMs = 0;
+    }
     result.bTimedOut = WaitForSingleObject(process.hProcess, dwTimeoutMs) != WAIT_OBJECT_0;
     if (result.bTimedOut) TerminateProcess(process.hProcess, static_cast<UINT>(-1));
     WaitForSingleObject(process.hProcess, INFINITE);

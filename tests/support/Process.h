@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -10,9 +11,11 @@ struct ProcessResult {
 };
 
 // Runs a program with the arguments, each of which it receives exactly as given. A program that does not end
-// in time is killed. Throws std::runtime_error when it can't be started.
+// in time is killed, or at the given moment: when the function, which is called once it runs, returns. Throws
+// std::runtime_error when it can't be started.
 ProcessResult RunProcess(const std::wstring& program, const std::vector<std::wstring>& arguments,
-                         const std::wstring& workFolder, unsigned long dwTimeoutMs = 30000);
+                         const std::wstring& workFolder, unsigned long dwTimeoutMs = 30000,
+                         const std::function<void()>& untilKilled = nullptr);
 
 // Folder that the test program runs from.
 std::wstring ProgramFolder();

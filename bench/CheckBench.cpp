@@ -1,0 +1,82 @@
+// Checking rule documents against reading them: what checking costs beyond the reading that it starts with.
+
+#include "CheckCommand.h"
+#include "CrashReport.h"
+#include "RatioReport.h"
+#include "RuleDocument.h"
+#include "RuleParameters.h"
+
+#include <afxwin.h>
+#include <benchmark/benchmark.h>
+
+#include <stdexcept>
+
+namespace {
+
+CWinApp theApp(L"check_bench");
+
+const RuleModule& Module() {
+    static const RuleModule module;
+    return module;
+}
+
+// Contradictory limits and a gap between bands of size.
+void Spoil(CMfxRule& rule) {
+    if (CMfxParamStorage* pMinimum = rule.FindParameterInArray(kThicknessMinId))
+        pMinimum->GetValues<double>()[0] = 1000;
+    if (CMfxParamStorage* pTable = rule.FindParameterInArray(kDraftAngleTableId))
+        pTable->GetValues<MfxTableRow>()[1].cells[0] = L"26";
+}
+
+// A document of 10,000 rules, the four of the module again and again, in the system's folder for such files.
+struct SampleFile {
+    explicit SampleFile(bool bFindings) {
+        constexpr int kRules = 10000;
+        wchar_t szFolder[MAX_PATH] = L"";
+        GetTempPathW(MAX_PATH, szFolder);
+        m_strPath = CString(szFolder) + L"check_bench.xml";
+        RuleDocument document;
+        while (document.GetEntries().size() < kRules)
+            for (RulePtr& pRule : Module().CreateAllRules()) {
+                if (bFindings) Spoil(*pRule);
+                document.Append(std::move(pRule), Module());
+            }
+        document.Save(m_strPath);
+    }
+    ~SampleFile() { DeleteFileW(m_strPath); }
+
+    CString m_strPath;
+};
+
+void Read(benchmark::State& state, bool bFindings) {
+    const SampleFile file(bFindings);
+    for (auto _ : state) benchmark::DoNotOptimize(RuleDocument(file.m_strPath, Module()).GetEntries().size());
+}
+
+void Check(benchmark::State& state, bool bFindings) {
+    const SampleFile file(bFindings);
+    for (auto _ : state) {
+        const std::string text = FormatReport(CheckFile(file.m_strPath, Module(), Severity::Hint));
+        if (text.empty() == bFindings) throw std::logic_error("other findings than expected: " + text);
+    }
+}
+
+void Register(const char* name, void (*function)(benchmark::State&, bool), bool bFindings) {
+    benchmark::RegisterBenchmark(name, function, bFindings)
+        ->Unit(benchmark::kMillisecond)
+        ->UseRealTime()
+        ->Repetitions(7)
+        ->ReportAggregatesOnly();
+}
+
+}  // namespace
+
+int wmain(int argc, wchar_t** argv) {
+    InstallCrashReport();
+    AfxWinInit(GetModuleHandleW(nullptr), nullptr, GetCommandLineW(), 0);
+    Register("check/reference/clean", Read, false);
+    Register("check/subject/clean", Check, false);
+    Register("check/reference/findings", Read, true);
+    Register("check/subject/findings", Check, true);
+    return RunWithRatios(argc, argv);
+}

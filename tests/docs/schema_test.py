@@ -1,0 +1,130 @@
+"""Compares the schemas in docs/ with what the host writes: schema_test.py TEST HOST-COMMAND..."""
+
+import json
+import pathlib
+import shutil
+import subprocess
+import sys
+import tempfile
+import unittest.mock
+
+import jsonschema
+
+ROOT = pathlib.Path(__file__).resolve().parents[2]
+SAMPLES = sorted(path.name for path in (ROOT / "samples").glob("*.xml"))
+HAVE_UNREAD = {"legacy-three-numbers.xml", "other-module.xml"}  # parts that the module passes over
+
+# What others may put in the place of a part of a rule document, and what nobody may.
+FOREIGN = [
+    ("<MfxRules", '<!-- mine --><MfxRules by="me"'), ("<Value>", '<Note/><Value x="y">'),
+    ("<Rule ", '<x:e xmlns:x="u:u" Status="on">a<Value>b</Value></x:e><Rule owner="me" '),
+    ("<Parameter ", '<Note/><Parameter Type="4711" Status="?"><Value>x</Value></Parameter><Parameter a="b" '),
+    ("<Remarks />", "<Note>n</Note><Remarks>r</Remarks>"), (' Attribute5="1.5"', ""),
+]
+WRONG = [
+    ("<MfxRules", '<MfxRules Type="1"'), ('Unit="1"', 'Unit="10"'), ('AngleUnit="0"', 'AngleUnit="4"'),
+    ('Version="1"', 'Version="2"'), ('Severity="2"', 'Severity="high"'), ('="Variable Draft Angle"', '="Draft"'),
+    (' Summary="', ' Note="'), ('<Constraint Type="1"', "<Constraint"), ('10067" Status="1"', '10067" Status="yes"'),
+    ("<Operator>7</Operator>", ""), ("<Operator>7<", "<Operator>least<"), ("<Value>6<", "<Value>6 mm<"),
+    ("<Value>6<", "<Value>INF<"), ("<Value>6<", '<Value Attribute1="6"><'), ("<Value>kg<", "<Value>stone<"),
+    ('Attribute1="25.4"', 'Attribute1="1e3"'), ('Attribute4="2.5"', ""), ("<Remarks />", "<Remarks /><Remarks />"),
+    ("<Rule ", '<Group><Rule Module="Other" /></Group><Rule '), ("<AbsoluteValue />", "<AbsoluteValue>5</AbsoluteValue>"),
+]
+
+
+def objects(value):
+    """Every object in a JSON value, the value itself first."""
+    if isinstance(value, dict):
+        yield value
+    for child in value.values() if isinstance(value, dict) else value if isinstance(value, list) else ():
+        yield from objects(child)
+
+
+class SchemaTest(unittest.TestCase):
+    def setUp(self):
+        self.folder = pathlib.Path(self.enterContext(tempfile.TemporaryDirectory()))
+        shutil.copytree(ROOT / "samples", self.folder, dirs_exist_ok=True)
+
+    def run_program(self, exit_code, *command):
+        run = subprocess.run(command, cwd=self.folder, capture_output=True, encoding="utf-8")
+        self.assertEqual(run.returncode, exit_code, f"{command}: {run.stderr}")
+        return run.stdout
+
+    def run_host(self, exit_code, *arguments):
+        return self.run_program(exit_code, *HOST, *arguments)
+
+    def validate_document(self, name, exit_code=0):
+        self.run_program(exit_code, "xmllint", "--noout", "--relaxng", ROOT / "docs/rule-document.rng", name)
+
+    def write_changed(self, part, by):
+        before, _, after = (self.folder / "all-rules.xml").read_text("utf-8").partition(part)
+        self.assertTrue(after, part)
+        (self.folder / "changed.xml").write_text(before + by + after, "utf-8")
+
+    def test_rule_document(self):
+        self.run_host(0, "new", "new.xml", "--lang", "japanese")
+        for name in ["new.xml", *SAMPLES]:
+            self.validate_document(name)
+            if name not in HAVE_UNREAD:
+                self.run_host(0, "convert", name, "--length", "yd", "--angle", "rad", "-o", "changed.xml")
+                self.validate_document("changed.xml")
+        for part, by in FOREIGN:
+            self.write_changed(part, by)
+            self.run_host(0, "convert", "changed.xml", "--length", "in")
+            self.validate_document("changed.xml")
+        for part, by in WRONG:
+            with self.subTest(by):
+                self.write_changed(part, by)
+                self.validate_document("changed.xml", exit_code=3)  # XML, but not valid
+
+    def validate_json(self, name, outputs, wrong):
+        """The schema takes the outputs, describes every key in them and no other, and refuses changed ones."""
+        schema = json.loads((ROOT / "docs" / name).read_text("utf-8"))
+        jsonschema.Draft202012Validator.check_schema(schema)
+        self.validator = jsonschema.Draft202012Validator(schema)
+        outputs = [json.loads(output) for output in outputs]
+        for output in outputs:
+            self.validator.validate(output)
+        one_of_each = {tuple(part): (output, part) for output in reversed(outputs) for part in objects(output)}
+        properties = [item for part in objects(schema) for item in part.get("properties", {}).items()]
+        self.assertEqual({key for key, _ in properties}, {key for keys in one_of_each for key in keys})
+        definitions = [schema["$defs"].get(value.get("$ref", "").split("/")[-1], value) for _, value in properties]
+        self.assertEqual([definition for definition in definitions if "description" not in definition], [])
+        for output, part in one_of_each.values():
+            for instead in [{**part, "extra": 1}, *({k: part[k] for k in part if k != key} for key in part)]:
+                self.refuse(output, part, instead)
+        for key, value in wrong:
+            output, part = next(place for keys, place in one_of_each.items() if key in keys)
+            self.refuse(output, part, {**part, key: value})
+
+    def refuse(self, output, part, instead):
+        with unittest.mock.patch.dict(part, instead, clear=True):
+            self.assertFalse(self.validator.is_valid(output), instead)
+
+    def test_show(self):
+        outputs = [self.run_host(int(name in HAVE_UNREAD), "show", name, "--json") for name in SAMPLES]
+        self.write_changed("<Value>6<", "<Value>1e999<")
+        outputs.append(self.run_host(1, "show", "changed.xml", "--json", "--lang", "korean"))
+        self.validate_json("show.schema.json", outputs, [
+            ("version", 2), ("length", "km"), ("angle", ""), ("line", 0), ("ruleId", "19010"), ("recognised", 1),
+            ("status", "0"), ("active", "yes"), ("unit", "deg"), ("values", 6), ("values", [True]), ("rows", [1])])
+
+    def test_check(self):
+        self.write_changed("<Value>16<", "<Value>1<")
+        outputs = [self.run_host(0, "check", "all-rules.xml", "--json"),
+                   self.run_host(3, "check", "none.xml", "changed.xml", *SAMPLES, "--json", "--lang", "french")]
+        self.validate_json("check.schema.json", outputs, [
+            ("version", "1"), ("files", []), ("unreadable", ""), ("length", "mile"), ("line", -1), ("text", ""),
+            ("rulesChecked", 1.5), ("severity", "fatal"), ("ruleId", 0), ("parameter", "10067")])
+
+    def test_diff(self):
+        outputs = [self.run_host(int(name != SAMPLES[0]), "diff", SAMPLES[0], name, "--json") for name in SAMPLES]
+        outputs.append(self.run_host(1, "diff", "draft-angle-inches.xml", "--defaults", "--json"))
+        self.validate_json("diff.schema.json", outputs, [
+            ("version", 0), ("differences", None), ("ruleId", None), ("constraint", 1), ("row", 0), ("unit", "lb"),
+            ("left", 1), ("right", ["-"]), ("value", "")])
+
+
+if __name__ == "__main__":
+    test, *HOST = sys.argv[1:]
+    unittest.main(argv=[sys.argv[0], f"SchemaTest.{test}"])
