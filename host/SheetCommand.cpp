@@ -39,7 +39,7 @@ WorkbookTable ReadTable(const RuleModule& module, const CString& strBook, const 
     const std::string book = ToUtf8(strBook) + ": ";
     if (IsFolder(strBook)) throw HostError(ExitCode::UnreadableInput, book + "can't be read: it is a folder");
     // Excel has a current folder of its own.
-    const CString strPath = std::filesystem::absolute(strBook.GetString()).c_str();
+    const CString strPath = std::filesystem::absolute(strBook.GetString()).make_preferred().c_str();
     WorkbookTable table;
     CString strReaderError;
     const WorkbookFault fault = ReadWorkbook(strPath, columns, table, strReaderError);

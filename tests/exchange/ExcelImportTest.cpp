@@ -25,9 +25,24 @@ struct ExcelImportTest : Test {
 
     bool ReadBands() { return Read("draft-angles.xls", {L"A", L"B"}); }
 
+    // A line per column.
+    std::string Table() const {
+        std::string text;
+        for (const auto& cells : m_table) {
+            for (const CString& strCell : cells) {
+                const int nLength = strCell.GetLength();
+                text +=
+                    (nLength > 100 ? std::to_string(nLength) + " characters" : Utf8(strCell.GetString())) +
+                    "|";
+            }
+            text += "\n";
+        }
+        return text;
+    }
+
     // The calls that end the work, of what the server noted, which ends without a reference to its objects.
-    std::string EndOf(const std::vector<std::string>& journal) {
-        EXPECT_EQ(journal.back(), "objects 0");
+    static std::string EndOf(const std::vector<std::string>& journal, bool bDied = false) {
+        EXPECT_TRUE(bDied || journal.back() == "objects 0") << PrintToString(journal);
         std::string end;
         for (const std::string& line : journal)
             if (line == "Close" || line == "Quit") end += line;
@@ -79,28 +94,23 @@ TEST_F(ExcelImportTest, ReadsTheColumnsOfTheActiveSheet) {
     const struct {
         std::string sample;
         WorkbookColumns columns;
-        WorkbookTable table;
+        std::string table;
     } kCases[] = {
         {"draft-angles.xls",
          {L"A", L"E", L"C", L"ZZ", L"Z"},
-         {{L"H1", L"0", L"25", L"50", L"101.6"},
-          {L"A3", L"1.5", L"1", L"1", L"1"},
-          {L"A1", L"3", L"1.5", L"1", L"0.75"},
-          {},
-          {L"", L"", L"", L"", L""}}},
+         "H1|0|25|50|101.6|\nA3|1.5|1|1|1|\nA1|3|1.5|1|0.75|\n\n|||||\n"},
         {"cell-types.xls",
          {L"A", L"B", L"C"},
-         {{L"Integer", L"Decimal", L"Date", L"Currency", L"Percent", L"Boolean", L"Error", L"Formula",
-           L"Text", L"Empty"},
-          {L"42", L"0.125", L"", L"", L"0.25", L"", L"", L"84", L"抜き勾配", L""},
-          {L"-7", L"12345.678", L"", L"", L"", L"", L"", L"x42", L"Angle de dépouille", L"1"}}},
-        {"second-sheet-active.xls", {L"A"}, {{L"second"}}},
-        {"empty-first-cell.xls", {L"A", L"B"}, {{}, {}}},
+         "Integer|Decimal|Date|Currency|Percent|Boolean|Error|Formula|Text|Empty|Long|\n"
+         "42|0.125|||0.25|||84|抜き勾配||6000 characters|\n"
+         "-7|12345.678||||||x42|Angle de dépouille|1|3000 characters|\n"},
+        {"second-sheet-active.xls", {L"A"}, "second|\n"},
+        {"empty-first-cell.xls", {L"A", L"B"}, "\n\n"},
     };
     for (const auto& [sample, columns, table] : kCases) {
         SCOPED_TRACE(sample);
         EXPECT_TRUE(Read(sample, columns));
-        EXPECT_EQ(m_table, table);
+        EXPECT_EQ(Table(), table);
         EXPECT_STREQ(m_strError, L"");
         EXPECT_EQ(EndOf(m_server.Journal()), "CloseQuit");
     }
@@ -141,18 +151,18 @@ TEST_F(ExcelImportTest, EndsInOrderWhateverFails) {
         {L"ActiveSheet", 1, true, false, IDS_WORKBOOK_NOT_OPENED, ""},
         {L"Range", 8, true, false, 0, ""},
         {L"value", 8, true, false, 0, ""},
-        {L"Quit", 1, true, false, 0, "Quit"},
+        {L"Quit", 1, true, false, 0, "CloseQuit"},
     };
     for (const auto& [pszMember, nCall, bDies, bRead, nTextId, end] : kCases) {
         SCOPED_TRACE(Utf8(pszMember) + " " + std::to_string(nCall) + (bDies ? " dies" : " fails"));
         bDies ? m_server.DieAt(pszMember, nCall) : m_server.FailAt(pszMember, nCall);
         EXPECT_EQ(ReadBands(), bRead);
         EXPECT_EQ(m_strError, nTextId ? m_app.Text(nTextId).c_str() : L"");
-        if (!bDies) EXPECT_EQ(EndOf(m_server.Journal()), end);
+        EXPECT_EQ(EndOf(m_server.Journal(), bDies), end);
     }
     m_server.FailAt(L"Range", 3);
     EXPECT_TRUE(ReadBands());
-    EXPECT_EQ(m_table, (WorkbookTable{{L"H1", L"0"}, {L"H2", L"25"}}));
+    EXPECT_EQ(Table(), "H1|0|\nH2|25|\n");
     m_server.Unregister();
     EXPECT_FALSE(ReadBands());
     EXPECT_STREQ(m_strError, m_app.Text(IDS_EXCEL_NOT_INSTALLED).c_str());
