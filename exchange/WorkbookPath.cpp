@@ -1,6 +1,7 @@
 #include "WorkbookPath.h"
 
 #include <io.h>
+#include <share.h>
 
 #include <cstdio>
 #include <cwchar>
@@ -34,7 +35,7 @@ FolderProbe ProbeFolderWritable(LPCWSTR pszFolder) {
         return NoFolder;
     CString strProbe;
     strProbe.Format(L"%s\\%s", pszFolder, L"MFX.log");
-    std::FILE* pProbe = _wfopen(strProbe, L"w");
+    std::FILE* pProbe = _wfsopen(strProbe, L"w", _SH_DENYNO);
     if (!pProbe) return FolderReadOnly;
     std::fclose(pProbe);
     DeleteFileW(strProbe);

@@ -90,6 +90,27 @@ TEST(ExcelSheetTest, ShowsNumbersAndTextsAndNothingElse) {
     }
 }
 
+TEST(AutoInvokeTest, PassesArgumentsInOrderAndLeavesThemToTheCaller) {
+    CoInitialize(nullptr);
+    {
+        CLSID classId;
+        ASSERT_HRESULT_SUCCEEDED(CLSIDFromProgID(L"Scripting.Dictionary", &classId));
+        Microsoft::WRL::ComPtr<IDispatch> pWords;
+        ASSERT_HRESULT_SUCCEEDED(
+            CoCreateInstance(classId, nullptr, CLSCTX_INPROC_SERVER, IID_PPV_ARGS(&pWords)));
+        const Variant key(L"key"), item(L"item");
+        Variant found;
+        EXPECT_HRESULT_SUCCEEDED(AutoInvoke(AutoMethod, nullptr, pWords.Get(), L"add", 2,
+                                            static_cast<VARIANT>(key), static_cast<VARIANT>(item)));
+        EXPECT_HRESULT_SUCCEEDED(
+            AutoInvoke(AutoPropertyGet, &found, pWords.Get(), L"Item", 1, static_cast<VARIANT>(key)));
+        EXPECT_STREQ(CellText(found), L"item");
+        EXPECT_EQ(AutoInvoke(AutoMethod, nullptr, pWords.Get(), L"Quit", 0), DISP_E_UNKNOWNNAME);
+        EXPECT_EQ(AutoInvoke(AutoMethod, nullptr, nullptr, L"Quit", 0), E_POINTER);
+    }
+    CoUninitialize();
+}
+
 TEST_F(ExcelImportTest, ReadsTheColumnsOfTheActiveSheet) {
     const struct {
         std::string sample;
