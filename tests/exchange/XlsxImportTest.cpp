@@ -1,5 +1,6 @@
 #include "WorkbookImport.h"
 #include "XlsxReader.h"
+#include "module/ModuleTestSupport.h"
 #include "support/Process.h"
 #include "support/TempFolder.h"
 
@@ -19,6 +20,7 @@ struct XlsxImportTest : Test {
         return ReadWorkbookTable(m_folder.Write(name, "").c_str(), {L"A", L"C"}, m_table, m_strError);
     }
 
+    const StartedApp m_app{L"english"};
     const TempFolder m_folder;
     WorkbookTable m_table{{L"left over"}};
     CString m_strError = L"left over";
