@@ -22,6 +22,7 @@ workbook() {
 <office:document xmlns:office="urn:oasis:names:tc:opendocument:xmlns:office:1.0"
  xmlns:table="urn:oasis:names:tc:opendocument:xmlns:table:1.0" xmlns:text="urn:oasis:names:tc:opendocument:xmlns:text:1.0"
  xmlns:style="urn:oasis:names:tc:opendocument:xmlns:style:1.0"
+ xmlns:fo="urn:oasis:names:tc:opendocument:xmlns:xsl-fo-compatible:1.0"
  xmlns:number="urn:oasis:names:tc:opendocument:xmlns:datastyle:1.0" xmlns:of="urn:oasis:names:tc:opendocument:xmlns:of:1.2"
  office:version="1.2" office:mimetype="application/vnd.oasis.opendocument.spreadsheet">
 <office:automatic-styles>
@@ -34,6 +35,7 @@ workbook() {
 <number:percentage-style style:name="p"><number:number number:decimal-places="0"/><number:text>%</number:text>
 </number:percentage-style>
 <number:boolean-style style:name="b"><number:boolean/></number:boolean-style>
+<style:style style:name="bold" style:family="text"><style:text-properties fo:font-weight="bold"/></style:style>
 $(for style in d t c p b; do
   echo "<style:style style:name='${style^^}' style:family='table-cell' style:data-style-name='$style'/>"
 done)
@@ -54,7 +56,7 @@ workbook cell-types "$(sheet Types \
   "$(row "$(cell Error)$(formula 1/0)$(formula 'NA()')")" \
   "$(row "$(cell Formula)$(formula '[.B1]*2')$(formula '&quot;x&quot;&amp;[.B1]')")" \
   "$(row "$(cell Text)$(cell 抜き勾配)$(cell "Angle de dépouille")")" "$(row "$(cell Empty)$(gap)$(float 1)")" \
-  "$(row "$(cell Long)$(cell "$(printf 'x%.0s' {1..6000})")$(cell "$(printf '抜%.0s' {1..3000})")$(cell end)")")"
+  "$(row "$(cell "<text:span text:style-name='bold'>Lo</text:span>ng")$(cell "$(printf 'x%.0s' {1..6000})")$(cell "$(printf '抜%.0s' {1..3000})")$(cell end)")")"
 workbook second-sheet-active "$(sheet First "$(row "$(cell first)")")" "$(sheet Second "$(row "$(cell second)")")"
 workbook empty-first-cell "$(sheet Table "$(row "$(gap)$(cell right)")" "$(row "$(cell below)")")"
 
