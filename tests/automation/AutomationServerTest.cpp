@@ -135,6 +135,14 @@ TEST_F(AutomationServerTest, FailsWhereItIsTold) {
         EXPECT_TRUE(Leave());
         EXPECT_EQ(std::exchange(failed, L""), member);
     }
+    server.FailAt(L"Range", 2);
+    Open(L"draft-angles.xls");
+    EXPECT_EQ(Value(L"A1"), "H1");
+    Value(L"A2");
+    EXPECT_EQ(std::exchange(failed, L""), L"Range");
+    EXPECT_EQ(Value(L"A3"), "R8 25");
+    EXPECT_TRUE(Leave());
+
     server.DieAt(L"value", 2);
     Open(L"draft-angles.xls");
     EXPECT_EQ(Value(L"A1"), "H1");
