@@ -59,7 +59,9 @@ int RunInExcel(int argc, wchar_t** argv) {
     const std::wstring book = folder.Path(L"b.xls");
     std::filesystem::copy_file(MFX_SAMPLES "draft-angles.xls", book);
     Microsoft::WRL::ComPtr<IDispatch> pExcel;
-    CoCreateInstance(AutomationServer::kClassId, nullptr, CLSCTX_LOCAL_SERVER, IID_PPV_ARGS(&pExcel));
+    CLSID classId;
+    CLSIDFromProgID(L"Excel.Application", &classId);
+    CoCreateInstance(classId, nullptr, CLSCTX_LOCAL_SERVER, IID_PPV_ARGS(&pExcel));
     const Variant path(book.c_str());
     Variant workbooks, workbook, sheet;
     AutoInvoke(AutoPropertyGet, &workbooks, pExcel.Get(), L"Workbooks", 0);

@@ -4,26 +4,19 @@
 
 #include <tlhelp32.h>
 
-#include <chrono>
+#include <algorithm>
 #include <filesystem>
+#include <memory>
 #include <sstream>
 #include <stdexcept>
 
 namespace {
 
 constexpr wchar_t kProgram[] = L"mfx_automation_server.exe";
-constexpr wchar_t kApplicationKey[] = L"Software\\Classes\\Excel.Application";
 constexpr DWORD kEndMs = 10000;
 
-std::wstring ClassText() {
-    wchar_t szClass[39];
-    StringFromGUID2(AutomationServer::kClassId, szClass, 39);
-    return szClass;
-}
-
-std::wstring ClassKey() {
-    return L"Software\\Classes\\CLSID\\" + ClassText();
-}
+const std::wstring kApplicationKey = L"Software\\Classes\\Excel.Application";
+const std::wstring kClassKey = std::wstring(L"Software\\Classes\\CLSID\\") + AutomationServer::kClassId;
 
 void SetDefault(const std::wstring& key, const std::wstring& text) {
     const DWORD dwBytes = static_cast<DWORD>((text.size() + 1) * sizeof(wchar_t));
@@ -32,26 +25,17 @@ void SetDefault(const std::wstring& key, const std::wstring& text) {
         throw std::runtime_error("the automation server can't be registered");
 }
 
-// Excel itself, or nothing, may be registered; only the latter is ours to change.
-bool IsExcelInstalled() {
-    wchar_t szClass[64] = L"";
-    DWORD dwBytes = sizeof szClass;
-    const LSTATUS status =
-        RegGetValueW(HKEY_LOCAL_MACHINE, (std::wstring(kApplicationKey) + L"\\CLSID").c_str(), nullptr,
-                     RRF_RT_REG_SZ, nullptr, szClass, &dwBytes);
-    return status != ERROR_FILE_NOT_FOUND && szClass != ClassText();
-}
+using Handle = std::unique_ptr<void, decltype(&CloseHandle)>;
 
-std::vector<HANDLE> OpenServers() {
-    std::vector<HANDLE> processes;
-    const HANDLE hList = CreateToolhelp32Snapshot(TH32CS_SNAPPROCESS, 0);
+std::vector<Handle> Servers() {
+    std::vector<Handle> processes;
+    const Handle list(CreateToolhelp32Snapshot(TH32CS_SNAPPROCESS, 0), CloseHandle);
     PROCESSENTRY32W entry{};
     entry.dwSize = sizeof entry;
-    for (BOOL bMore = Process32FirstW(hList, &entry); bMore; bMore = Process32NextW(hList, &entry))
+    for (BOOL bMore = Process32FirstW(list.get(), &entry); bMore; bMore = Process32NextW(list.get(), &entry))
         if (lstrcmpiW(entry.szExeFile, kProgram) == 0)
-            if (const HANDLE h = OpenProcess(SYNCHRONIZE | PROCESS_TERMINATE, FALSE, entry.th32ProcessID))
-                processes.push_back(h);
-    CloseHandle(hList);
+            if (void* pProcess = OpenProcess(SYNCHRONIZE | PROCESS_TERMINATE, FALSE, entry.th32ProcessID))
+                processes.emplace_back(pProcess, CloseHandle);
     return processes;
 }
 
@@ -61,9 +45,12 @@ AutomationServer::AutomationServer()
     : m_hMutex(CreateMutexW(nullptr, FALSE, L"mfx_automation_server")),
       m_hEnd(CreateEventW(nullptr, TRUE, FALSE, kEndEvent)) {
     WaitForSingleObject(m_hMutex, INFINITE);
-    if (IsExcelInstalled()) throw std::runtime_error("Excel is installed here");
+    CLSID id, ownId;
+    CLSIDFromString(kClassId, &ownId);
+    if (SUCCEEDED(CLSIDFromProgID(L"Excel.Application", &id)) && id != ownId)
+        throw std::runtime_error("Excel is installed here");
     EndServers();  // of a test that crashed
-    Register(L"");
+    Register();
 }
 
 AutomationServer::~AutomationServer() {
@@ -76,33 +63,27 @@ AutomationServer::~AutomationServer() {
 
 void AutomationServer::Register(const std::wstring& fault) {
     const std::wstring quote = L"\"";
-    SetDefault(ClassKey() + L"\\LocalServer32", quote + ProgramFolder() + L"\\" + kProgram + L"\" \"" +
-                                                    m_folder.Path(L"journal") + L"\" " + fault);
-    SetDefault(std::wstring(kApplicationKey) + L"\\CLSID", ClassText());
+    SetDefault(kClassKey + L"\\LocalServer32", quote + ProgramFolder() + L"\\" + kProgram + L"\" \"" +
+                                                   m_folder.Path(L"journal") + L"\" " + fault);
+    SetDefault(kApplicationKey + L"\\CLSID", kClassId);
 }
 
 void AutomationServer::Unregister() {
-    RegDeleteTreeW(HKEY_LOCAL_MACHINE, kApplicationKey);
-    RegDeleteTreeW(HKEY_LOCAL_MACHINE, ClassKey().c_str());
+    RegDeleteTreeW(HKEY_LOCAL_MACHINE, kApplicationKey.c_str());
+    RegDeleteTreeW(HKEY_LOCAL_MACHINE, kClassKey.c_str());
 }
 
-std::size_t AutomationServer::Running() const {
-    const std::vector<HANDLE> processes = OpenServers();
-    std::size_t nRunning = 0;
-    for (const HANDLE hProcess : processes) {
-        if (WaitForSingleObject(hProcess, 0) == WAIT_TIMEOUT) ++nRunning;
-        CloseHandle(hProcess);
-    }
-    return nRunning;
+int AutomationServer::Running() const {
+    const auto bRuns = [](const Handle& process) {
+        return WaitForSingleObject(process.get(), 0) == WAIT_TIMEOUT;
+    };
+    return static_cast<int>(std::ranges::count_if(Servers(), bRuns));
 }
 
 void AutomationServer::EndServers() {
     SetEvent(m_hEnd);
-    for (const HANDLE hProcess : OpenServers()) {
-        if (WaitForSingleObject(hProcess, kEndMs) != WAIT_OBJECT_0) TerminateProcess(hProcess, 1);
-        WaitForSingleObject(hProcess, kEndMs);
-        CloseHandle(hProcess);
-    }
+    for (const Handle& process : Servers())
+        if (WaitForSingleObject(process.get(), kEndMs) != WAIT_OBJECT_0) TerminateProcess(process.get(), 1);
     ResetEvent(m_hEnd);
 }
 

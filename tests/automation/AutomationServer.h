@@ -20,14 +20,18 @@ class AutomationServer {
 
     // In servers started from now on, the n-th call of "Create", "Workbooks", "Open", "ActiveSheet", "Range",
     // "value", "Close" or "Quit" fails, or ends the process instead.
-    void FailAt(const std::wstring& member, int nCall = 1) { Register(L"fail " + Call(member, nCall)); }
-    void DieAt(const std::wstring& member, int nCall = 1) { Register(L"die " + Call(member, nCall)); }
+    void FailAt(const std::wstring& member, int nCall = 1) {
+        Register(L"fail " + member + L" " + std::to_wstring(nCall));
+    }
+    void DieAt(const std::wstring& member, int nCall = 1) {
+        Register(L"die " + member + L" " + std::to_wstring(nCall));
+    }
 
     // From now on there is no Excel on the machine.
     void Unregister();
 
     // Servers that run now. One ends by itself when its client has released all objects.
-    std::size_t Running() const;
+    int Running() const;
 
     // Ends the servers that still run and returns what was noted since the last time, a line each: "Create",
     // calls with their argument ("Open C:\a.xls", "Range A1", "value"), "id NAME" for the lookup of a name,
@@ -35,15 +39,11 @@ class AutomationServer {
     std::vector<std::string> Journal();
 
     // For the server.
-    static constexpr CLSID kClassId = {
-        0x19d4b5ab, 0xcc0e, 0x4750, {0x95, 0xaa, 0x0a, 0x79, 0x8d, 0x7d, 0x37, 0x60}};
+    static constexpr wchar_t kClassId[] = L"{19D4B5AB-CC0E-4750-95AA-0A798D7D3760}";
     static constexpr wchar_t kEndEvent[] = L"mfx_automation_server.end";
 
   private:
-    static std::wstring Call(const std::wstring& member, int nCall) {
-        return member + L" " + std::to_wstring(nCall);
-    }
-    void Register(const std::wstring& fault);
+    void Register(const std::wstring& fault = L"");
     void EndServers();
 
     const TempFolder m_folder;

@@ -1,14 +1,12 @@
 #include "DispatchObject.h"
 
-int DispatchObject::s_nObjects = 0;
-
 DispatchObject::DispatchObject(Journal& journal, std::vector<Member> members)
     : m_journal(journal), m_members(std::move(members)) {
-    ++s_nObjects;
+    ++m_journal.m_nObjects;
 }
 
 DispatchObject::~DispatchObject() {
-    if (--s_nObjects == 0) PostQuitMessage(0);
+    if (--m_journal.m_nObjects == 0) PostQuitMessage(0);
 }
 
 HRESULT DispatchObject::QueryInterface(REFIID iid, void** ppObject) {
@@ -24,11 +22,6 @@ ULONG DispatchObject::Release() {
     return nReferences;
 }
 
-HRESULT DispatchObject::GetTypeInfoCount(UINT* pnInfos) {
-    *pnInfos = 0;
-    return S_OK;
-}
-
 HRESULT DispatchObject::GetIDsOfNames(REFIID, LPOLESTR* ppszNames, UINT nNames, LCID, DISPID* pIds) {
     m_journal.Note(std::wstring(L"id ") + ppszNames[0]);
     for (std::size_t i = 0; i < m_members.size() && nNames == 1; ++i)
@@ -40,28 +33,20 @@ HRESULT DispatchObject::GetIDsOfNames(REFIID, LPOLESTR* ppszNames, UINT nNames, 
 }
 
 HRESULT DispatchObject::Invoke(DISPID nId, REFIID, LCID, WORD nKinds, DISPPARAMS* pArguments,
-                               VARIANT* pResult, EXCEPINFO* pException, UINT*) {
+                               VARIANT* pResult, EXCEPINFO*, UINT*) {
     const auto nMember = static_cast<std::size_t>(nId) - 1;
     if (nMember >= m_members.size() || !(m_members[nMember].nKind & nKinds)) return DISP_E_MEMBERNOTFOUND;
     const Member& member = m_members[nMember];
     if (pArguments->cArgs != member.nArguments) return DISP_E_BADPARAMCOUNT;
-    std::wstring argument;
-    if (member.nArguments == 1) {
-        const VARIANT& text = pArguments->rgvarg[0];
-        if (V_VT(&text) != VT_BSTR) return DISP_E_TYPEMISMATCH;
-        argument.assign(V_BSTR(&text), SysStringLen(V_BSTR(&text)));
+    const VARIANT* const pText = member.nArguments ? pArguments->rgvarg : nullptr;
+    if (pText && V_VT(pText) != VT_BSTR) return DISP_E_TYPEMISMATCH;
+    try {
+        const std::wstring argument(pText ? V_BSTR(pText) : L"", pText ? SysStringLen(V_BSTR(pText)) : 0);
+        m_journal.NoteCall(member.name, argument);
+        _variant_t result = member.call(argument);
+        if (pResult) *pResult = result.Detach();
+        return S_OK;
+    } catch (...) {
+        return static_cast<HRESULT>(0x800A03EC);  // as Excel says for whatever goes wrong in it
     }
-    VARIANT result;
-    VariantInit(&result);
-    const HRESULT hResult =
-        m_journal.NoteCall(member.name, argument) ? member.call(argument, result) : kExcelError;
-    if (pResult)
-        *pResult = result;
-    else
-        VariantClear(&result);
-    if (FAILED(hResult) && pException) {
-        *pException = {};
-        pException->scode = hResult;
-    }
-    return FAILED(hResult) ? DISP_E_EXCEPTION : S_OK;
 }

@@ -6,18 +6,19 @@
 // format.
 class Journal {
   public:
-    // File to append to; "fail" or "die" or nothing; the member's name and which of its calls.
-    Journal(std::wstring path, std::wstring outcome, std::wstring member, int nCall);
+    // File to append to; "fail", "die" or nothing; the member's name and which of its calls.
+    Journal(std::wstring path, std::wstring fault, std::wstring member, int nCall);
 
-    // Notes a line.
     void Note(const std::wstring& line) { m_lines += line + L"\n"; }
-    // Notes a call. False when it is the one to fail; the one to die at ends the process.
-    bool NoteCall(const std::wstring& member, const std::wstring& argument = L"");
+    // Notes a call. Throws when it is the one to fail, ends the process when it is the one to die at.
+    void NoteCall(const std::wstring& member, const std::wstring& argument = L"");
     // Appends the lines, and the number of objects that clients still hold, to the file.
-    void Write(int nObjects);
+    void Write();
+
+    int m_nObjects = 0;
 
   private:
-    const std::wstring m_path, m_outcome, m_member;
+    const std::wstring m_path, m_fault, m_member;
     int m_nCallsLeft;
     std::wstring m_lines;
 };

@@ -7,100 +7,73 @@
 #include "XlsSheet.h"
 
 #include <memory>
-#include <optional>
 #include <regex>
+#include <stdexcept>
 
 namespace {
 
 constexpr DWORD kIdleMs = 60000;
+constexpr WORD kMethod = DISPATCH_METHOD, kProperty = DISPATCH_PROPERTYGET;
 
-// Range and sheet of a closed workbook fail, so they hold its cells weakly.
+using Members = std::vector<Member>;
+// Sheets and ranges do not keep the cells of a workbook that is closed; calling them then throws.
+using Cells = std::weak_ptr<const XlsCells>;
+
 struct Session {
     Journal& journal;
     std::shared_ptr<const XlsCells> pOpen;
 };
 
-HRESULT Give(VARIANT& result, Session& session, std::vector<Member> members) {
-    V_VT(&result) = VT_DISPATCH;
-    V_DISPATCH(&result) = new DispatchObject(session.journal, std::move(members));
-    return S_OK;
+_variant_t NewObject(Session& session, Members members) {
+    return {new DispatchObject(session.journal, std::move(members)), false};
 }
 
-HRESULT Give(VARIANT& result, const XlsCell& cell) {
-    VARIANT number;
-    V_VT(&number) = VT_R8;
-    V_R8(&number) = cell.number;
-    if (cell.nType != VT_BSTR && cell.nType != VT_ERROR)
-        return VariantChangeType(&result, &number, 0, cell.nType);
-    V_VT(&result) = cell.nType;
-    if (cell.nType == VT_BSTR)
-        V_BSTR(&result) = SysAllocString(cell.text.c_str());
-    else
-        V_ERROR(&result) = MAKE_SCODE(SEVERITY_ERROR, FACILITY_CONTROL, static_cast<int>(cell.number));
-    return S_OK;
-}
-
-// Row and column from 0 of an address such as "B12"; none outside of an .xls sheet, which ends at IV65536.
-std::optional<XlsCells::key_type> CellAt(const std::wstring& address) {
+// Row and column from 0 of an address such as "B12". Throws when an .xls sheet, which ends at IV65536, has no
+// such cell.
+XlsCells::key_type CellAt(const std::wstring& address) {
     static const std::wregex kAddress(L"([A-Za-z]{1,2})([1-9][0-9]{0,4})");
     std::wsmatch match;
-    if (!std::regex_match(address, match, kAddress)) return std::nullopt;
+    if (!std::regex_match(address, match, kAddress)) throw std::invalid_argument("address");
     unsigned nColumn = 0;
     for (const wchar_t ch : match.str(1)) nColumn = nColumn * 26 + (ch & 31);
     const unsigned nRow = static_cast<unsigned>(std::stoul(match.str(2)));
-    if (nColumn > 256 || nRow > 65536) return std::nullopt;
-    return XlsCells::key_type{nRow - 1, nColumn - 1};
+    if (nColumn > 256 || nRow > 65536) throw std::out_of_range("address");
+    return {nRow - 1, nColumn - 1};
 }
 
-using Cells = std::weak_ptr<const XlsCells>;
-
-std::vector<Member> Range(const Cells& cells, const XlsCells::key_type& at) {
-    return {{L"value", DISPATCH_PROPERTYGET, 0, [=](const std::wstring&, VARIANT& result) {
-                 const auto pCells = cells.lock();
-                 if (!pCells) return kExcelError;
+Members Range(const Cells& cells, const XlsCells::key_type& at) {
+    return {{L"value", kProperty, 0, [=](const auto&) {
+                 const std::shared_ptr pCells(cells);
                  const auto cell = pCells->find(at);
-                 return cell == pCells->end() ? S_OK : Give(result, cell->second);
+                 return cell == pCells->end() ? _variant_t() : cell->second;
              }}};
 }
 
-std::vector<Member> Sheet(Session& session) {
-    const Cells cells = session.pOpen;
-    return {
-        {L"Range", DISPATCH_PROPERTYGET, 1, [&session, cells](const std::wstring& address, VARIANT& result) {
-             const auto at = CellAt(address);
-             if (!at || cells.expired()) return kExcelError;
-             return Give(result, session, Range(cells, *at));
-         }}};
+Members Sheet(Session& session) {
+    return {{L"Range", kProperty, 1, [&session, cells = Cells(session.pOpen)](const auto& address) {
+                 const std::shared_ptr pCells(cells);
+                 return NewObject(session, Range(pCells, CellAt(address)));
+             }}};
 }
 
-std::vector<Member> Workbook(Session& session) {
-    return {{L"Close", DISPATCH_METHOD, 0, [&session](const std::wstring&, VARIANT&) {
+Members Workbook(Session& session) {
+    return {{L"Close", kMethod, 0, [&session](const auto&) {
                  session.pOpen.reset();
-                 return S_OK;
+                 return _variant_t();
              }}};
 }
 
-std::vector<Member> Workbooks(Session& session) {
-    return {{L"Open", DISPATCH_METHOD, 1, [&session](const std::wstring& path, VARIANT& result) {
-                 try {
-                     session.pOpen = std::make_shared<const XlsCells>(ReadActiveSheet(path));
-                 } catch (const std::exception&) {
-                     return kExcelError;
-                 }
-                 return Give(result, session, Workbook(session));
+Members Workbooks(Session& session) {
+    return {{L"Open", kMethod, 1, [&session](const auto& path) {
+                 session.pOpen = std::make_shared<const XlsCells>(ReadActiveSheet(path));
+                 return NewObject(session, Workbook(session));
              }}};
 }
 
-std::vector<Member> Application(Session& session) {
-    return {{L"Workbooks", DISPATCH_PROPERTYGET, 0,
-             [&session](const std::wstring&, VARIANT& result) {
-                 return Give(result, session, Workbooks(session));
-             }},
-            {L"ActiveSheet", DISPATCH_PROPERTYGET, 0,
-             [&session](const std::wstring&, VARIANT& result) {
-                 return session.pOpen ? Give(result, session, Sheet(session)) : kExcelError;
-             }},
-            {L"Quit", DISPATCH_METHOD, 0, [](const std::wstring&, VARIANT&) { return S_OK; }}};
+Members Application(Session& session) {
+    return {{L"Workbooks", kProperty, 0, [&](const auto&) { return NewObject(session, Workbooks(session)); }},
+            {L"ActiveSheet", kProperty, 0, [&](const auto&) { return NewObject(session, Sheet(session)); }},
+            {L"Quit", kMethod, 0, [](const auto&) { return _variant_t(); }}};
 }
 
 // Lives as long as the program.
@@ -120,14 +93,14 @@ class Factory : public IClassFactory {
 
     HRESULT STDMETHODCALLTYPE CreateInstance(IUnknown*, REFIID iid, void** ppObject) override {
         *ppObject = nullptr;
-        if (!m_session.journal.NoteCall(L"Create")) {
+        try {
+            m_session.journal.NoteCall(L"Create");
+            const _variant_t application = NewObject(m_session, Application(m_session));
+            return application.pdispVal->QueryInterface(iid, ppObject);
+        } catch (...) {
             PostQuitMessage(0);
             return E_FAIL;
         }
-        auto* const pObject = new DispatchObject(m_session.journal, Application(m_session));
-        const HRESULT hResult = pObject->QueryInterface(iid, ppObject);
-        pObject->Release();
-        return hResult;
     }
 
   private:
@@ -152,15 +125,15 @@ int wmain(int argc, wchar_t** argv) {
     Journal journal(argv[1], bFault ? argv[2] : L"", bFault ? argv[3] : L"", bFault ? std::stoi(argv[4]) : 0);
     Session session{journal, nullptr};
     Factory factory(session);
-    const HANDLE hEnd = CreateEventW(nullptr, TRUE, FALSE, AutomationServer::kEndEvent);
+    CLSID id;
     DWORD dwCookie = 0;
     CoInitialize(nullptr);
-    if (FAILED(CoRegisterClassObject(AutomationServer::kClassId, &factory, CLSCTX_LOCAL_SERVER,
-                                     REGCLS_SINGLEUSE, &dwCookie)))
+    CLSIDFromString(AutomationServer::kClassId, &id);
+    if (FAILED(CoRegisterClassObject(id, &factory, CLSCTX_LOCAL_SERVER, REGCLS_SINGLEUSE, &dwCookie)))
         return 1;
-    ServeClients(hEnd);
+    ServeClients(CreateEventW(nullptr, TRUE, FALSE, AutomationServer::kEndEvent));
     CoRevokeClassObject(dwCookie);
-    journal.Write(DispatchObject::Count());
+    journal.Write();
     CoUninitialize();
     return 0;
 }
