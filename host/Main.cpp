@@ -1,5 +1,5 @@
-// mfxhost: lists, shows, checks, compares, converts and edits rule documents with the rules module, without
-// the CAD system.
+// mfxhost: lists, shows, checks, compares, converts and edits rule documents with the rules module, and shows
+// what it imports from workbooks, without the CAD system.
 
 #include "CheckCommand.h"
 #include "Commands.h"
@@ -7,6 +7,7 @@
 #include "DiffCommand.h"
 #include "FrameworkLibrary.h"
 #include "LanguageUtil.h"
+#include "SheetCommand.h"
 #include "Text.h"
 #include "UnitNames.h"
 
@@ -45,7 +46,7 @@ CLI::Option* AddFile(CLI::App& cli, const char* name, Path& path, const char* de
 // The library's own words for a wrong command line, but for those that would not help.
 std::string UsageError(const CLI::ParseError& error, const CLI::App& cli, int argc, const char* const* argv) {
     std::string reason = error.what();
-    if (argc <= 1) reason = "give a command: list, new, show, check, diff, convert or configure";
+    if (argc <= 1) reason = "give a command: list, new, show, check, diff, convert, configure or sheet";
     if (cli.get_subcommands().empty() && argc > 1 && argv[1][0] != '-')
         reason = "\"" + std::string(argv[1]) + "\" is not a command";
     return reason + "; mfxhost --help tells the usage";
@@ -162,6 +163,23 @@ int Run(int argc, const char* const* argv) {
         ->required();
     AddFile(*configure, "-o,--output", output, "File to write instead of FILE; replaces an existing one")
         ->type_name("FILE");
+
+    SheetOptions sheetOptions;
+    std::string columns = "A,B,C,D,E";
+    CLI::App* sheet = add("sheet", "Print what an import of a workbook's columns reads, through Excel",
+                          [&](const RuleModule& module) {
+                              sheetOptions.strBook = FromUtf8(path);
+                              sheetOptions.strColumns = FromUtf8(columns);
+                              return PrintSheet(module, sheetOptions);
+                          });
+    AddFile(*sheet, "BOOK", path, "Workbook to read; its folder gets a file MFX.log for a moment")
+        ->required();
+    sheet
+        ->add_option("--columns", columns,
+                     "Letters of the columns; A, the first, decides how many rows there are")
+        ->type_name("A,B,C")
+        ->capture_default_str();
+    sheet->add_flag("--json", sheetOptions.bJson, "Print them as JSON");
 
     try {
         cli.parse(argc, argv);

@@ -13,8 +13,8 @@ struct RuleDeleter {
 };
 using RulePtr = std::unique_ptr<CMfxRule, RuleDeleter>;
 
-// A rules module, loaded by name and used through its seven exports alone. Its rules have to be gone before
-// it is.
+// A rules module, loaded by name and used through its seven exports and the texts beside it. Its rules have
+// to be gone before it is.
 class RuleModule {
   public:
     // Loads the sand casting module from the program's folder. Throws HostError (Missing) that names the
@@ -26,6 +26,9 @@ class RuleModule {
 
     CString GetName() const;
     CString GetSummary() const;
+
+    // A text of its resource library, in the user's language or else in English.
+    CString LoadText(UINT nStringId) const;
 
     // A fresh instance of every rule.
     std::vector<RulePtr> CreateAllRules() const;

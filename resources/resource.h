@@ -37,6 +37,12 @@
 #define IDS_ALREADY_IN_TABLE 10108 /* follows a name and a blank */
 #define IDS_DEFAULT 10133 /* also the placeholder in the list of material groups */
 
+/* Import of a workbook's columns */
+#define IDS_WORKBOOK_NOT_FOUND 29139
+#define IDS_WORKBOOK_NOT_OPENED 29141
+#define IDS_EXCEL_NOT_STARTED 29142
+#define IDS_EXCEL_NOT_INSTALLED 29143
+
 /* The module */
 #define IDS_MODULE_NAME 10061
 #define IDS_MODULE_SUMMARY 10062

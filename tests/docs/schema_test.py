@@ -124,6 +124,20 @@ class SchemaTest(unittest.TestCase):
             ("version", 0), ("differences", None), ("ruleId", 0), ("constraint", 1), ("row", 0), ("unit", "lb"),
             ("left", 1), ("right", ["-"]), ("value", "")])
 
+    def test_sheet(self):
+        # A copy of the program, with the tests' own reader of .xlsx workbooks beside it.
+        *emulator, program = HOST
+        build = pathlib.Path(program).parents[1]
+        (self.folder / "bin").mkdir()
+        for file in [program, *build.glob("bin/*.dll"), *build.glob("tests/exchange/reader/*.dll")]:
+            shutil.copy(file, self.folder / "bin")
+        shutil.copytree(build / "lang", self.folder / "lang")
+        (self.folder / "b.xlsx").touch()
+        sheet = [*emulator, self.folder / "bin" / pathlib.Path(program).name, "sheet", "b.xlsx", "--json"]
+        outputs = [self.run_program(0, *sheet), self.run_program(0, *sheet, "--columns", "a,xfd")]
+        self.validate_json("sheet.schema.json", outputs, [
+            ("version", 2), ("file", ""), ("columns", []), ("column", "a"), ("column", "1"), ("cells", [1])])
+
 
 if __name__ == "__main__":
     test, *HOST = sys.argv[1:]

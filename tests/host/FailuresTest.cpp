@@ -118,6 +118,9 @@ TEST_F(HostTest, NamesThePartOfTheInstallationThatIsMissing) {
             fs::copy(entry.path(), fs::path(bin) / entry.path().filename());
     fs::copy(ProgramFolder() + L"\\..\\lang", m_folder.Path(L"lang"), fs::copy_options::recursive);
     Run({L"list", L"--lang", L"french"}, 0, StartsWith("Règles"), "", bin);
+    fs::remove(bin + L"\\MFXCLRMangedHelper.dll");
+    m_folder.Write(L"b.xlsx", "");
+    Run({L"sheet", L"b.xlsx"}, 4, "", HasSubstr("b.xlsx: the library that reads .xlsx files is missing"), bin);
 
     for (const std::wstring name :
          {L"bin\\MfxKitu.dll", L"bin\\MFXSandCastingRulesu.dll",

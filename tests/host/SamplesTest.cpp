@@ -11,7 +11,8 @@ using namespace testing;
 struct SamplesTest : HostTest {
     SamplesTest() {
         for (const auto& entry : std::filesystem::directory_iterator(Wide(MFX_SAMPLES)))
-            samples[entry.path().filename().string()] = m_folder.Read(entry.path().wstring());
+            if (entry.path().extension() == ".xml")
+                samples[entry.path().filename().string()] = m_folder.Read(entry.path().wstring());
     }
 
     // Every value and table cell as parameter id, column of the table, and text.

@@ -1,0 +1,85 @@
+// Reading the cells of a column through Excel, against a bare loop of the same calls that looks every name up
+// once. For both, the stand-in of the tests is Excel; its start, which takes a second, is left out.
+
+#include "AutomationServer.h"
+#include "CrashReport.h"
+#include "ExcelSheet.h"
+#include "RatioReport.h"
+
+#include <benchmark/benchmark.h>
+
+#include <filesystem>
+
+namespace {
+
+constexpr int kRows = 6;  // the last one is empty
+
+void ReadBySheet(benchmark::State& state, IDispatch* pSheet) {
+    ExcelSheet sheet(pSheet);
+    for (auto _ : state) {
+        std::vector<CString> texts;
+        if (!sheet.ReadColumn(L"A", texts) || texts.size() != kRows - 1) state.SkipWithError("a wrong text");
+    }
+}
+
+DISPID IdOf(IDispatch* pObject, LPCWSTR pszName) {
+    DISPID id = DISPID_UNKNOWN;
+    auto* pszMember = const_cast<LPOLESTR>(pszName);
+    pObject->GetIDsOfNames(IID_NULL, &pszMember, 1, LOCALE_USER_DEFAULT, &id);
+    return id;
+}
+
+void ReadByBareLoop(benchmark::State& state, IDispatch* pSheet) {
+    const DISPID range = IdOf(pSheet, L"Range");
+    DISPID value = DISPID_UNKNOWN;
+    for (auto _ : state)
+        for (int nRow = 1; nRow <= kRows; ++nRow) {
+            Variant address((L"A" + std::to_wstring(nRow)).c_str()), cell, text;
+            DISPPARAMS one{&address, nullptr, 1, 0}, none{};
+            pSheet->Invoke(range, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_PROPERTYGET, &one, &cell, nullptr,
+                           nullptr);
+            if (value == DISPID_UNKNOWN) value = IdOf(cell.pdispVal, L"value");
+            cell.pdispVal->Invoke(value, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_PROPERTYGET, &none, &text,
+                                  nullptr, nullptr);
+        }
+}
+
+template <class Read>
+void Register(const char* name, Read read, IDispatch* pSheet) {
+    benchmark::RegisterBenchmark(name, read, pSheet)
+        ->UseRealTime()
+        ->Unit(benchmark::kMicrosecond)
+        ->MinTime(0.05)
+        ->Repetitions(41)
+        ->ReportAggregatesOnly();
+}
+
+int RunInExcel(int argc, wchar_t** argv) {
+    const TempFolder folder;
+    const std::wstring book = folder.Path(L"b.xls");
+    std::filesystem::copy_file(MFX_SAMPLES "draft-angles.xls", book);
+    Microsoft::WRL::ComPtr<IDispatch> pExcel;
+    CLSID classId;
+    CLSIDFromProgID(L"Excel.Application", &classId);
+    CoCreateInstance(classId, nullptr, CLSCTX_LOCAL_SERVER, IID_PPV_ARGS(&pExcel));
+    const Variant path(book.c_str());
+    Variant workbooks, workbook, sheet;
+    AutoInvoke(AutoPropertyGet, &workbooks, pExcel.Get(), L"Workbooks", 0);
+    AutoInvoke(AutoMethod, &workbook, workbooks.Object().Get(), L"Open", 1, static_cast<VARIANT>(path));
+    AutoInvoke(AutoPropertyGet, &sheet, pExcel.Get(), L"ActiveSheet", 0);
+    if (!sheet.Object()) return EXIT_FAILURE;
+    Register("column of a sheet/reference", ReadByBareLoop, sheet.Object().Get());
+    Register("column of a sheet/subject", ReadBySheet, sheet.Object().Get());
+    return RunWithRatios(argc, argv);
+}
+
+}  // namespace
+
+int wmain(int argc, wchar_t** argv) {
+    InstallCrashReport();
+    const AutomationServer excel;
+    CoInitialize(nullptr);
+    const int nExitCode = RunInExcel(argc, argv);
+    CoUninitialize();
+    return nExitCode;
+}

@@ -1,0 +1,42 @@
+#include "ExcelSheet.h"
+
+#include "XmlNumber.h"
+
+namespace {
+
+CString NumberText(double value) {
+    CString strText = FormatSixDecimals(value);
+    strText.TrimRight(L'0');
+    strText.TrimRight(L'.');
+    return strText;
+}
+
+}  // namespace
+
+CString CellText(const VARIANT& value) {
+    if (value.vt == VT_I2) return NumberText(value.iVal);
+    if (value.vt == VT_I4) return NumberText(value.lVal);
+    if (value.vt == VT_R4) return NumberText(static_cast<double>(value.fltVal));
+    if (value.vt == VT_R8) return NumberText(value.dblVal);
+    if (value.vt == VT_BSTR) return CString(value.bstrVal, static_cast<int>(SysStringLen(value.bstrVal)));
+    return CString();
+}
+
+bool ExcelSheet::ReadColumn(const std::wstring& letter, std::vector<CString>& texts) {
+    const bool bDecides = letter == L"A";
+    for (std::size_t nRow = 1; bDecides || nRow <= m_nRows; ++nRow) {
+        CString strAddress;
+        strAddress.Format(L"%s%d", letter.c_str(), static_cast<int>(nRow));
+        const Variant address(strAddress);
+        Variant range, value;
+        if (FAILED(AutoInvoke(AutoPropertyGet, &range, m_pSheet.Get(), m_range, 1,
+                              static_cast<VARIANT>(address))))
+            break;  // behind the sheet's last row
+        if (FAILED(AutoInvoke(AutoPropertyGet, &value, range.Object().Get(), m_value, 0))) return false;
+        const CString strText = CellText(value);
+        if (bDecides && strText.IsEmpty()) break;
+        texts.push_back(strText);
+    }
+    if (bDecides) m_nRows = texts.size();
+    return true;
+}

@@ -1,0 +1,32 @@
+#pragma once
+
+#include "resource.h"
+
+#include <afx.h>
+
+#include <string>
+#include <vector>
+
+// Letters of the columns to read. The first is "A": it decides how many rows there are.
+using WorkbookColumns = std::vector<std::wstring>;
+
+// Texts of the cells, column by column, each from row 1 down.
+using WorkbookTable = std::vector<std::vector<CString>>;
+
+// Why a workbook was not read.
+enum class WorkbookFault : UINT {
+    None = 0,
+    PathWithoutFolder,
+    ReaderMissing,  // the library of XlsxReader.h, or its export
+    ReaderFailed,   // that library may have said why
+    CellUnreadable,
+    ExcelNotQuit,
+    // These have a text, and its id.
+    NotFound = IDS_WORKBOOK_NOT_FOUND,
+    NotOpened = IDS_WORKBOOK_NOT_OPENED,
+    ExcelNotStarted = IDS_EXCEL_NOT_STARTED,
+    ExcelNotInstalled = IDS_EXCEL_NOT_INSTALLED,
+};
+inline bool HasText(WorkbookFault fault) {
+    return fault >= WorkbookFault::NotFound;
+}

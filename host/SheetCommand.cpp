@@ -1,0 +1,95 @@
+#include "SheetCommand.h"
+
+#include "File.h"
+#include "JsonOutput.h"
+#include "Text.h"
+#include "TextTable.h"
+#include "WorkbookReader.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <regex>
+#include <sstream>
+
+namespace {
+
+WorkbookColumns ParseColumns(CString strColumns) {
+    strColumns.MakeUpper();
+    if (!std::regex_match(strColumns.GetString(), std::wregex(L"A(,[A-Z]{1,3})*")))
+        throw HostError(ExitCode::Usage, "--columns: \"" + ToUtf8(strColumns) +
+                                             "\" is not a list of column letters that begins with A: A,B,C");
+    WorkbookColumns columns;
+    std::wistringstream list(strColumns.GetString());
+    for (std::wstring letters; std::getline(list, letters, L',');) columns.push_back(letters);
+    return columns;
+}
+
+// The words of the module or of the .xlsx reader, or else the program's own.
+std::string Reason(WorkbookFault fault, const CString& strReaderError, const RuleModule& module) {
+    if (HasText(fault)) return ToUtf8(module.LoadText(static_cast<UINT>(fault)));
+    if (!strReaderError.IsEmpty()) return ToUtf8(strReaderError);
+    if (fault == WorkbookFault::ReaderMissing)
+        return "the library that reads .xlsx files is missing or damaged; install the program again";
+    if (fault == WorkbookFault::CellUnreadable)
+        return "a cell can't be read; Excel was left running with the workbook open";
+    return fault == WorkbookFault::ExcelNotQuit ? "Excel does not end" : "can't be read";
+}
+
+WorkbookTable ReadTable(const RuleModule& module, const CString& strBook, const WorkbookColumns& columns) {
+    const std::string book = ToUtf8(strBook) + ": ";
+    if (IsFolder(strBook)) throw HostError(ExitCode::UnreadableInput, book + "can't be read: it is a folder");
+    // Excel has a current folder of its own.
+    const CString strPath = std::filesystem::absolute(strBook.GetString()).make_preferred().c_str();
+    WorkbookTable table;
+    CString strReaderError;
+    const WorkbookFault fault = ReadWorkbook(strPath, columns, table, strReaderError);
+    if (fault == WorkbookFault::None) return table;
+    const bool bMissing = fault == WorkbookFault::ExcelNotInstalled ||
+                          fault == WorkbookFault::ExcelNotStarted || fault == WorkbookFault::ReaderMissing;
+    throw HostError(bMissing ? ExitCode::Missing : ExitCode::UnreadableInput,
+                    book + Reason(fault, strReaderError, module));
+}
+
+// On one line: a cell's line breaks would tear the table.
+std::string CellOnScreen(const CString& strCell) {
+    std::string text = ToUtf8(strCell);
+    std::replace_if(
+        text.begin(), text.end(), [](unsigned char ch) { return ch < ' '; }, ' ');
+    return text;
+}
+
+void PrintTable(const WorkbookColumns& columns, const WorkbookTable& table) {
+    using Align = TextTable::Align;
+    std::vector<Align> alignments(columns.size() + 1, Align::Left);
+    alignments.front() = Align::Right;
+    TextTable text(alignments);
+    std::vector<std::string> row{""};
+    for (const std::wstring& letters : columns) row.push_back(ToUtf8(letters.c_str()));
+    text.Add(row);
+    for (std::size_t nRow = 0; nRow < table.front().size(); ++nRow) {
+        row.assign(1, std::to_string(nRow + 1));
+        for (const auto& cells : table) row.push_back(nRow < cells.size() ? CellOnScreen(cells[nRow]) : "");
+        text.Add(row);
+    }
+    Print(text.Format(2));
+}
+
+}  // namespace
+
+ExitCode PrintSheet(const RuleModule& module, const SheetOptions& options) {
+    const WorkbookColumns columns = ParseColumns(options.strColumns);
+    const WorkbookTable table = ReadTable(module, options.strBook, columns);
+    const std::string book = ToUtf8(options.strBook);
+    if (!options.bJson) {
+        Print(book + ": " + Count(table.front().size(), "row") + "\n");
+        PrintTable(columns, table);
+        return ExitCode::Done;
+    }
+    constexpr int kJsonVersion = 1;
+    Json json{{"version", kJsonVersion}, {"file", book}, {"columns", Json::array()}};
+    for (std::size_t i = 0; i < columns.size(); ++i)
+        json["columns"].push_back(
+            {{"column", ToUtf8(columns[i].c_str())}, {"cells", ToArray(table[i], ToUtf8)}});
+    PrintJson(json);
+    return ExitCode::Done;
+}

@@ -1,0 +1,58 @@
+#include "WorkbookImport.h"
+#include "XlsxReader.h"
+#include "module/ModuleTestSupport.h"
+#include "support/Process.h"
+#include "support/TempFolder.h"
+
+#include <gmock/gmock.h>
+
+#include <filesystem>
+
+namespace fs = std::filesystem;
+using namespace testing;
+
+namespace {
+
+struct XlsxImportTest : Test {
+    ~XlsxImportTest() override { SetDllDirectoryW(nullptr); }
+
+    bool Read(const std::wstring& name) {
+        return ReadWorkbookTable(m_folder.Write(name, "").c_str(), {L"A", L"C"}, m_table, m_strError);
+    }
+
+    const StartedApp m_app{L"english"};
+    const TempFolder m_folder;
+    WorkbookTable m_table{{L"left over"}};
+    CString m_strError = L"left over";
+};
+
+}  // namespace
+
+TEST_F(XlsxImportTest, HandsTheWorkbookToTheLibrary) {
+    SetDllDirectoryW(fs::path(MFX_READER_FOLDER).make_preferred().c_str());
+    for (const std::wstring name : {L"日本 語.xlsx", L"B.XlSX"}) {
+        EXPECT_TRUE(Read(name));
+        const CString strPath = m_folder.Path(name).c_str();
+        EXPECT_EQ(m_table, (WorkbookTable{{strPath, L"A"}, {strPath, L"C"}}));
+    }
+    EXPECT_FALSE(Read(L"refuse.xlsx"));
+    EXPECT_STREQ(m_strError, L"from the reader");
+    EXPECT_FALSE(Read(L"throw.xlsx"));
+    EXPECT_STREQ(m_strError, L"");
+    EXPECT_FALSE(GetModuleHandleW(kXlsxReaderLibrary));
+    EXPECT_FALSE(ReadWorkbookTable(m_folder.Path(L"none.xlsx").c_str(), {L"A"}, m_table, m_strError));
+    EXPECT_TRUE(m_table.empty());  // the library was not even asked
+}
+
+TEST_F(XlsxImportTest, FailsWithoutTheLibraryOrItsExport) {
+    const std::wstring library = m_folder.Path(kXlsxReaderLibrary);
+    fs::copy_file(fs::path(MFX_READER_FOLDER) / kXlsxReaderLibrary, library);
+    fs::current_path(m_folder.Path());  // not a place to take libraries from
+    EXPECT_FALSE(Read(L"b.xlsx"));
+    EXPECT_TRUE(m_table.empty() && m_strError.IsEmpty());
+    fs::copy_file(ProgramFolder() + L"\\libgcc_s_seh-1.dll", library, fs::copy_options::overwrite_existing);
+    SetDllDirectoryW(m_folder.Path().c_str());
+    EXPECT_FALSE(Read(L"b.xlsx"));
+    EXPECT_TRUE(m_table.empty() && m_strError.IsEmpty());
+    fs::current_path(ProgramFolder());
+}
