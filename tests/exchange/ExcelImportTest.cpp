@@ -29,16 +29,11 @@ struct ExcelImportTest : Test {
 
     bool ReadBands() { return Read("draft-angles.xls", {L"A", L"B"}); }
 
-    // A line per column.
+    // A line per column, long texts cut.
     std::string Table() const {
         std::string text;
         for (const auto& cells : m_table) {
-            for (const CString& strCell : cells) {
-                const int nLength = strCell.GetLength();
-                text +=
-                    (nLength > 100 ? std::to_string(nLength) + " characters" : Utf8(strCell.GetString())) +
-                    "|";
-            }
+            for (const CString& strCell : cells) text += Utf8(strCell.Left(18).GetString()) + "|";
             text += "\n";
         }
         return text;
@@ -70,23 +65,21 @@ TEST(ExcelSheetTest, ShowsNumbersAndTextsAndNothingElse) {
         VARTYPE type;
         double number;
         LPCWSTR pszText;
-    } kCases[] = {
-        {VT_I2, -7, L"-7"},
-        {VT_I4, 100000, L"100000"},
-        {VT_R4, 0.5, L"0.5"},
-        {VT_R8, 10, L"10"},
-        {VT_R8, 0.125, L"0.125"},
-        {VT_R8, 0, L"0"},
-        {VT_R8, -1e-7, L"-0"},
-        {VT_R8, 1e20, L"100000000000000000000"},
-        {VT_R8, 1.0000005, L"1.000001"},
-        {VT_BSTR, 2.50, L"2,5"},
-        {VT_CY, 12.5, L""},
-        {VT_DATE, 45351, L""},
-        {VT_BOOL, 1, L""},
-        {VT_I8, 5, L""},
-        {VT_EMPTY, 0, L""},
-    };
+    } kCases[] = {{VT_I2, -7, L"-7"},
+                  {VT_I4, 100000, L"100000"},
+                  {VT_R4, 0.5, L"0.5"},
+                  {VT_R8, 10, L"10"},
+                  {VT_R8, 0.125, L"0.125"},
+                  {VT_R8, 0, L"0"},
+                  {VT_R8, -1e-7, L"-0"},
+                  {VT_R8, 1e20, L"100000000000000000000"},
+                  {VT_R8, 1.0000005, L"1.000001"},
+                  {VT_BSTR, 2.50, L"2,5"},
+                  {VT_CY, 12.5, L""},
+                  {VT_DATE, 45351, L""},
+                  {VT_BOOL, 1, L""},
+                  {VT_I8, 5, L""},
+                  {VT_EMPTY, 0, L""}};
     for (const auto& [type, number, pszText] : kCases) {
         Variant value;
         value.vt = VT_R8, value.dblVal = number;
@@ -95,25 +88,19 @@ TEST(ExcelSheetTest, ShowsNumbersAndTextsAndNothingElse) {
     }
 }
 
-TEST(AutoInvokeTest, PassesArgumentsInOrderAndLeavesThemToTheCaller) {
-    CoInitialize(nullptr);
-    {
-        CLSID classId;
-        ASSERT_HRESULT_SUCCEEDED(CLSIDFromProgID(L"Scripting.Dictionary", &classId));
-        Microsoft::WRL::ComPtr<IDispatch> pWords;
-        ASSERT_HRESULT_SUCCEEDED(
-            CoCreateInstance(classId, nullptr, CLSCTX_INPROC_SERVER, IID_PPV_ARGS(&pWords)));
-        const Variant key(L"key"), item(L"item");
-        Variant found;
-        EXPECT_HRESULT_SUCCEEDED(AutoInvoke(AutoMethod, nullptr, pWords.Get(), L"add", 2,
-                                            static_cast<VARIANT>(key), static_cast<VARIANT>(item)));
-        EXPECT_HRESULT_SUCCEEDED(
-            AutoInvoke(AutoPropertyGet, &found, pWords.Get(), L"Item", 1, static_cast<VARIANT>(key)));
-        EXPECT_STREQ(CellText(found), L"item");
-        EXPECT_EQ(AutoInvoke(AutoMethod, nullptr, pWords.Get(), L"Quit", 0), DISP_E_UNKNOWNNAME);
-        EXPECT_EQ(AutoInvoke(AutoMethod, nullptr, nullptr, L"Quit", 0), E_POINTER);
-    }
-    CoUninitialize();
+TEST_F(ExcelImportTest, PassesArgumentsInOrderAndLeavesThemToTheCaller) {
+    CLSID classId;
+    ASSERT_HRESULT_SUCCEEDED(CLSIDFromProgID(L"Scripting.Dictionary", &classId));
+    Microsoft::WRL::ComPtr<IDispatch> pWords;
+    ASSERT_HRESULT_SUCCEEDED(CoCreateInstance(classId, nullptr, CLSCTX_INPROC_SERVER, IID_PPV_ARGS(&pWords)));
+    const Variant key(L"key"), item(L"item");
+    const VARIANT plainKey = key, plainItem = item;
+    Variant found;
+    EXPECT_EQ(AutoInvoke(AutoMethod, nullptr, pWords.Get(), L"add", 2, plainKey, plainItem), S_OK);
+    EXPECT_EQ(AutoInvoke(AutoPropertyGet, &found, pWords.Get(), L"Item", 1, plainKey), S_OK);
+    EXPECT_STREQ(CellText(found), L"item");
+    EXPECT_EQ(AutoInvoke(AutoMethod, nullptr, pWords.Get(), L"Quit", 0), DISP_E_UNKNOWNNAME);
+    EXPECT_EQ(AutoInvoke(AutoMethod, nullptr, nullptr, L"Quit", 0), E_POINTER);
 }
 
 TEST_F(ExcelImportTest, ReadsTheColumnsOfTheActiveSheet) {
@@ -128,8 +115,8 @@ TEST_F(ExcelImportTest, ReadsTheColumnsOfTheActiveSheet) {
         {"cell-types.xls",
          {L"A", L"B", L"C"},
          "Integer|Decimal|Date|Currency|Percent|Boolean|Error|Formula|Text|Empty|Long|\n"
-         "42|0.125|||0.25|||84|抜き勾配||6000 characters|\n"
-         "-7|12345.678||||||x42|Angle de dépouille|1|3000 characters|\n"},
+         "42|0.125|||0.25|||84|抜き勾配||xxxxxxxxxxxxxxxxxx|\n"
+         "-7|12345.678||||||x42|Angle de dépouille|1|抜抜抜抜抜抜抜抜抜抜抜抜抜抜抜抜抜抜|\n"},
         {"second-sheet-active.xls", {L"A"}, "second|\n"},
         {"empty-first-cell.xls", {L"A", L"B"}, "\n\n"},
     };

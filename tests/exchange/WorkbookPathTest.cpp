@@ -15,8 +15,7 @@ TEST(WorkbookPathTest, TakesThePartBeforeTheLastBackslash) {
         {L"C:\\a b\\c.xls", L"C:\\a b"}, {L"\\\\server\\日本\\c.xls", L"\\\\server\\日本"},
         {L"C:\\a\\", L"C:\\a"},          {L"\\c.xls", L""},
         {L"C:/a/c.xls", std::nullopt},   {L"", std::nullopt},
-        {nullptr, std::nullopt},
-    };
+        {nullptr, std::nullopt}};
     for (const auto& [pszPath, folder] : kCases) {
         wchar_t* pszFolder = nullptr;
         EXPECT_EQ(GetFolderOfPath(pszPath, pszFolder), folder.has_value());
@@ -36,16 +35,14 @@ TEST(WorkbookPathTest, ProbesTheFolderAndAcceptsWhatCanBeAWorkbook) {
         std::wstring path;
         bool bAccepted;
         UINT nTextId;
-    } kCases[] = {
-        {L"", false, IDS_WORKBOOK_NOT_FOUND},
-        {L"b.xls", false, 0},
-        {folder.Path(L"none\\b.xls"), false, IDS_WORKBOOK_NOT_FOUND},
-        {book + L"\\b.xls", false, IDS_WORKBOOK_NOT_FOUND},
-        {folder.Path(L"none.xls"), false, IDS_WORKBOOK_NOT_FOUND},
-        {book, true, 0},
-        {locked, true, 0},
-        {locked + L"\\none.xls", true, 0},
-    };
+    } kCases[] = {{L"", false, IDS_WORKBOOK_NOT_FOUND},
+                  {L"b.xls", false, 0},
+                  {folder.Path(L"none\\b.xls"), false, IDS_WORKBOOK_NOT_FOUND},
+                  {book + L"\\b.xls", false, IDS_WORKBOOK_NOT_FOUND},
+                  {folder.Path(L"none.xls"), false, IDS_WORKBOOK_NOT_FOUND},
+                  {book, true, 0},
+                  {locked, true, 0},
+                  {locked + L"\\none.xls", true, 0}};
     for (const auto& [path, bAccepted, nTextId] : kCases) {
         SCOPED_TRACE(testing::PrintToString(path));
         CString strError = L"left over";
