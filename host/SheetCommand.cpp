@@ -50,12 +50,9 @@ WorkbookTable ReadTable(const RuleModule& module, const CString& strBook, const 
                     book + Reason(fault, strReaderError, module));
 }
 
-// On one line: a cell's line breaks would tear the table.
+// A very long text is cut, or the table could not be read; --json has all of it.
 std::string CellOnScreen(const CString& strCell) {
-    std::string text = ToUtf8(strCell);
-    std::replace_if(
-        text.begin(), text.end(), [](unsigned char ch) { return ch < ' '; }, ' ');
-    return text;
+    return Escaped(Shortened(strCell));
 }
 
 void PrintTable(const WorkbookColumns& columns, const WorkbookTable& table) {
