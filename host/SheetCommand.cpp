@@ -6,7 +6,6 @@
 #include "TextTable.h"
 #include "WorkbookReader.h"
 
-#include <algorithm>
 #include <filesystem>
 #include <regex>
 #include <sstream>
@@ -51,10 +50,6 @@ WorkbookTable ReadTable(const RuleModule& module, const CString& strBook, const 
 }
 
 // A very long text is cut, or the table could not be read; --json has all of it.
-std::string CellOnScreen(const CString& strCell) {
-    return Escaped(Shortened(strCell));
-}
-
 void PrintTable(const WorkbookColumns& columns, const WorkbookTable& table) {
     using Align = TextTable::Align;
     std::vector<Align> alignments(columns.size() + 1, Align::Left);
@@ -65,7 +60,7 @@ void PrintTable(const WorkbookColumns& columns, const WorkbookTable& table) {
     text.Add(row);
     for (std::size_t nRow = 0; nRow < table.front().size(); ++nRow) {
         row.assign(1, std::to_string(nRow + 1));
-        for (const auto& cells : table) row.push_back(nRow < cells.size() ? CellOnScreen(cells[nRow]) : "");
+        for (const auto& cells : table) row.push_back(nRow < cells.size() ? Shortened(cells[nRow]) : "");
         text.Add(row);
     }
     Print(text.Format(2));
