@@ -1,9 +1,10 @@
 // Reading the cells of a column through Excel, against a bare loop of the same calls that looks every name up
 // once. For both, the stand-in of the tests is Excel; its start, which takes a second, is left out.
 
+#include "ExcelSheet.h"
+
 #include "AutomationServer.h"
 #include "CrashReport.h"
-#include "ExcelSheet.h"
 #include "RatioReport.h"
 
 #include <benchmark/benchmark.h>

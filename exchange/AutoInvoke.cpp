@@ -12,8 +12,10 @@ HRESULT AutoInvoke(AutoKind kind, VARIANT* pResult, IDispatch* pObject, const Au
     if (!pObject) return E_POINTER;
     if (member.id == DISPID_UNKNOWN) {
         auto* pszName = const_cast<LPOLESTR>(member.pszName);  // only read, whatever its type
-        const HRESULT result = pObject->GetIDsOfNames(IID_NULL, &pszName, 1, kEnglish, &member.id);
+        DISPID id = DISPID_UNKNOWN;                            // a failing call may leave anything in it
+        const HRESULT result = pObject->GetIDsOfNames(IID_NULL, &pszName, 1, kEnglish, &id);
         if (FAILED(result)) return result;
+        member.id = id;
     }
     std::vector<VARIANT> reversed(static_cast<std::size_t>(nArguments));
     va_list arguments;

@@ -1,7 +1,7 @@
 // Calls of automation objects.
 #pragma once
 
-#include <windows.h>
+#include <afx.h>
 #include <oleauto.h>
 #include <wrl/client.h>
 

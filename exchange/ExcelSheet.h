@@ -22,5 +22,5 @@ class ExcelSheet {
     Microsoft::WRL::ComPtr<IDispatch> m_pSheet;
     AutoMember m_range{L"Range"};
     AutoMember m_value{L"value"};
-    std::size_t m_nRows = SIZE_MAX;  // of column "A", once it was read
+    std::size_t m_nRows = 0;  // of column "A", once it was read
 };

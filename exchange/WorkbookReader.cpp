@@ -10,6 +10,8 @@
 
 namespace {
 
+constexpr std::size_t kLongestPath = 32'768;
+
 // COM for this thread; one that has it in another mode keeps that.
 struct ComScope {
     ~ComScope() {
@@ -21,10 +23,25 @@ struct ComScope {
 using LibraryPtr =
     std::unique_ptr<std::remove_pointer_t<HMODULE>, decltype([](HMODULE h) { FreeLibrary(h); })>;
 
+// Beside the library or program that this code is in, or else where programs have their libraries. Not from
+// the current folder, which may be that of the workbook and whatever came with it.
+LibraryPtr LoadReader() {
+    static const wchar_t kHere = 0;
+    HMODULE hOwn = nullptr;
+    GetModuleHandleExW(GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT,
+                       &kHere, &hOwn);
+    std::wstring path(kLongestPath, L'\0');
+    path.resize(GetModuleFileNameW(hOwn, path.data(), static_cast<DWORD>(path.size())));
+    path.replace(path.find_last_of(L'\\') + 1, path.npos, kXlsxReaderLibrary);
+    LibraryPtr pLibrary(LoadLibraryExW(path.c_str(), nullptr, LOAD_WITH_ALTERED_SEARCH_PATH));
+    if (!pLibrary)
+        pLibrary.reset(LoadLibraryExW(kXlsxReaderLibrary, nullptr, LOAD_LIBRARY_SEARCH_DEFAULT_DIRS));
+    return pLibrary;
+}
+
 WorkbookFault ReadByLibrary(const CString& strPath, const WorkbookColumns& columns, WorkbookTable& table,
                             CString& strError) {
-    // Not from the current folder, which may be that of the workbook and whatever came with it.
-    const LibraryPtr pLibrary(LoadLibraryExW(kXlsxReaderLibrary, nullptr, LOAD_LIBRARY_SEARCH_DEFAULT_DIRS));
+    const LibraryPtr pLibrary = LoadReader();
     const FARPROC address = pLibrary ? GetProcAddress(pLibrary.get(), kXlsxReaderExport) : nullptr;
     if (!address) return WorkbookFault::ReaderMissing;
     auto* pRead = reinterpret_cast<ReadXlsxFunction*>(reinterpret_cast<void (*)()>(address));

@@ -6,20 +6,26 @@
 #include "TextTable.h"
 #include "WorkbookReader.h"
 
+#include <algorithm>
 #include <filesystem>
-#include <regex>
 #include <sstream>
 
 namespace {
 
+bool IsColumn(const std::wstring& letters) {
+    constexpr std::size_t kMostLetters = 3;
+    return !letters.empty() && letters.size() <= kMostLetters &&
+           letters.find_first_not_of(L"ABCDEFGHIJKLMNOPQRSTUVWXYZ") == letters.npos;
+}
+
 WorkbookColumns ParseColumns(CString strColumns) {
     strColumns.MakeUpper();
-    if (!std::regex_match(strColumns.GetString(), std::wregex(L"A(,[A-Z]{1,3})*")))
-        throw HostError(ExitCode::Usage, "--columns: \"" + ToUtf8(strColumns) +
-                                             "\" is not a list of column letters that begins with A: A,B,C");
     WorkbookColumns columns;
-    std::wistringstream list(strColumns.GetString());
+    std::wistringstream list((strColumns + L",").GetString());  // or an empty end would be lost
     for (std::wstring letters; std::getline(list, letters, L',');) columns.push_back(letters);
+    if (columns.front() != L"A" || !std::ranges::all_of(columns, IsColumn))
+        throw HostError(ExitCode::Usage, "--columns: " + Quoted(strColumns) +
+                                             " is not a list of column letters that begins with A: A,B,C");
     return columns;
 }
 
@@ -30,7 +36,7 @@ std::string Reason(WorkbookFault fault, const CString& strReaderError, const Rul
     if (fault == WorkbookFault::ReaderMissing)
         return "the library that reads .xlsx files is missing or damaged; install the program again";
     if (fault == WorkbookFault::CellUnreadable)
-        return "a cell can't be read; Excel was left running with the workbook open";
+        return "a cell can't be read; Excel was not told to close the workbook and to end";
     return fault == WorkbookFault::ExcelNotQuit ? "Excel does not end" : "can't be read";
 }
 

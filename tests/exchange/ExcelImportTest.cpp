@@ -155,7 +155,7 @@ TEST_F(ExcelImportTest, EndsInOrderWhateverFails) {
         {L"Workbooks", 1, false, false, IDS_WORKBOOK_NOT_OPENED, "Quit"},
         {L"Open", 1, false, false, IDS_WORKBOOK_NOT_OPENED, "Quit"},
         {L"ActiveSheet", 1, false, false, IDS_WORKBOOK_NOT_OPENED, "ActiveSheetCloseQuit"},
-        {L"value", 2, false, false, 0, "ActiveSheet"},  // Excel is left running, for the user to look
+        {L"value", 2, false, false, 0, "ActiveSheet"},  // neither Close nor Quit
         {L"value", 7, false, false, 0, "ActiveSheet"},
         {L"Range", 3, false, true, 0, "ActiveSheetCloseQuit"},  // taken for the end of the sheet
         {L"Close", 1, false, true, 0, "ActiveSheetCloseQuit"},

@@ -50,7 +50,7 @@ TEST_F(XlsxImportTest, FailsWithoutTheLibraryOrItsExport) {
     fs::current_path(m_folder.Path());  // not a place to take libraries from
     EXPECT_FALSE(Read(L"b.xlsx"));
     EXPECT_TRUE(m_table.empty() && m_strError.IsEmpty());
-    fs::copy_file(ProgramFolder() + L"\\libgcc_s_seh-1.dll", library, fs::copy_options::overwrite_existing);
+    fs::copy_file(ProgramFolder() + L"\\MfxKitu.dll", library, fs::copy_options::overwrite_existing);
     SetDllDirectoryW(m_folder.Path().c_str());
     EXPECT_FALSE(Read(L"b.xlsx"));
     EXPECT_TRUE(m_table.empty() && m_strError.IsEmpty());
