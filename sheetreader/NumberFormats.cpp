@@ -53,7 +53,7 @@ NumberFormats::NumberFormats(XmlScanner styles) {
     styles.ForEachChild([&](std::string_view list) {
         const bool bOwn = list == "numFmts", bCells = list == "cellXfs";
         styles.ForEachChild([&](std::string_view name) {
-            const std::string id = styles.Attribute("numFmtId");
+            const std::string_view id = styles.Attribute("numFmtId");
             if (bOwn && name == "numFmt")
                 ownFormats[ParseIndex(id)] = IsPlainCode(styles.Attribute("formatCode"));
             else if (bCells && name == "xf")

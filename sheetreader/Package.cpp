@@ -86,10 +86,10 @@ std::vector<Relation> Package::Relations(const std::string& part) {
     xml.EnterRoot("Relationships");
     xml.ForEachChild([&](std::string_view name) {
         if (name != "Relationship") return;
-        const std::string type = xml.Attribute("Type");
+        const std::string_view type = xml.Attribute("Type");
         const bool bExternal = xml.Attribute("TargetMode") == "External";
         relations.push_back(
-            {xml.Attribute("Id"), type.substr(type.find_last_of('/') + 1),
+            {std::string(xml.Attribute("Id")), std::string(type.substr(type.find_last_of('/') + 1)),
              bExternal ? "" : Resolve(part.substr(0, nFile ? nFile - 1 : 0), xml.Attribute("Target"))});
     });
     xml.Finish();

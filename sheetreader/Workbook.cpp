@@ -48,11 +48,11 @@ std::optional<std::string> Workbook::FindActiveSheet() {
         const bool bViews = list == "bookViews", bSheets = list == "sheets";
         xml.ForEachChild([&](std::string_view name) {
             if (bViews && name == "workbookView" && nViews++ == 0) {
-                const std::string active = xml.Attribute("activeTab");
+                const std::string_view active = xml.Attribute("activeTab");
                 nActive = active.empty() ? 0 : ParseIndex(active);
             } else if (bSheets && name == "sheet") {
-                const std::string state = xml.Attribute("state");
-                sheets.push_back({xml.Attribute("id"), state.empty() || state == "visible"});
+                const std::string_view state = xml.Attribute("state");
+                sheets.push_back({std::string(xml.Attribute("id")), state.empty() || state == "visible"});
             }
         });
     });

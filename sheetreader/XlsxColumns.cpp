@@ -59,7 +59,7 @@ void XlsxColumns::ReadSheet(XmlScanner xml, const NumberFormats& formats) {
         if (name != "sheetData") return;
         xml.ForEachChild([&](std::string_view row) {
             if (row != "row") return;
-            const std::string number = xml.Attribute("r");
+            const std::string_view number = xml.Attribute("r");
             nRow = number.empty() ? nRow + 1 : ParseIndex(number);
             ReadRow(xml, formats, nRow);
         });
@@ -71,7 +71,7 @@ void XlsxColumns::ReadRow(XmlScanner& xml, const NumberFormats& formats, std::ui
     Place place{nRow, 0};
     xml.ForEachChild([&](std::string_view name) {
         if (name != "c") return;
-        const std::string reference = xml.Attribute("r");
+        const std::string_view reference = xml.Attribute("r");
         place = reference.empty() ? Place{nRow, place.nColumn + 1} : ParseReference(reference);
         if (place.nRow == 0 || place.nRow > kMaxRow || place.nColumn == 0 || place.nColumn > kMaxColumn)
             throw std::runtime_error("a cell outside of the sheet");
@@ -80,7 +80,9 @@ void XlsxColumns::ReadRow(XmlScanner& xml, const NumberFormats& formats, std::ui
 }
 
 std::uint32_t XlsxColumns::ReadCell(XmlScanner& xml, const NumberFormats& formats) {
-    const std::string type = xml.Attribute("t"), style = xml.Attribute("s");
+    const std::string type(xml.Attribute("t"));
+    const std::string_view style = xml.Attribute("s");
+    const bool bPlain = style.empty() || formats.IsPlain(ParseIndex(style));
     m_value.clear();
     xml.ForEachChild([&](std::string_view name) {
         if (name == "v") return xml.ReadText(m_value);
@@ -95,7 +97,7 @@ std::uint32_t XlsxColumns::ReadCell(XmlScanner& xml, const NumberFormats& format
     if (type == "str") Unescape(m_value);
     if (type == "str" || type == "inlineStr") return m_texts.Add(m_value);
     if (!type.empty() && type != "n") throw std::runtime_error("a cell of an unknown type");
-    if (!style.empty() && !formats.IsPlain(ParseIndex(style))) return kNoText;
+    if (!bPlain) return kNoText;
     FormatCellNumber(m_value, m_value);
     return m_texts.Add(m_value);
 }

@@ -3,8 +3,8 @@
 #include "Unicode.h"
 
 #include <algorithm>
+#include <array>
 #include <charconv>
-#include <cstring>
 #include <stdexcept>
 #include <utility>
 
@@ -16,12 +16,28 @@ constexpr std::size_t kChunk = 1 << 16, kMaxToken = 1 << 24, kMaxDepth = 256;
     throw std::runtime_error(pszReason);
 }
 
-bool IsBlank(char ch) {
-    return ch == ' ' || ch == '\n' || ch == '\t' || ch == '\r';
+// What a character is to the loops over text and tags. The zero that ends the buffer ends all of them.
+enum : unsigned char { kBlank = 1, kOther = 2, kSpecial = 4, kEndsText = 8, kEndsName = 16 };
+
+constexpr std::array<unsigned char, 256> kClasses = [] {
+    std::array<unsigned char, 256> classes;
+    classes.fill(kOther);
+    for (const char ch : {' ', '\n', '\t', '\r'})
+        classes[static_cast<unsigned char>(ch)] = kBlank | kEndsName;
+    for (const char ch : {'>', '/', '='}) classes[static_cast<unsigned char>(ch)] |= kEndsName;
+    classes['\r'] |= kSpecial;
+    classes['&'] |= kSpecial;
+    classes['<'] = classes['\0'] = kEndsText | kEndsName;
+    return classes;
+}();
+
+unsigned ClassOf(char ch) {
+    return kClasses[static_cast<unsigned char>(ch)];
 }
 
-bool EndsName(char ch) {
-    return IsBlank(ch) || ch == '>' || ch == '/' || ch == '=';
+template <class Char>
+void SkipBlanks(Char*& p) {
+    while (ClassOf(*p) & kBlank) ++p;
 }
 
 // What stands between "&" and ";".
@@ -41,10 +57,6 @@ char32_t Referenced(std::string_view name) {
 
 // Appends the text with its references resolved and its line ends as "\n".
 void AppendResolved(std::string_view raw, std::string& text) {
-    if (raw.find('&') == raw.npos && raw.find('\r') == raw.npos) {
-        text += raw;
-        return;
-    }
     for (std::size_t nAt = 0; nAt < raw.size();) {
         const std::size_t nSpecial = std::min(raw.find_first_of("&\r", nAt), raw.size());
         text.append(raw, nAt, nSpecial - nAt);
@@ -73,16 +85,10 @@ void XmlScanner::Finish() {
     while (m_token != Token::Nothing) Next();
 }
 
-std::string XmlScanner::Attribute(std::string_view name) const {
-    std::string text;
-    for (const auto& [given, value] : m_attributes) {
-        if (!given.ends_with(name) ||
-            (given.size() > name.size() && given[given.size() - name.size() - 1] != ':'))
-            continue;
-        AppendResolved(value, text);
-        break;
-    }
-    return text;
+std::string_view XmlScanner::Attribute(std::string_view name) const {
+    for (const auto& [given, value] : m_attributes)  // the first characters tell most of them apart
+        if (given.size() == name.size() && given[0] == name[0] && given == name) return value;
+    return {};
 }
 
 void XmlScanner::ReadText(std::string& text) {
@@ -107,25 +113,28 @@ XmlScanner::Token XmlScanner::ReadMarkup() {
             return Token::Nothing;
         }
         if (*Begin() != '<') return ReadCharacters();
-        while (End() - Begin() < 9 && Refill()) {
+        if (m_nPos + 1 == m_buffer.size()) Refill();
+        switch (Begin()[1]) {
+            case '/':
+                return ReadEnd();
+            case '?':
+                m_nPos += Find("?>", 2) + 2;
+                break;
+            case '!':
+                if (StartsWith("<![CDATA[")) return ReadLiteral();
+                if (!StartsWith("<!--")) Fail("a document type");
+                m_nPos += Find("-->", 4) + 3;
+                break;
+            default:
+                return ReadStart();
         }
-        const std::string_view start(Begin(), std::min<std::size_t>(m_buffer.size() - m_nPos, 9));
-        if (start.starts_with("</")) return ReadEnd();
-        if (start.starts_with("<![CDATA[")) return ReadLiteral();
-        if (start.starts_with("<!--"))
-            m_nPos += Find("-->", 4) + 3;
-        else if (start.starts_with("<?"))
-            m_nPos += Find("?>", 2) + 2;
-        else if (start.starts_with("<!"))
-            Fail("a document type");
-        else
-            return ReadStart();
     }
 }
 
 XmlScanner::Token XmlScanner::ReadStart() {
     while (!ParseTag(Begin()))
         if (!Refill()) Fail("a tag without end");
+    if (std::exchange(m_bSpecialValues, false)) ResolveValues();
     if (m_lengths.empty()) {
         if (m_bRootSeen) Fail("a second root element");
         m_bRootSeen = true;
@@ -144,75 +153,78 @@ std::string_view XmlScanner::WithoutPrefix(std::string_view name) const {
 
 // False when the buffer ends within the tag at p.
 bool XmlScanner::ParseTag(char* p) {
-    const char* const pEnd = End();
     char* const pName = ++p;
-    p = std::find_if(p, End(), EndsName);
+    while (!(ClassOf(*p) & kEndsName)) ++p;
     m_name = {pName, p};
-    if (m_name.empty()) Fail("a tag without name");
     m_attributes.clear();
-    for (;;) {
-        while (p != pEnd && IsBlank(*p)) ++p;
-        if (p == pEnd) return false;
-        m_bEmptyElement = *p == '/';
-        if (m_bEmptyElement && ++p == pEnd) return false;
-        if (*p == '>') break;
-        if (m_bEmptyElement) Fail("a slash within a tag");
-        if (!ParseAttribute(p)) return false;
-    }
+    for (SkipBlanks(p); *p != '>' && *p != '/'; SkipBlanks(p))
+        if (p == End() || !ParseAttribute(p)) return false;
+    m_bEmptyElement = *p == '/';
+    if (m_bEmptyElement && ++p == End()) return false;
+    if (m_name.empty() || *p != '>') Fail("a tag with something else in it");
     m_nPos = static_cast<std::size_t>(p + 1 - m_buffer.data());
     return true;
 }
 
 // Moves behind the attribute; false when the buffer ends within it.
 bool XmlScanner::ParseAttribute(char*& p) {
-    const auto toVisible = [&] {
-        while (p != End() && IsBlank(*p)) ++p;
-        return p != End();
-    };
-    char* const pName = p;
-    p = std::find_if(p, End(), EndsName);
+    const char* pName = p;
+    for (; !(ClassOf(*p) & kEndsName); ++p)
+        if (*p == ':') pName = p + 1;
     const std::string_view name(pName, p);
-    if (!toVisible()) return false;
+    SkipBlanks(p);
+    if (p == End()) return false;
     if (name.empty() || *p++ != '=') Fail("an attribute without value");
-    if (!toVisible()) return false;
+    SkipBlanks(p);
+    if (p == End()) return false;
     const char quote = *p++;
     if (quote != '"' && quote != '\'') Fail("an attribute without quotation marks");
     char* const pValue = p;
-    p = std::find(p, End(), quote);
+    unsigned nClasses = 0;
+    for (; *p != quote && !(ClassOf(*p) & kEndsText); ++p) nClasses |= ClassOf(*p);
     if (p == End()) return false;
+    if (*p != quote) Fail("a tag within an attribute");
     m_attributes.push_back({name, {pValue, p++}});
+    m_bSpecialValues |= (nClasses & kSpecial) != 0;
     return true;
 }
 
 XmlScanner::Token XmlScanner::ReadEnd() {
-    const std::size_t nEnd = Find(">", 2);
-    std::string_view name(Begin() + 2, nEnd - 2);
-    while (!name.empty() && IsBlank(name.back())) name.remove_suffix(1);
-    m_nPos += nEnd + 1;
-    if (m_lengths.empty() || name.size() != m_lengths.back() || !m_openNames.ends_with(name))
-        Fail("an end tag of another element");
-    return CloseElement();
+    if (m_lengths.empty()) Fail("an end tag without start");
+    const char* pName = m_openNames.data() + m_openNames.size() - m_lengths.back();
+    for (std::size_t nAt = 2;;) {
+        const char* p = Begin() + nAt;
+        while (*p && *p == *pName) ++p, ++pName;
+        if (!*pName) SkipBlanks(p);
+        nAt = static_cast<std::size_t>(p - Begin());
+        if (*p == '>' && !*pName) {
+            m_nPos += nAt + 1;
+            return CloseElement();
+        }
+        if (p != End() || !Refill()) Fail("an end tag of another element");
+    }
 }
 
 XmlScanner::Token XmlScanner::CloseElement() {
     m_bEmptyElement = false;
-    m_openNames.resize(m_openNames.size() - m_lengths.back());
+    m_openNames.erase(m_openNames.size() - m_lengths.back());
     m_lengths.pop_back();
     return Token::End;
 }
 
 XmlScanner::Token XmlScanner::ReadCharacters() {
-    const bool bOutside = m_lengths.empty();
-    std::size_t nEnd = 0;
-    // Outside of the root element nothing but blanks may stand, and nothing has to follow them.
-    if (bOutside)
-        while (nEnd < m_buffer.size() - m_nPos && IsBlank(Begin()[nEnd])) ++nEnd;
-    else
-        nEnd = Find("<", 0);
-    if (nEnd == 0) Fail("text outside of the root element");
-    m_text = {Begin(), nEnd};
-    m_bReferences = true;
-    m_nPos += nEnd;
+    std::size_t nLength = 0;
+    unsigned nClasses = 0;
+    do {
+        const char* p = Begin() + nLength;
+        for (; !(ClassOf(*p) & kEndsText); ++p) nClasses |= ClassOf(*p);
+        nLength = static_cast<std::size_t>(p - Begin());
+    } while (Begin() + nLength == End() && Refill());
+    const bool bZero = Begin() + nLength != End() && Begin()[nLength] == '\0';
+    if (bZero || (m_lengths.empty() && nClasses & kOther)) Fail("text outside of the root element");
+    m_text = {Begin(), nLength};
+    m_bReferences = (nClasses & kSpecial) != 0;
+    m_nPos += nLength;
     return Token::Text;
 }
 
@@ -224,6 +236,22 @@ XmlScanner::Token XmlScanner::ReadLiteral() {
     m_bReferences = false;
     m_nPos += nEnd + 3;
     return Token::Text;
+}
+
+// In their places, since no reference is shorter than its character.
+void XmlScanner::ResolveValues() {
+    for (auto& [name, value] : m_attributes) {
+        std::string text;
+        AppendResolved(value, text);
+        value = {std::copy(text.begin(), text.end(), const_cast<char*>(value.data())) - text.size(),
+                 text.size()};
+    }
+}
+
+bool XmlScanner::StartsWith(std::string_view mark) {
+    while (m_buffer.size() - m_nPos < mark.size() && Refill()) {
+    }
+    return std::string_view(Begin(), End()).starts_with(mark);
 }
 
 // Where the mark stands, seen from the token's start.

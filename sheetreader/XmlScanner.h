@@ -28,7 +28,7 @@ class XmlScanner {
     }
 
     // Of the element that was just entered, by its name without prefix; empty when it has none.
-    std::string Attribute(std::string_view name) const;
+    std::string_view Attribute(std::string_view name) const;
 
     // Appends the open element's own text.
     void ReadText(std::string& text);
@@ -49,6 +49,8 @@ class XmlScanner {
     Token CloseElement();
     bool ParseTag(char* p);
     bool ParseAttribute(char*& p);
+    void ResolveValues();
+    bool StartsWith(std::string_view mark);
     std::string_view WithoutPrefix(std::string_view name) const;
     std::size_t Find(std::string_view mark, std::size_t nFrom);
     bool Refill();
@@ -67,7 +69,7 @@ class XmlScanner {
     std::string m_openNames;             // of the open elements, one behind the other
     std::vector<std::size_t> m_lengths;  // of these names
     std::string m_prefix;                // the root's, with its colon
-    bool m_bRootSeen = false, m_bEmptyElement = false, m_bReferences = false;
+    bool m_bRootSeen = false, m_bEmptyElement = false, m_bReferences = false, m_bSpecialValues = false;
     std::string_view m_name, m_text;
     std::vector<NameAndValue> m_attributes;
 };
