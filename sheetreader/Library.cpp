@@ -16,7 +16,7 @@ bool ReadExcelAndFillTableColByCol(const std::wstring path, const WorkbookColumn
         if (zip_source_t* const pSource = zip_source_win32w_create(path.c_str(), 0, 0, nullptr)) {
             const XlsxColumns sheet(pSource, columns);
             WorkbookTable texts;
-            for (std::size_t i = 0; i < columns.size(); ++i) texts.push_back(sheet.Texts<CString>(i));
+            for (std::size_t i = 0; i < columns.size(); ++i) texts.push_back(sheet.Texts<CString, int>(i));
             table = std::move(texts);
             bRead = true;
         }

@@ -1,5 +1,6 @@
 #include "Unicode.h"
 
+#include <algorithm>
 #include <stdexcept>
 
 void AppendUtf8(std::string& utf8, char32_t ch) {
@@ -31,8 +32,11 @@ char32_t Decode(std::string_view utf8, std::size_t& nAt) {
 }  // namespace
 
 void ToWide(std::string_view utf8, std::wstring& wide) {
-    wide.clear();
-    for (std::size_t nAt = 0; nAt < utf8.size();) {
+    // Most texts are ASCII, whose characters need not be told apart.
+    const auto end =
+        std::find_if(utf8.begin(), utf8.end(), [](char ch) { return static_cast<signed char>(ch) < 0; });
+    wide.assign(utf8.begin(), end);
+    for (auto nAt = static_cast<std::size_t>(end - utf8.begin()); nAt < utf8.size();) {
         const char32_t ch = Decode(utf8, nAt);
         if (sizeof(wchar_t) == 4 || ch < 0x10000) {
             wide += static_cast<wchar_t>(ch);

@@ -20,8 +20,8 @@ class XlsxColumns {
     // more than 64 million cells.
     XlsxColumns(zip_source* pSource, const std::vector<std::wstring>& letters);
 
-    // Texts of the nth column asked for, from row 1 down. Text is made of const wchar_t* and int.
-    template <class Text>
+    // Texts of the nth column asked for, from row 1 down. Text is made of const wchar_t* and Length.
+    template <class Text, class Length = std::size_t>
     std::vector<Text> Texts(std::size_t nColumn) const;
 
   private:
@@ -44,7 +44,7 @@ class XlsxColumns {
     std::string m_value;  // of the cell being read; kept for its memory
 };
 
-template <class Text>
+template <class Text, class Length>
 std::vector<Text> XlsxColumns::Texts(std::size_t nColumn) const {
     const std::uint32_t nNumber = m_asked[nColumn];
     std::vector<Text> texts(nNumber ? m_nRows : 0);
@@ -52,7 +52,7 @@ std::vector<Text> XlsxColumns::Texts(std::size_t nColumn) const {
     for (const auto& [nRow, nText] : m_columns[nNumber]) {
         if (nRow > texts.size()) continue;
         ToWide(m_texts[nText], wide);
-        texts[nRow - 1] = Text(wide.data(), static_cast<int>(wide.size()));
+        texts[nRow - 1] = Text(wide.data(), static_cast<Length>(wide.size()));
     }
     return texts;
 }
