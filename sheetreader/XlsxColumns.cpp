@@ -11,7 +11,7 @@ namespace {
 
 constexpr std::uint32_t kMaxRow = 1 << 20, kMaxColumn = 1 << 14;
 constexpr std::size_t kMaxCells = 1 << 26;
-constexpr std::uint32_t kNoText = 0, kColumnA = 1;
+constexpr std::uint32_t kNoText = 0, kColumnA = 1;  // text, and slot
 
 // 1 for "A"; 0 when the letters are those of no column.
 template <class Char>
@@ -38,11 +38,17 @@ Place ParseReference(std::string_view reference) {
 }  // namespace
 
 XlsxColumns::XlsxColumns(zip_source* pSource, const std::vector<std::wstring>& letters)
-    : m_columns(kMaxColumn + 1), m_wanted(kMaxColumn + 1) {
+    : m_columns(2), m_slots(kMaxColumn + 1) {
     Workbook workbook(pSource);
-    for (const std::wstring& letter : letters) m_asked.push_back(ColumnNumber(std::wstring_view(letter)));
-    for (const std::uint32_t nNumber : m_asked) m_wanted[nNumber] = true;
-    m_wanted[kColumnA] = true;
+    m_slots[1] = kColumnA;
+    for (const std::wstring& letter : letters) {
+        const std::uint32_t nNumber = ColumnNumber(std::wstring_view(letter));
+        if (nNumber && !m_slots[nNumber]) {
+            m_slots[nNumber] = static_cast<std::uint16_t>(m_columns.size());
+            m_columns.emplace_back();
+        }
+        m_asked.push_back(m_slots[nNumber]);
+    }
     const std::optional<std::string> sheet = workbook.FindActiveSheet();
     if (!sheet) return;
     m_texts = workbook.ReadSharedTexts();
@@ -75,7 +81,8 @@ void XlsxColumns::ReadRow(XmlScanner& xml, const NumberFormats& formats, std::ui
         place = reference.empty() ? Place{nRow, place.nColumn + 1} : ParseReference(reference);
         if (place.nRow == 0 || place.nRow > kMaxRow || place.nColumn == 0 || place.nColumn > kMaxColumn)
             throw std::runtime_error("a cell outside of the sheet");
-        if (m_wanted[place.nColumn]) m_columns[place.nColumn].push_back({place.nRow, ReadCell(xml, formats)});
+        if (const std::uint16_t nSlot = m_slots[place.nColumn])
+            m_columns[nSlot].push_back({place.nRow, ReadCell(xml, formats)});
     });
 }
 

@@ -36,9 +36,10 @@ class XlsxColumns {
     std::uint32_t ReadCell(XmlScanner& xml, const NumberFormats& formats);
     std::size_t CountRows() const;
 
-    std::vector<std::uint32_t> m_asked;  // number of each column asked for, from 1; 0 for what is none
-    std::vector<Column> m_columns;       // by number
-    std::vector<bool> m_wanted;          // by number
+    std::vector<Column> m_columns;  // those that are read: none, column A, and what else is asked for
+    std::vector<std::uint16_t>
+        m_slots;  // in m_columns, of each column of a sheet from number 1; 0 for others
+    std::vector<std::uint16_t> m_asked;  // slot of each column asked for
     TextPool m_texts;
     std::size_t m_nSharedTexts = 0, m_nRows = 0;
     std::string m_value;  // of the cell being read; kept for its memory
@@ -46,10 +47,10 @@ class XlsxColumns {
 
 template <class Text, class Length>
 std::vector<Text> XlsxColumns::Texts(std::size_t nColumn) const {
-    const std::uint32_t nNumber = m_asked[nColumn];
-    std::vector<Text> texts(nNumber ? m_nRows : 0);
+    const std::uint16_t nSlot = m_asked[nColumn];
+    std::vector<Text> texts(nSlot ? m_nRows : 0);
     std::wstring wide;
-    for (const auto& [nRow, nText] : m_columns[nNumber]) {
+    for (const auto& [nRow, nText] : m_columns[nSlot]) {
         if (nRow > texts.size()) continue;
         ToWide(m_texts[nText], wide);
         texts[nRow - 1] = Text(wide.data(), static_cast<Length>(wide.size()));
