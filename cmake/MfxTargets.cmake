@@ -13,9 +13,9 @@ function(mfx_compile_settings target)
   target_compile_options(${target} PRIVATE
     $<$<COMPILE_LANGUAGE:CXX>:-Wall -Wextra -Wpedantic -Wshadow -Wconversion -Werror>
     # A CString in a printf-like call compiles silently otherwise, and is wrong.
-    $<$<COMPILE_LANGUAGE:CXX>:-Werror=conditionally-supported>
+    $<$<COMPILE_LANG_AND_ID:CXX,GNU>:-Werror=conditionally-supported>
     # GCC 12 sees overlapping copies in std::string's operator+ where there are none (GCC bug 105651).
-    $<$<COMPILE_LANGUAGE:CXX>:-Wno-restrict>
+    $<$<COMPILE_LANG_AND_ID:CXX,GNU>:-Wno-restrict>
     # Wine's debugger reads this version.
     $<$<COMPILE_LANGUAGE:CXX>:-gdwarf-4>)
   if(MFX_HARDENED)

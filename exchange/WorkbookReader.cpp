@@ -23,9 +23,11 @@ struct ComScope {
 using LibraryPtr =
     std::unique_ptr<std::remove_pointer_t<HMODULE>, decltype([](HMODULE h) { FreeLibrary(h); })>;
 
-// Beside the library or program that this code is in, or else where programs have their libraries. Not from
-// the current folder, which may be that of the workbook and whatever came with it.
+// From where programs have their libraries, or else beside the library that this code is in. Not from the
+// current folder, which may be that of the workbook and whatever came with it.
 LibraryPtr LoadReader() {
+    LibraryPtr pLibrary(LoadLibraryExW(kXlsxReaderLibrary, nullptr, LOAD_LIBRARY_SEARCH_DEFAULT_DIRS));
+    if (pLibrary) return pLibrary;
     static const wchar_t kHere = 0;
     HMODULE hOwn = nullptr;
     GetModuleHandleExW(GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT,
@@ -33,9 +35,7 @@ LibraryPtr LoadReader() {
     std::wstring path(kLongestPath, L'\0');
     path.resize(GetModuleFileNameW(hOwn, path.data(), static_cast<DWORD>(path.size())));
     path.replace(path.find_last_of(L'\\') + 1, path.npos, kXlsxReaderLibrary);
-    LibraryPtr pLibrary(LoadLibraryExW(path.c_str(), nullptr, LOAD_WITH_ALTERED_SEARCH_PATH));
-    if (!pLibrary)
-        pLibrary.reset(LoadLibraryExW(kXlsxReaderLibrary, nullptr, LOAD_LIBRARY_SEARCH_DEFAULT_DIRS));
+    pLibrary.reset(LoadLibraryExW(path.c_str(), nullptr, LOAD_WITH_ALTERED_SEARCH_PATH));
     return pLibrary;
 }
 

@@ -68,18 +68,6 @@ CString RuleModule::GetSummary() const {
     return strSummary;
 }
 
-CString RuleModule::LoadText(UINT nStringId) const {
-    CString strText;
-    for (const CString& strFolder :
-         {CLocationHelper::GetLocalizedResPath(), CLocationHelper::GetDefaultResPath()}) {
-        const HMODULE hLibrary = LoadLibraryExW(strFolder + kResourceFile, nullptr, LOAD_LIBRARY_AS_DATAFILE);
-        const bool bLoaded = hLibrary && strText.LoadString(hLibrary, nStringId);
-        if (hLibrary) FreeLibrary(hLibrary);
-        if (bLoaded) break;
-    }
-    return strText;
-}
-
 // What a record says of the rule's module stays.
 RulePtr RuleModule::Adopt(CMfxRule* pRule) const {
     if (pRule && pRule->m_strRuleModule.IsEmpty())

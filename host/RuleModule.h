@@ -27,9 +27,6 @@ class RuleModule {
     CString GetName() const;
     CString GetSummary() const;
 
-    // A text of its resource library, in the user's language or else in English.
-    CString LoadText(UINT nStringId) const;
-
     // A fresh instance of every rule.
     std::vector<RulePtr> CreateAllRules() const;
 

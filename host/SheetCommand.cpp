@@ -1,5 +1,6 @@
 #include "SheetCommand.h"
 
+#include "FaultText.h"
 #include "File.h"
 #include "JsonOutput.h"
 #include "Text.h"
@@ -30,8 +31,8 @@ WorkbookColumns ParseColumns(CString strColumns) {
 }
 
 // The words of the module or of the .xlsx reader, or else the program's own.
-std::string Reason(WorkbookFault fault, const CString& strReaderError, const RuleModule& module) {
-    if (HasText(fault)) return ToUtf8(module.LoadText(static_cast<UINT>(fault)));
+std::string Reason(WorkbookFault fault, const CString& strReaderError) {
+    if (HasText(fault)) return ToUtf8(LoadFaultText(fault));
     if (!strReaderError.IsEmpty()) return ToUtf8(strReaderError);
     if (fault == WorkbookFault::ReaderMissing)
         return "the library that reads .xlsx files is missing or damaged; install the program again";
@@ -40,7 +41,7 @@ std::string Reason(WorkbookFault fault, const CString& strReaderError, const Rul
     return fault == WorkbookFault::ExcelNotQuit ? "Excel does not end" : "can't be read";
 }
 
-WorkbookTable ReadTable(const RuleModule& module, const CString& strBook, const WorkbookColumns& columns) {
+WorkbookTable ReadTable(const CString& strBook, const WorkbookColumns& columns) {
     const std::string book = ToUtf8(strBook) + ": ";
     if (IsFolder(strBook)) throw HostError(ExitCode::UnreadableInput, book + "can't be read: it is a folder");
     // Excel has a current folder of its own.
@@ -52,7 +53,7 @@ WorkbookTable ReadTable(const RuleModule& module, const CString& strBook, const 
     const bool bMissing = fault == WorkbookFault::ExcelNotInstalled ||
                           fault == WorkbookFault::ExcelNotStarted || fault == WorkbookFault::ReaderMissing;
     throw HostError(bMissing ? ExitCode::Missing : ExitCode::UnreadableInput,
-                    book + Reason(fault, strReaderError, module));
+                    book + Reason(fault, strReaderError));
 }
 
 // A very long text is cut, or the table could not be read; --json has all of it.
@@ -74,9 +75,9 @@ void PrintTable(const WorkbookColumns& columns, const WorkbookTable& table) {
 
 }  // namespace
 
-ExitCode PrintSheet(const RuleModule& module, const SheetOptions& options) {
+ExitCode PrintSheet(const SheetOptions& options) {
     const WorkbookColumns columns = ParseColumns(options.strColumns);
-    const WorkbookTable table = ReadTable(module, options.strBook, columns);
+    const WorkbookTable table = ReadTable(options.strBook, columns);
     const std::string book = ToUtf8(options.strBook);
     if (!options.bJson) {
         Print(book + ": " + Count(table.front().size(), "row") + "\n");

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "HostError.h"
-#include "RuleModule.h"
 
 #include <afx.h>
 
@@ -12,4 +11,4 @@ struct SheetOptions {
 };
 
 // Prints what an import of those columns of a workbook reads, as a table or as JSON.
-ExitCode PrintSheet(const RuleModule& module, const SheetOptions& options);
+ExitCode PrintSheet(const SheetOptions& options);

@@ -12,12 +12,13 @@ preset=
 packages=(
   g++-mingw-w64-x86-64-posix cmake ninja-build python3 python3-jsonschema libxml2-utils
   dpkg-dev ca-certificates googletest libcli11-dev nlohmann-json3-dev
+  libz-mingw-w64-dev
   wine64 fonts-wine fonts-noto-cjk locales xvfb
   # Wine loads these when they are there, and its windows behave differently without them.
   libxcomposite1 libxcursor1 libxfixes3 libxi6 libxinerama1 libxrandr2 libxrender1
 )
 # A library is added by its name here and a function make_NAME below.
-libraries=(pugixml googletest cli11 json benchmark)
+libraries=(pugixml googletest cli11 json benchmark libzip)
 
 steps=$((3 + ${#libraries[@]}))
 [[ -z $preset ]] || steps=$((steps + 2))
@@ -180,6 +181,14 @@ make_json() {
   mkdir -p "$deps/include" "$deps/share/cmake"
   cp -r /usr/include/nlohmann "$deps/include"
   cp -r /usr/share/cmake/nlohmann_json "$deps/share/cmake"
+}
+
+make_libzip() {
+  fetch_source libzip
+  # Only what .xlsx files need: deflate, by Debian's zlib for MinGW.
+  cross_build libzip-*/ -DBUILD_{TOOLS,REGRESS,EXAMPLES,DOC}=OFF \
+    -DENABLE_{COMMONCRYPTO,GNUTLS,MBEDTLS,OPENSSL,WINDOWS_CRYPTO,BZIP2,LZMA,ZSTD}=OFF \
+    -DZLIB_USE_STATIC_LIBS=ON
 }
 
 make_wineprefix() {

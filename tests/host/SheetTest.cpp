@@ -36,9 +36,11 @@ TEST_F(SheetTest, PrintsWhatAnImportReads) {
               R"({"version":1,"file":".\\抜き勾配.xls","columns":[)"
               R"({"column":"A","cells":["H1","0","25","50","101.6"]},{"column":"ZZ","cells":[]},)"
               R"({"column":"D","cells":["A2","3","2.5","1.5","1"]}]})");
+    Run({L"sheet", Copy(MFX_SAMPLES "second-sheet-active.xlsx", L"s.xlsx"), L"--columns", L"A"}, 0,
+        "s.xlsx: 1 row\n     A\n  1  second\n", "");
     Run({L"sheet", Copy(MFX_SAMPLES "empty-first-cell.xls", L"e.xls"), L"--columns", L"A"}, 0,
         "e.xls: 0 rows\n    A\n", "");
-    EXPECT_THAT(m_folder.Names(), ElementsAre(L"e.xls", m_book));
+    EXPECT_THAT(m_folder.Names(), ElementsAre(L"e.xls", L"s.xlsx", m_book));
 }
 
 TEST_F(SheetTest, TellsWhyAWorkbookCannotBeRead) {
@@ -55,6 +57,8 @@ TEST_F(SheetTest, TellsWhyAWorkbookCannotBeRead) {
     CloseHandle(hHeld);
     m_folder.Write(L"text.xls", "no workbook");
     Run({L"sheet", L"text.xls"}, 3, "", reason("text.xls", "The workbook could not be opened."));
+    m_folder.Write(L"text.xlsx", "no workbook");
+    Run({L"sheet", L"text.xlsx"}, 3, "", reason("text.xlsx", "The workbook could not be opened."));
     m_excel.FailAt(L"value", 8);
     Run({L"sheet", m_book}, 3, "", HasSubstr("a cell can't be read"));
     m_excel.FailAt(L"Quit");

@@ -64,6 +64,7 @@ class MutationRun {
     MutationRun() {
         g_pFolder = &m_folder;
         for (const auto& entry : std::filesystem::directory_iterator(Wide(MFX_SAMPLES))) {
+            if (entry.path().extension() != L".xml") continue;
             m_samplePaths.push_back(entry.path().wstring());
             m_samples.push_back(m_folder.Read(m_samplePaths.back()));
         }

@@ -1,0 +1,114 @@
+// Reading columns of .xlsx workbooks against the least that it takes: inflating the same parts and passing
+// over their bytes once.
+
+#include "CrashReport.h"
+#include "RatioReport.h"
+#include "XlsxColumns.h"
+#include "sheetreader/WorkbookMaker.h"
+#include "support/TempFolder.h"
+
+#include <afxwin.h>
+#include <benchmark/benchmark.h>
+#include <zip.h>
+
+#include <algorithm>
+#include <random>
+
+namespace {
+
+CWinApp theApp(L"sheet_bench");
+
+struct Book {
+    std::wstring path;
+    std::size_t nRows, nColumns;
+};
+
+// How many different texts the cells share.
+std::size_t CountTexts(const Book& book) {
+    return book.nRows / 5;
+}
+
+// Every other column has measured numbers, the others texts.
+std::string MakeRows(const Book& book, bool bInline) {
+    std::mt19937 random(1);
+    std::string rows;
+    for (std::size_t nRow = 1; nRow <= book.nRows; ++nRow) {
+        rows += "<row r=\"" + std::to_string(nRow) + "\">";
+        for (std::size_t i = 0; i < book.nColumns; ++i) {
+            const std::string at = static_cast<char>('A' + i) + std::to_string(nRow);
+            if (i % 2)
+                rows += "<c r=\"" + at + "\" s=\"1\"><v>" + std::to_string(random() % 1000) + "." +
+                        std::to_string(random()) + "</v></c>";
+            else if (bInline)
+                rows += "<c r=\"" + at + "\" t=\"inlineStr\"><is><t>band " + at + "</t></is></c>";
+            else
+                rows += "<c r=\"" + at + "\" t=\"s\"><v>" + std::to_string(random() % CountTexts(book)) +
+                        "</v></c>";
+        }
+        rows += "</row>";
+    }
+    return rows;
+}
+
+void MakeBook(const TempFolder& folder, Book& book, bool bInline) {
+    Parts parts = MakeParts(MakeRows(book, bInline));
+    std::string& texts = parts["xl/sharedStrings.xml"] = "<sst>";
+    for (std::size_t i = 0; i < CountTexts(book); ++i)
+        texts += "<si><t>band " + std::to_string(i) + "</t></si>";
+    texts += "</sst>";
+    book.path = folder.Write(book.path, MakeZip(parts));
+}
+
+void Inflate(benchmark::State& state, const Book& book) {
+    std::vector<char> buffer(1 << 16);
+    for (auto _ : state) {
+        zip_source_t* const pSource = zip_source_win32w_create(book.path.c_str(), 0, 0, nullptr);
+        zip_t* const pZip = zip_open_from_source(pSource, ZIP_RDONLY, nullptr);
+        std::ptrdiff_t nTags = 0;
+        for (zip_int64_t i = 0; i < zip_get_num_entries(pZip, 0); ++i) {
+            zip_file_t* const pFile = zip_fopen_index(pZip, static_cast<zip_uint64_t>(i), 0);
+            for (zip_int64_t n; (n = zip_fread(pFile, buffer.data(), buffer.size())) > 0;)
+                nTags += std::count(buffer.begin(), buffer.begin() + n, '<');
+            zip_fclose(pFile);
+        }
+        zip_discard(pZip);
+        benchmark::DoNotOptimize(nTags);
+    }
+}
+
+void Read(benchmark::State& state, const Book& book) {
+    std::vector<std::wstring> letters;
+    for (std::size_t i = 0; i < book.nColumns; ++i) letters.emplace_back(1, static_cast<wchar_t>(L'A' + i));
+    for (auto _ : state) {
+        const XlsxColumns sheet(zip_source_win32w_create(book.path.c_str(), 0, 0, nullptr), letters);
+        for (std::size_t i = 0; i < letters.size(); ++i)
+            if (sheet.Texts<CString, int>(i).size() != book.nRows) state.SkipWithError("a wrong number of rows");
+    }
+    state.counters["cells"] =
+        benchmark::Counter(static_cast<double>(book.nRows * book.nColumns),
+                           benchmark::Counter::kIsIterationInvariantRate, benchmark::Counter::kIs1000);
+}
+
+void Register(const std::string& name, void (*function)(benchmark::State&, const Book&), const Book& book) {
+    benchmark::RegisterBenchmark(name.c_str(), function, book)
+        ->Unit(benchmark::kMillisecond)
+        ->UseRealTime()
+        ->Repetitions(9)
+        ->ReportAggregatesOnly();
+}
+
+}  // namespace
+
+int wmain(int argc, wchar_t** argv) {
+    InstallCrashReport();
+    AfxWinInit(GetModuleHandleW(nullptr), nullptr, GetCommandLineW(), 0);
+    const TempFolder folder;
+    Book books[] = {{L"200 x 5", 200, 5}, {L"shared", 100000, 10}, {L"inline", 100000, 10}};
+    const char* const kNames[] = {"200 x 5", "100000 x 10, shared", "100000 x 10, inline"};
+    for (std::size_t i = 0; i < std::size(books); ++i) {
+        MakeBook(folder, books[i], i == 2);
+        Register(std::string(kNames[i]) + "/reference", Inflate, books[i]);
+        Register(std::string(kNames[i]) + "/subject", Read, books[i]);
+    }
+    return RunWithRatios(argc, argv);
+}

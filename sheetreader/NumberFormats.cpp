@@ -1,0 +1,72 @@
+#include "NumberFormats.h"
+
+#include "CellNumber.h"
+
+#include <algorithm>
+#include <map>
+
+namespace {
+
+// Of the formats that are built in: dates and times, also those of East Asian and Thai versions, and
+// currencies.
+bool IsPlainBuiltIn(std::uint32_t nFormat) {
+    constexpr std::pair<unsigned, unsigned> kOthers[] = {{5, 8},   {14, 22}, {27, 36}, {42, 42},
+                                                         {44, 47}, {50, 58}, {71, 81}};
+    return std::none_of(std::begin(kOthers), std::end(kOthers),
+                        [=](const auto& range) { return nFormat >= range.first && nFormat <= range.second; });
+}
+
+// "[$-" opens a language; other brackets with a dollar sign have a currency, "[$CHF-807]".
+bool HasCurrency(std::string_view code) {
+    for (const std::string_view sign : {"€", "£", "¥"})
+        if (code.find(sign) != code.npos) return true;
+    for (std::size_t nAt = 0; (nAt = code.find('$', nAt)) != code.npos;)
+        if (!code.substr(++nAt).starts_with('-')) return true;
+    return false;
+}
+
+bool HasDate(std::string_view code) {
+    for (std::size_t nAt = 0; nAt < code.size(); ++nAt) {
+        const char ch = code[nAt];
+        if (ch == '\\' || ch == '_' || ch == '*') {
+            ++nAt;  // the next character is shown, left out or repeated
+        } else if (ch == '"') {
+            nAt = std::min(code.find('"', nAt + 1), code.size());
+        } else if (ch == '[') {
+            // An elapsed time [hh], or else a language, colour or condition.
+            const std::size_t nEnd = std::min(code.find(']', nAt), code.size());
+            if (nEnd > nAt + 1 && code.find_first_not_of("hmsHMS", nAt + 1) == nEnd) return true;
+            nAt = nEnd;
+        } else if (std::string_view("ymdhsYMDHS").find(ch) != std::string_view::npos) {
+            return true;
+        }
+    }
+    return false;
+}
+
+}  // namespace
+
+NumberFormats::NumberFormats(XmlScanner styles) {
+    std::map<std::uint32_t, bool> ownFormats;
+    std::vector<std::uint32_t> cellFormats;
+    styles.EnterRoot("styleSheet");
+    styles.ForEachChild([&](std::string_view list) {
+        const bool bOwn = list == "numFmts", bCells = list == "cellXfs";
+        styles.ForEachChild([&](std::string_view name) {
+            const std::string_view id = styles.Attribute("numFmtId");
+            if (bOwn && name == "numFmt")
+                ownFormats[ParseIndex(id)] = IsPlainCode(styles.Attribute("formatCode"));
+            else if (bCells && name == "xf")
+                cellFormats.push_back(id.empty() ? 0 : ParseIndex(id));
+        });
+    });
+    styles.Finish();
+    for (const std::uint32_t nFormat : cellFormats) {
+        const auto own = ownFormats.find(nFormat);
+        m_plain.push_back(own == ownFormats.end() ? IsPlainBuiltIn(nFormat) : own->second);
+    }
+}
+
+bool NumberFormats::IsPlainCode(std::string_view code) {
+    return !HasCurrency(code) && !HasDate(code);
+}

@@ -1,0 +1,103 @@
+#include "Package.h"
+
+#include <zip.h>
+
+#include <algorithm>
+#include <charconv>
+#include <stdexcept>
+
+namespace {
+
+zip* OpenZip(zip_source* pSource) {
+    zip* const pZip = zip_open_from_source(pSource, ZIP_RDONLY, nullptr);
+    if (!pZip) {
+        zip_source_free(pSource);
+        throw std::runtime_error("no package");
+    }
+    return pZip;
+}
+
+std::uint64_t MayInflate(zip_source* pSource) {
+    constexpr std::uint64_t kMost = 1 << 30, kAlways = 1 << 26, kRatio = 250;
+    zip_stat_t stat;
+    const bool bKnown = zip_source_stat(pSource, &stat) == 0 && stat.valid & ZIP_STAT_SIZE;
+    return std::clamp(bKnown ? stat.size * kRatio : 0, kAlways, kMost);
+}
+
+std::string Unescaped(std::string_view target) {
+    std::string text;
+    for (std::size_t nAt = 0; nAt < target.size(); ++nAt) {
+        const char* const p = target.data() + nAt;
+        unsigned char ch = 0;
+        if (*p == '%' && target.size() - nAt > 2 && std::from_chars(p + 1, p + 3, ch, 16).ptr == p + 3) {
+            text += static_cast<char>(ch);
+            nAt += 2;
+        } else {
+            text += *p;
+        }
+    }
+    return text;
+}
+
+// Name of the part that a target means, seen from the folder of a part: "xl" and "../a/./b" give "a/b".
+std::string Resolve(std::string folder, std::string_view target) {
+    if (target.starts_with('/')) folder.clear();
+    for (std::size_t nEnd; !target.empty(); target.remove_prefix(std::min(nEnd + 1, target.size()))) {
+        nEnd = std::min(target.find('/'), target.size());
+        const std::string_view step = target.substr(0, nEnd);
+        if (step == "..")
+            folder.resize(folder.find_last_of('/') == folder.npos ? 0 : folder.find_last_of('/'));
+        else if (!step.empty() && step != ".")
+            folder.append(folder.empty() ? "" : "/").append(Unescaped(step));
+    }
+    return folder;
+}
+
+}  // namespace
+
+Package::Package(zip_source* pSource) : m_pZip(nullptr, zip_discard), m_nMayInflate(MayInflate(pSource)) {
+    m_pZip.reset(OpenZip(pSource));
+    if (!Has("[Content_Types].xml")) throw std::runtime_error("an archive that is no package");
+}
+
+bool Package::Has(const std::string& part) const {
+    return zip_name_locate(m_pZip.get(), part.c_str(), ZIP_FL_NOCASE) >= 0;
+}
+
+XmlScanner Package::Open(const std::string& part) {
+    const std::shared_ptr<zip_file_t> pFile(zip_fopen(m_pZip.get(), part.c_str(), ZIP_FL_NOCASE),
+                                            [](zip_file_t* p) { p&& zip_fclose(p); });
+    if (!pFile) throw std::runtime_error("a part is missing or encrypted");
+    return XmlScanner([this, pFile](char* pBuffer, std::size_t nSize) {
+        const zip_int64_t nRead = zip_fread(pFile.get(), pBuffer, nSize);
+        if (nRead < 0) throw std::runtime_error("a part is damaged");
+        if (static_cast<std::uint64_t>(nRead) > m_nMayInflate) throw std::runtime_error("inflates too far");
+        m_nMayInflate -= static_cast<std::uint64_t>(nRead);
+        return static_cast<std::size_t>(nRead);
+    });
+}
+
+std::vector<Relation> Package::Relations(const std::string& part) {
+    const std::size_t nFile = part.find_last_of('/') + 1;
+    const std::string folder = part.substr(0, nFile), list = folder + "_rels/" + part.substr(nFile) + ".rels";
+    std::vector<Relation> relations;
+    if (!Has(list)) return relations;
+    XmlScanner xml = Open(list);
+    xml.EnterRoot("Relationships");
+    xml.ForEachChild([&](std::string_view name) {
+        if (name != "Relationship") return;
+        const std::string_view type = xml.Attribute("Type");
+        const bool bExternal = xml.Attribute("TargetMode") == "External";
+        relations.push_back(
+            {std::string(xml.Attribute("Id")), std::string(type.substr(type.find_last_of('/') + 1)),
+             bExternal ? "" : Resolve(part.substr(0, nFile ? nFile - 1 : 0), xml.Attribute("Target"))});
+    });
+    xml.Finish();
+    return relations;
+}
+
+std::string Package::FindPart(const std::vector<Relation>& relations, std::string_view kind) {
+    const auto found = std::find_if(relations.begin(), relations.end(),
+                                    [&](const Relation& relation) { return relation.kind == kind; });
+    return found == relations.end() ? "" : found->part;
+}

@@ -1,0 +1,48 @@
+#include "Unicode.h"
+
+#include <algorithm>
+#include <stdexcept>
+
+void AppendUtf8(std::string& utf8, char32_t ch) {
+    constexpr unsigned kLead[] = {0, 0xC0, 0xE0, 0xF0};
+    const int nFollowing = ch < 0x80 ? 0 : ch < 0x800 ? 1 : ch < 0x10000 ? 2 : 3;
+    utf8 += static_cast<char>(kLead[nFollowing] | ch >> 6 * nFollowing);
+    for (int i = nFollowing - 1; i >= 0; --i) utf8 += static_cast<char>(0x80 | (ch >> 6 * i & 0x3F));
+}
+
+namespace {
+
+// The character whose first byte is at nAt, which moves behind it.
+char32_t Decode(std::string_view utf8, std::size_t& nAt) {
+    constexpr char32_t kLeast[] = {0x80, 0x800, 0x10000};  // of each length; less is an overlong form
+    const unsigned nLead = static_cast<unsigned char>(utf8[nAt++]);
+    if (nLead < 0x80) return nLead;
+    const std::size_t nFollowing = nLead < 0xE0 ? 1 : nLead < 0xF0 ? 2 : 3;
+    if (nLead < 0xC0 || nLead > 0xF4 || utf8.size() - nAt < nFollowing) throw std::runtime_error("no UTF-8");
+    char32_t ch = nLead & (0x3F >> nFollowing);
+    for (std::size_t i = 0; i < nFollowing; ++i) {
+        const unsigned nByte = static_cast<unsigned char>(utf8[nAt++]);
+        if ((nByte & 0xC0) != 0x80) throw std::runtime_error("no UTF-8");
+        ch = ch << 6 | (nByte & 0x3F);
+    }
+    if (ch < kLeast[nFollowing - 1] || ch > 0x10FFFF) throw std::runtime_error("no UTF-8");
+    return ch;
+}
+
+}  // namespace
+
+void ToWide(std::string_view utf8, std::wstring& wide) {
+    // Most texts are ASCII, whose characters need not be told apart.
+    const auto end =
+        std::find_if(utf8.begin(), utf8.end(), [](char ch) { return static_cast<signed char>(ch) < 0; });
+    wide.assign(utf8.begin(), end);
+    for (auto nAt = static_cast<std::size_t>(end - utf8.begin()); nAt < utf8.size();) {
+        const char32_t ch = Decode(utf8, nAt);
+        if (sizeof(wchar_t) == 4 || ch < 0x10000) {
+            wide += static_cast<wchar_t>(ch);
+        } else {
+            wide += static_cast<wchar_t>(0xD7C0 + (ch >> 10));
+            wide += static_cast<wchar_t>(0xDC00 | (ch & 0x3FF));
+        }
+    }
+}
