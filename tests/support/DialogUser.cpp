@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <stdexcept>
 #include <vector>
 
 namespace {
@@ -28,11 +27,13 @@ INPUT KeyInput(WORD wKey, WORD wScan, DWORD dwFlags) {
     return input;
 }
 
-// Windows may refuse to bring a program to the front: then the input would go to somebody else's window.
-void Send(std::vector<INPUT> inputs) {
+bool IsProgramInFront() {
     DWORD dwProcess = 0;
     GetWindowThreadProcessId(GetForegroundWindow(), &dwProcess);
-    if (dwProcess != GetCurrentProcessId()) throw std::runtime_error("the dialog is not in front");
+    return dwProcess == GetCurrentProcessId();
+}
+
+void Send(std::vector<INPUT> inputs) {
     const auto nInputs = static_cast<UINT>(inputs.size());
     EXPECT_EQ(SendInput(nInputs, inputs.data(), sizeof(INPUT)), nInputs);
 }
@@ -101,6 +102,15 @@ void DialogUser::Idle() {
     SwitchToFiber(m_pLoop);
 }
 
+// Or the input would go to somebody else's window. Right after a message box the system may still be at it.
+void DialogUser::ComeToTheFront() {
+    for (int i = 0; i < 100 && IsOpen() && !IsProgramInFront(); ++i) {
+        SetForegroundWindow(m_hDialog);
+        Idle();
+    }
+    EXPECT_TRUE(!IsOpen() || IsProgramInFront());
+}
+
 CString DialogUser::TextOf(int nControlId) const {
     CString strText;
     const int nLength = GetWindowTextLengthW(Control(nControlId)) + 1;
@@ -110,6 +120,7 @@ CString DialogUser::TextOf(int nControlId) const {
 }
 
 void DialogUser::Press(WORD wKey, WORD wHeldKey) {
+    ComeToTheFront();
     std::vector<INPUT> inputs{KeyInput(wKey, 0, 0), KeyInput(wKey, 0, KEYEVENTF_KEYUP)};
     if (wHeldKey) {
         inputs.insert(inputs.begin(), KeyInput(wHeldKey, 0, 0));
@@ -120,6 +131,7 @@ void DialogUser::Press(WORD wKey, WORD wHeldKey) {
 }
 
 void DialogUser::Type(const CString& strText) {
+    ComeToTheFront();
     for (int i = 0; i < strText.GetLength(); ++i) {
         Send({KeyInput(0, strText[i], KEYEVENTF_UNICODE),
               KeyInput(0, strText[i], KEYEVENTF_UNICODE | KEYEVENTF_KEYUP)});
@@ -128,6 +140,7 @@ void DialogUser::Type(const CString& strText) {
 }
 
 void DialogUser::ClickOn(int nControlId) {
+    ComeToTheFront();
     RECT rect{};
     GetWindowRect(Control(nControlId), &rect);
     SetCursorPos((rect.left + rect.right) / 2, (rect.top + rect.bottom) / 2);

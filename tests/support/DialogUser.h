@@ -33,6 +33,7 @@ class DialogUser {
     static void CALLBACK OnFiber(void* pUser);
     void Tick();
     void Act();
+    void ComeToTheFront();
     void Find();
 
     const std::function<void(DialogUser&)>& m_act;
