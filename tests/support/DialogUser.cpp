@@ -144,6 +144,7 @@ void DialogUser::ClickOn(int nControlId) {
     RECT rect{};
     GetWindowRect(Control(nControlId), &rect);
     SetCursorPos((rect.left + rect.right) / 2, (rect.top + rect.bottom) / 2);
+    Idle();  // the system moves the pointer in its own time
     INPUT input{};
     input.type = INPUT_MOUSE;
     input.mi.dwFlags = MOUSEEVENTF_LEFTDOWN;
