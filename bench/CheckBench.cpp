@@ -62,11 +62,7 @@ void Check(benchmark::State& state, bool bFindings) {
 }
 
 void Register(const char* name, void (*function)(benchmark::State&, bool), bool bFindings) {
-    benchmark::RegisterBenchmark(name, function, bFindings)
-        ->Unit(benchmark::kMillisecond)
-        ->UseRealTime()
-        ->Repetitions(7)
-        ->ReportAggregatesOnly();
+    benchmark::RegisterBenchmark(name, function, bFindings)->Unit(benchmark::kMillisecond)->UseRealTime();
 }
 
 }  // namespace

@@ -84,11 +84,7 @@ void OpenRuleDialog(benchmark::State& state) {
 }
 
 void Register(const char* name, void (*function)(benchmark::State&)) {
-    benchmark::RegisterBenchmark(name, function)
-        ->UseManualTime()
-        ->Unit(benchmark::kMicrosecond)
-        ->Repetitions(7)
-        ->ReportAggregatesOnly();
+    benchmark::RegisterBenchmark(name, function)->UseManualTime()->Unit(benchmark::kMicrosecond);
 }
 
 }  // namespace

@@ -195,11 +195,7 @@ void BlankBare(benchmark::State& state) {
 }
 
 void Register(const char* name, void (*function)(benchmark::State&)) {
-    benchmark::RegisterBenchmark(name, function)
-        ->Unit(benchmark::kMillisecond)
-        ->UseRealTime()
-        ->Repetitions(7)
-        ->ReportAggregatesOnly();
+    benchmark::RegisterBenchmark(name, function)->Unit(benchmark::kMillisecond)->UseRealTime();
 }
 
 }  // namespace

@@ -51,8 +51,7 @@ void Register(const char* name, Read read, IDispatch* pSheet) {
         ->UseRealTime()
         ->Unit(benchmark::kMicrosecond)
         ->MinTime(0.05)
-        ->Repetitions(41)
-        ->ReportAggregatesOnly();
+        ->Repetitions(41);
 }
 
 int RunInExcel(int argc, wchar_t** argv) {

@@ -51,7 +51,9 @@ void PrintPeakMemory() {
 }  // namespace
 
 int RunWithRatios(int argc, wchar_t** argv) {
-    std::vector<std::string> arguments{"bench", "--benchmark_enable_random_interleaving=true"};
+    std::vector<std::string> arguments{"bench", "--benchmark_enable_random_interleaving=true",
+                                       "--benchmark_repetitions=7",
+                                       "--benchmark_report_aggregates_only=true"};
     for (int i = 1; i < argc; ++i) arguments.emplace_back(argv[i], argv[i] + wcslen(argv[i]));
     std::vector<char*> pointers;
     for (std::string& argument : arguments) pointers.push_back(argument.data());

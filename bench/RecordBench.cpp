@@ -175,7 +175,7 @@ void ConvertRule(benchmark::State& state) {
 void Register(const char* name, void (*function)(benchmark::State&), bool bBySize) {
     auto* pBenchmark = benchmark::RegisterBenchmark(name, function);
     if (bBySize) pBenchmark->UseManualTime()->Arg(4)->Arg(1000)->Arg(10000);
-    pBenchmark->Unit(benchmark::kMicrosecond)->Repetitions(7)->ReportAggregatesOnly();
+    pBenchmark->Unit(benchmark::kMicrosecond);
 }
 
 }  // namespace

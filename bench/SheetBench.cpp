@@ -82,7 +82,8 @@ void Read(benchmark::State& state, const Book& book) {
     for (auto _ : state) {
         const XlsxColumns sheet(zip_source_win32w_create(book.path.c_str(), 0, 0, nullptr), letters);
         for (std::size_t i = 0; i < letters.size(); ++i)
-            if (sheet.Texts<CString, int>(i).size() != book.nRows) state.SkipWithError("a wrong number of rows");
+            if (sheet.Texts<CString, int>(i).size() != book.nRows)
+                state.SkipWithError("a wrong number of rows");
     }
     state.counters["cells"] =
         benchmark::Counter(static_cast<double>(book.nRows * book.nColumns),
@@ -93,8 +94,7 @@ void Register(const std::string& name, void (*function)(benchmark::State&, const
     benchmark::RegisterBenchmark(name.c_str(), function, book)
         ->Unit(benchmark::kMillisecond)
         ->UseRealTime()
-        ->Repetitions(9)
-        ->ReportAggregatesOnly();
+        ->Repetitions(9);
 }
 
 }  // namespace

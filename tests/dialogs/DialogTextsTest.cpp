@@ -2,6 +2,7 @@
 
 #include "DialogTest.h"
 #include "support/Screenshot.h"
+#include "support/WindowText.h"
 
 #include <set>
 
@@ -14,14 +15,6 @@ struct Texts {
     std::set<wchar_t> mnemonics;
     int nLabels = 0;
 };
-
-CString TextOf(HWND hWindow) {
-    CString strText;
-    const int nLength = GetWindowTextLengthW(hWindow) + 1;
-    GetWindowTextW(hWindow, strText.GetBuffer(nLength), nLength);
-    strText.ReleaseBuffer();
-    return strText;
-}
 
 SIZE RoomFor(HWND hControl, const CString& strText) {
     const HDC hDC = GetDC(hControl);
@@ -48,7 +41,7 @@ BOOL CALLBACK CheckControl(HWND hControl, LPARAM pTexts) {
     const bool bButton = CString(szClass).CompareNoCase(L"Button") == 0;
     if (GetParent(hControl) != texts.hDialog || (!bButton && CString(szClass).CompareNoCase(L"Static") != 0))
         return TRUE;
-    const CString strText = TextOf(hControl);
+    const CString strText = WindowText(hControl);
     const SIZE room = RoomFor(hControl, strText);
     RECT client{}, dialog{};
     GetClientRect(hControl, &client);
@@ -78,7 +71,7 @@ TEST_P(DialogTextsTest, HaveRoom) {
             Texts texts{user.Window(), {}, 0};
             EnumChildWindows(user.Window(), CheckControl, reinterpret_cast<LPARAM>(&texts));
             EXPECT_GT(texts.nLabels, 0);
-            EXPECT_LE(RoomFor(user.Window(), TextOf(user.Window())).cx + 40, [&] {
+            EXPECT_LE(RoomFor(user.Window(), WindowText(user.Window())).cx + 40, [&] {
                 RECT rect{};
                 GetClientRect(user.Window(), &rect);
                 return rect.right;

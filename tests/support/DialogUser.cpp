@@ -1,5 +1,7 @@
 #include "DialogUser.h"
 
+#include "WindowText.h"
+
 #include <gtest/gtest.h>
 
 #include <vector>
@@ -112,11 +114,7 @@ void DialogUser::ComeToTheFront() {
 }
 
 CString DialogUser::TextOf(int nControlId) const {
-    CString strText;
-    const int nLength = GetWindowTextLengthW(Control(nControlId)) + 1;
-    GetWindowTextW(Control(nControlId), strText.GetBuffer(nLength), nLength);
-    strText.ReleaseBuffer();
-    return strText;
+    return WindowText(Control(nControlId));
 }
 
 void DialogUser::Press(WORD wKey, WORD wHeldKey) {

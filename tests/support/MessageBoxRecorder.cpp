@@ -1,5 +1,7 @@
 #include "MessageBoxRecorder.h"
 
+#include "WindowText.h"
+
 #include <gtest/gtest.h>
 
 namespace {
@@ -7,14 +9,6 @@ namespace {
 constexpr int kTextId = 0xFFFF;
 constexpr wchar_t kAnswered[] = L"MessageBoxRecorder";
 MessageBoxRecorder* g_pRecorder = nullptr;
-
-CString WindowText(HWND hWindow) {
-    CString strText;
-    const int nLength = GetWindowTextLengthW(hWindow) + 1;
-    GetWindowTextW(hWindow, strText.GetBuffer(nLength), nLength);
-    strText.ReleaseBuffer();
-    return strText;
-}
 
 // Other dialogs may have a text with that id too, but are of the module that shows them.
 bool IsMessageBox(HWND hWindow) {
