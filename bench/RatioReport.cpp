@@ -31,7 +31,7 @@ class RatioReporter : public benchmark::ConsoleReporter {
             const std::size_t at = name.find(kSubject);
             if (at == std::string::npos) continue;
             std::string reference = name;
-            reference.replace(at, sizeof kSubject - 1, kReference);
+            reference.replace(at, name.find('/', at + 1) - at, kReference);
             const auto found = m_medians.find(reference);
             if (found != m_medians.end()) printf("%-40s %14.2f\n", name.c_str(), time / found->second);
         }

@@ -2,21 +2,48 @@
 
 #include <charconv>
 #include <cmath>
-#include <limits>
 #include <stdexcept>
 
 namespace {
 
+// Of a number that is out of range: whether it is too small, "1E-400".
+bool IsTiny(std::string_view number) {
+    const std::size_t nExponent = number.find_first_of("eE");
+    return nExponent != number.npos && number.substr(nExponent + 1).starts_with('-');
+}
+
 template <class Number>
 Number Parse(std::string_view text) {
-    constexpr std::string_view kBlanks = " \t\r\n";
-    const std::size_t nFirst = text.find_first_not_of(kBlanks);
-    text = nFirst == text.npos ? "" : text.substr(nFirst, text.find_last_not_of(kBlanks) + 1 - nFirst);
+    const auto isBlank = [](char ch) { return ch == ' ' || ch == '\t' || ch == '\r' || ch == '\n'; };
+    while (!text.empty() && isBlank(text.front())) text.remove_prefix(1);
+    while (!text.empty() && isBlank(text.back())) text.remove_suffix(1);
     if (text.starts_with('+')) text.remove_prefix(1);
     Number number{};
     const auto [pEnd, error] = std::from_chars(text.data(), text.data() + text.size(), number);
+    if (error == std::errc::result_out_of_range && IsTiny(text)) return {};
     if (error != std::errc() || pEnd != text.data() + text.size()) throw std::runtime_error("no number");
     return number;
+}
+
+// With six decimals, where it is beyond doubt which are nearest to the value; empty elsewhere. Several times
+// as fast as the exact conversion.
+std::string_view WriteMillionths(double value, Digits& digits) {
+    const double millionths = std::abs(value) * 1e6, whole = std::floor(millionths),
+                 rest = millionths - whole;
+    if (millionths > 1e12 || std::abs(rest - 0.5) < 0.001) return {};  // the product is off by less
+    auto nLeft = static_cast<std::uint64_t>(whole) + (rest > 0.5);
+    char* p = std::end(digits);
+    const auto write = [&] { *--p = static_cast<char>('0' + nLeft % 10), nLeft /= 10; };
+    for (int i = 0; i < 6; ++i) write();
+    *--p = '.';
+    do write();
+    while (nLeft > 0);
+    if (std::signbit(value)) *--p = '-';
+    return {p, std::end(digits)};
+}
+
+std::string_view WriteExactly(double value, Digits& digits) {
+    return {digits, std::to_chars(digits, std::end(digits), value, std::chars_format::fixed, 6).ptr};
 }
 
 }  // namespace
@@ -25,12 +52,12 @@ std::uint32_t ParseIndex(std::string_view text) {
     return Parse<std::uint32_t>(text);
 }
 
-void FormatCellNumber(std::string_view number, std::string& text) {
+std::string_view FormatCellNumber(std::string_view number, Digits& digits) {
     const double value = Parse<double>(number);
     if (!std::isfinite(value)) throw std::runtime_error("no number");
-    char digits[std::numeric_limits<double>::max_exponent10 + 16];
-    char* const pEnd = std::to_chars(digits, std::end(digits), value, std::chars_format::fixed, 6).ptr;
-    text.assign(digits + 0, pEnd);
-    text.resize(text.find_last_not_of('0') + 1);
-    if (text.back() == '.') text.pop_back();
+    std::string_view text = WriteMillionths(value, digits);
+    if (text.empty()) text = WriteExactly(value, digits);
+    while (text.back() == '0') text.remove_suffix(1);
+    if (text.back() == '.') text.remove_suffix(1);
+    return text;
 }

@@ -13,6 +13,7 @@ bool ReadExcelAndFillTableColByCol(const std::wstring path, const WorkbookColumn
                                    WorkbookTable& table, CString& strError) {
     bool bRead = false;
     NoThrow([&] {
+        if (path.size() >= MAX_PATH) return;  // nor does Excel
         if (zip_source_t* const pSource = zip_source_win32w_create(path.c_str(), 0, 0, nullptr)) {
             const XlsxColumns sheet(pSource, columns);
             WorkbookTable texts;

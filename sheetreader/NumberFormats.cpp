@@ -7,18 +7,26 @@
 
 namespace {
 
-// Of the formats that are built in: dates and times, also those of East Asian and Thai versions, and
-// currencies.
-bool IsPlainBuiltIn(std::uint32_t nFormat) {
-    constexpr std::pair<unsigned, unsigned> kOthers[] = {{5, 8},   {14, 22}, {27, 36}, {42, 42},
-                                                         {44, 47}, {50, 58}, {71, 81}};
-    return std::none_of(std::begin(kOthers), std::end(kOthers),
-                        [=](const auto& range) { return nFormat >= range.first && nFormat <= range.second; });
+template <std::size_t N>
+bool IsIn(std::uint32_t nFormat, const std::pair<unsigned, unsigned> (&ranges)[N]) {
+    return std::any_of(std::begin(ranges), std::end(ranges),
+                       [=](const auto& range) { return nFormat >= range.first && nFormat <= range.second; });
+}
+
+// Of the formats that are built in. Their codes differ between countries.
+bool IsBuiltInCurrency(std::uint32_t nFormat) {
+    return IsIn(nFormat, {{5, 8}, {42, 42}, {44, 44}});
+}
+
+// Also those of East Asian and Thai versions.
+bool IsBuiltInDate(std::uint32_t nFormat) {
+    return IsIn(nFormat, {{14, 22}, {27, 36}, {45, 47}, {50, 58}, {71, 81}});
 }
 
 // "[$-" opens a language; other brackets with a dollar sign have a currency, "[$CHF-807]".
 bool HasCurrency(std::string_view code) {
-    for (const std::string_view sign : {"€", "£", "¥"})
+    for (const std::string_view sign :
+         {"€", "£", "¥", "₩", "₤", "₨", "₪", "₫", "₱", "₴", "₹", "₺", "₽", "฿", "￡", "￥", "￦"})
         if (code.find(sign) != code.npos) return true;
     for (std::size_t nAt = 0; (nAt = code.find('$', nAt)) != code.npos;)
         if (!code.substr(++nAt).starts_with('-')) return true;
@@ -44,6 +52,10 @@ bool HasDate(std::string_view code) {
     return false;
 }
 
+bool IsPlain(std::string_view code) {
+    return !HasCurrency(code) && !HasDate(code);
+}
+
 }  // namespace
 
 NumberFormats::NumberFormats(XmlScanner styles) {
@@ -55,7 +67,7 @@ NumberFormats::NumberFormats(XmlScanner styles) {
         styles.ForEachChild([&](std::string_view name) {
             const std::string_view id = styles.Attribute("numFmtId");
             if (bOwn && name == "numFmt")
-                ownFormats[ParseIndex(id)] = IsPlainCode(styles.Attribute("formatCode"));
+                ownFormats[ParseIndex(id)] = ::IsPlain(styles.Attribute("formatCode"));
             else if (bCells && name == "xf")
                 cellFormats.push_back(id.empty() ? 0 : ParseIndex(id));
         });
@@ -63,10 +75,7 @@ NumberFormats::NumberFormats(XmlScanner styles) {
     styles.Finish();
     for (const std::uint32_t nFormat : cellFormats) {
         const auto own = ownFormats.find(nFormat);
-        m_plain.push_back(own == ownFormats.end() ? IsPlainBuiltIn(nFormat) : own->second);
+        m_plain.push_back(!IsBuiltInCurrency(nFormat) &&
+                          (own == ownFormats.end() ? !IsBuiltInDate(nFormat) : own->second));
     }
-}
-
-bool NumberFormats::IsPlainCode(std::string_view code) {
-    return !HasCurrency(code) && !HasDate(code);
 }

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <charconv>
+#include <future>
 #include <stdexcept>
 
 namespace {
@@ -23,6 +24,41 @@ std::uint64_t MayInflate(zip_source* pSource) {
     const bool bKnown = zip_source_stat(pSource, &stat) == 0 && stat.valid & ZIP_STAT_SIZE;
     return std::clamp(bKnown ? stat.size * kRatio : 0, kAlways, kMost);
 }
+
+// Inflates a part chunk by chunk: the next one while the last one is being scanned.
+class Inflater {
+  public:
+    Inflater(zip_file_t* pFile, std::uint64_t& nMayInflate)
+        : m_pFile(pFile, zip_fclose), m_nMayInflate(nMayInflate) {}
+
+    // Valid until the next call; empty at the part's end.
+    std::string_view Next() {
+        const std::size_t nRead = m_ahead.valid() ? m_ahead.get() : Inflate();
+        m_pChunk.swap(m_pAhead);
+        if (nRead == kChunk) m_ahead = std::async([this] { return Inflate(); });
+        return {m_pChunk.get(), nRead};
+    }
+
+  private:
+    static constexpr std::size_t kChunk = 1 << 21;
+    using Chunk = std::unique_ptr<char[]>;
+
+    std::size_t Inflate() {
+        std::size_t nTotal = 0;
+        for (zip_int64_t n = 1; n > 0 && nTotal < kChunk; nTotal += static_cast<std::size_t>(n))
+            if ((n = zip_fread(m_pFile.get(), m_pAhead.get() + nTotal, kChunk - nTotal)) < 0)
+                throw std::runtime_error("a part is damaged");
+        if (nTotal > m_nMayInflate) throw std::runtime_error("inflates too far");
+        m_nMayInflate -= nTotal;
+        return nTotal;
+    }
+
+    const std::unique_ptr<zip_file_t, int (*)(zip_file_t*)> m_pFile;
+    std::uint64_t& m_nMayInflate;
+    Chunk m_pChunk = std::make_unique_for_overwrite<char[]>(kChunk),
+          m_pAhead = std::make_unique_for_overwrite<char[]>(kChunk);
+    std::future<std::size_t> m_ahead;  // the last member, whose end waits for what is under way
+};
 
 std::string Unescaped(std::string_view target) {
     std::string text;
@@ -48,7 +84,7 @@ std::string Resolve(std::string folder, std::string_view target) {
         if (step == "..")
             folder.resize(folder.find_last_of('/') == folder.npos ? 0 : folder.find_last_of('/'));
         else if (!step.empty() && step != ".")
-            folder.append(folder.empty() ? "" : "/").append(Unescaped(step));
+            folder.append(folder.empty() ? "" : "/").append(step);
     }
     return folder;
 }
@@ -57,31 +93,30 @@ std::string Resolve(std::string folder, std::string_view target) {
 
 Package::Package(zip_source* pSource) : m_pZip(nullptr, zip_discard), m_nMayInflate(MayInflate(pSource)) {
     m_pZip.reset(OpenZip(pSource));
-    if (!Has("[Content_Types].xml")) throw std::runtime_error("an archive that is no package");
+    if (!Find("[Content_Types].xml")) throw std::runtime_error("an archive that is no package");
 }
 
-bool Package::Has(const std::string& part) const {
-    return zip_name_locate(m_pZip.get(), part.c_str(), ZIP_FL_NOCASE) >= 0;
+std::optional<std::uint64_t> Package::Find(const std::string& part) const {
+    // Names are escaped in the archive, too; but not all writers do that.
+    for (const std::string& name : {part, Unescaped(part)})
+        if (const auto n = zip_name_locate(m_pZip.get(), name.c_str(), ZIP_FL_NOCASE); n >= 0)
+            return static_cast<std::uint64_t>(n);
+    return std::nullopt;
 }
 
 XmlScanner Package::Open(const std::string& part) {
-    const std::shared_ptr<zip_file_t> pFile(zip_fopen(m_pZip.get(), part.c_str(), ZIP_FL_NOCASE),
-                                            [](zip_file_t* p) { p&& zip_fclose(p); });
+    const std::optional<std::uint64_t> entry = Find(part);
+    zip_file_t* const pFile = entry ? zip_fopen_index(m_pZip.get(), *entry, 0) : nullptr;
     if (!pFile) throw std::runtime_error("a part is missing or encrypted");
-    return XmlScanner([this, pFile](char* pBuffer, std::size_t nSize) {
-        const zip_int64_t nRead = zip_fread(pFile.get(), pBuffer, nSize);
-        if (nRead < 0) throw std::runtime_error("a part is damaged");
-        if (static_cast<std::uint64_t>(nRead) > m_nMayInflate) throw std::runtime_error("inflates too far");
-        m_nMayInflate -= static_cast<std::uint64_t>(nRead);
-        return static_cast<std::size_t>(nRead);
-    });
+    const auto pInflater = std::make_shared<Inflater>(pFile, m_nMayInflate);
+    return XmlScanner([pInflater] { return pInflater->Next(); });
 }
 
 std::vector<Relation> Package::Relations(const std::string& part) {
     const std::size_t nFile = part.find_last_of('/') + 1;
     const std::string folder = part.substr(0, nFile), list = folder + "_rels/" + part.substr(nFile) + ".rels";
     std::vector<Relation> relations;
-    if (!Has(list)) return relations;
+    if (!Find(list)) return relations;
     XmlScanner xml = Open(list);
     xml.EnterRoot("Relationships");
     xml.ForEachChild([&](std::string_view name) {

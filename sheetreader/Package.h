@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -16,9 +17,9 @@ struct Relation {
     std::string part;      // full name; empty when it is outside of the package
 };
 
-// The parts of a workbook, by names such as "xl/workbook.xml" in any case. All members throw
-// std::runtime_error when a part is missing, damaged or encrypted, or when what was read by then inflates
-// past 1 GB, or past 64 MB and 250 times the size of the file.
+// The parts of a workbook, by names such as "xl/workbook.xml" in any case, escaped or not ("a%20b.xml"). All
+// members throw std::runtime_error when a part is missing, damaged or encrypted, or when what was read by
+// then inflates past 1 GB, or past 64 MB and 250 times the size of the file.
 class Package {
   public:
     // Takes over the source, also when it throws.
@@ -34,7 +35,7 @@ class Package {
     static std::string FindPart(const std::vector<Relation>& relations, std::string_view kind);
 
   private:
-    bool Has(const std::string& part) const;
+    std::optional<std::uint64_t> Find(const std::string& part) const;
 
     std::unique_ptr<zip, void (*)(zip*)> m_pZip;
     std::uint64_t m_nMayInflate;

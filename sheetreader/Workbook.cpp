@@ -14,22 +14,38 @@ struct SheetEntry {
     bool bVisible;
 };
 
-void Trim(std::string& text) {
-    constexpr char kBlanks[] = " \t\r\n";
-    text.resize(text.find_last_not_of(kBlanks) + 1);
-    text.erase(0, text.find_first_not_of(kBlanks));
+std::string_view Trimmed(std::string_view text) {
+    const auto isBlank = [](char ch) { return ch == ' ' || ch == '\t' || ch == '\r' || ch == '\n'; };
+    while (!text.empty() && isBlank(text.front())) text.remove_prefix(1);
+    while (!text.empty() && isBlank(text.back())) text.remove_suffix(1);
+    return text;
 }
 
-// Where the tab that is marked as active is hidden or missing, Excel takes the next visible one, and behind
-// the last one that before.
+// Appends the text with characters in place of escapes such as _x000D_, but of _x005F_ just the underscore.
+void AppendUnescaped(std::string_view escaped, std::string& text) {
+    constexpr std::size_t kLength = 7;
+    for (std::size_t nAt = 0; (nAt = escaped.find("_x", nAt)) != escaped.npos;) {
+        const std::string_view escape = escaped.substr(nAt, kLength);
+        std::uint32_t nCode = 0;
+        if (escape.size() == kLength && escape.back() == '_' &&
+            std::from_chars(escape.data() + 2, escape.data() + 6, nCode, 16).ptr == escape.data() + 6) {
+            AppendUtf8(text.append(escaped, 0, nAt), nCode);
+            escaped.remove_prefix(nAt + kLength);
+            nAt = 0;
+        } else {
+            ++nAt;
+        }
+    }
+    text += escaped;
+}
+
+// Excel shows the tab that is marked as active even when it is hidden.
 const SheetEntry& ActiveEntry(const std::vector<SheetEntry>& sheets, std::size_t nActive) {
-    const auto visible = [](const SheetEntry& sheet) { return sheet.bVisible; };
-    const auto active = sheets.begin() + static_cast<std::ptrdiff_t>(std::min(nActive, sheets.size()));
-    const auto next = std::find_if(active, sheets.end(), visible);
-    if (next != sheets.end()) return *next;
-    const auto before = std::find_if(std::make_reverse_iterator(active), sheets.rend(), visible);
-    if (before == sheets.rend()) throw std::runtime_error("no visible sheet");
-    return *before;
+    if (nActive < sheets.size()) return sheets[nActive];
+    const auto visible =
+        std::find_if(sheets.begin(), sheets.end(), [](const SheetEntry& sheet) { return sheet.bVisible; });
+    if (visible == sheets.end()) throw std::runtime_error("no visible sheet");
+    return *visible;
 }
 
 }  // namespace
@@ -87,32 +103,16 @@ TextPool Workbook::ReadSharedTexts() {
     return texts;
 }
 
-void ReadRichText(XmlScanner& xml, std::string& text) {
-    xml.ForEachChild([&](std::string_view name) {
-        if (name == "r") return ReadRichText(xml, text);
-        if (name != "t") return;
-        const bool bPreserve = xml.Attribute("space") == "preserve";
-        std::string run;
-        xml.ReadText(run);
-        if (!bPreserve) Trim(run);
-        Unescape(run);
-        text += run;
-    });
+void ReadPlainText(XmlScanner& xml, std::string& text) {
+    const bool bPreserve = xml.Attribute("space") == "preserve";
+    std::string pieces;
+    const std::string_view escaped = xml.ReadText(pieces);
+    AppendUnescaped(bPreserve ? escaped : Trimmed(escaped), text);
 }
 
-void Unescape(std::string& text) {
-    constexpr std::size_t kLength = 7;
-    std::string result;
-    std::size_t nDone = 0;
-    for (std::size_t nAt = 0; (nAt = text.find("_x", nAt)) != text.npos && text.size() - nAt >= kLength;) {
-        const char* const pCode = text.data() + nAt + 2;
-        std::uint32_t nCode = 0;
-        if (pCode[4] == '_' && std::from_chars(pCode, pCode + 4, nCode, 16).ptr == pCode + 4) {
-            AppendUtf8(result.append(text, nDone, nAt - nDone), nCode);
-            nDone = nAt += kLength;
-        } else {
-            ++nAt;
-        }
-    }
-    if (nDone > 0) text = result.append(text, nDone);
+void ReadRichText(XmlScanner& xml, std::string& text) {
+    xml.ForEachChild([&](std::string_view name) {
+        if (name == "t") return ReadPlainText(xml, text);
+        if (name == "r") ReadRichText(xml, text);
+    });
 }

@@ -13,8 +13,8 @@ class Workbook {
     // Takes over the source, also when it throws.
     explicit Workbook(zip_source* pSource);
 
-    // Name of the part of the sheet that is active when Excel opens the workbook; none when that is a chart,
-    // which has no cells.
+    // Name of the part of the sheet that is active when Excel opens the workbook; none when that is a chart
+    // or a dialog, which have no cells.
     std::optional<std::string> FindActiveSheet();
 
     XmlScanner OpenPart(const std::string& part) { return m_package.Open(part); }
@@ -29,9 +29,9 @@ class Workbook {
     std::vector<Relation> m_relations;
 };
 
-// Appends the text of an open element of rich text: <t>, or <r> with a <t> each, but no phonetic guide.
-// Escapes such as _x000D_ become their characters; blanks around a text count only with xml:space="preserve".
-void ReadRichText(XmlScanner& xml, std::string& text);
+// Appends the text of an open element. Escapes such as _x000D_ become their characters; blanks around the
+// text count only with xml:space="preserve".
+void ReadPlainText(XmlScanner& xml, std::string& text);
 
-// Makes characters of escapes such as _x000D_, but of _x005F_ just the underscore.
-void Unescape(std::string& text);
+// The same of rich text: of its <t>, or the <t> of its <r>, but of no phonetic guide.
+void ReadRichText(XmlScanner& xml, std::string& text);

@@ -10,7 +10,7 @@
 namespace {
 
 constexpr std::uint32_t kMaxRow = 1 << 20, kMaxColumn = 1 << 14;
-constexpr std::size_t kMaxCells = 1 << 26;
+constexpr std::size_t kMaxCells = 1 << 24, kMaxText = 1 << 28;
 constexpr std::uint32_t kNoText = 0, kColumnA = 1;  // text, and slot
 
 // 1 for "A"; 0 when the letters are those of no column.
@@ -31,15 +31,18 @@ struct Place {
 
 // Of a reference such as "B12".
 Place ParseReference(std::string_view reference) {
-    const std::size_t nLetters = std::min(reference.find_first_of("0123456789"), reference.size());
+    std::size_t nLetters = 0;
+    while (nLetters < reference.size() && (reference[nLetters] < '0' || reference[nLetters] > '9'))
+        ++nLetters;
     return {ParseIndex(reference.substr(nLetters)), ColumnNumber(reference.substr(0, nLetters))};
 }
 
 }  // namespace
 
-XlsxColumns::XlsxColumns(zip_source* pSource, const std::vector<std::wstring>& letters)
-    : m_columns(2), m_slots(kMaxColumn + 1) {
+XlsxColumns::XlsxColumns(zip_source* pSource, const std::vector<std::wstring>& letters) {
     Workbook workbook(pSource);
+    m_columns.resize(2);
+    m_slots.resize(kMaxColumn + 1);
     m_slots[1] = kColumnA;
     for (const std::wstring& letter : letters) {
         const std::uint32_t nNumber = ColumnNumber(std::wstring_view(letter));
@@ -55,14 +58,25 @@ XlsxColumns::XlsxColumns(zip_source* pSource, const std::vector<std::wstring>& l
     m_nSharedTexts = m_texts.size();
     ReadSheet(workbook.OpenPart(*sheet), workbook.ReadFormats());
     m_nRows = CountRows();
-    if (m_nRows * letters.size() > kMaxCells) throw std::length_error("too many cells");
+    CheckSize();
+}
+
+// A text that cells share counts for each of them.
+void XlsxColumns::CheckSize() const {
+    std::size_t nText = 0;
+    for (const std::uint16_t nSlot : m_asked)
+        for (const Cell& cell : m_columns[nSlot]) nText += m_texts[cell.nText].size();
+    if (m_nRows * m_asked.size() > kMaxCells || nText > kMaxText)
+        throw std::length_error("too large a table");
 }
 
 void XlsxColumns::ReadSheet(XmlScanner xml, const NumberFormats& formats) {
     std::uint32_t nRow = 0;
     xml.EnterRoot("worksheet");
+    bool bData = false;
     xml.ForEachChild([&](std::string_view name) {
         if (name != "sheetData") return;
+        bData = true;
         xml.ForEachChild([&](std::string_view row) {
             if (row != "row") return;
             const std::string_view number = xml.Attribute("r");
@@ -71,6 +85,7 @@ void XlsxColumns::ReadSheet(XmlScanner xml, const NumberFormats& formats) {
         });
     });
     xml.Finish();
+    if (!bData) throw std::runtime_error("a sheet without data");
 }
 
 void XlsxColumns::ReadRow(XmlScanner& xml, const NumberFormats& formats, std::uint32_t nRow) {
@@ -81,32 +96,53 @@ void XlsxColumns::ReadRow(XmlScanner& xml, const NumberFormats& formats, std::ui
         place = reference.empty() ? Place{nRow, place.nColumn + 1} : ParseReference(reference);
         if (place.nRow == 0 || place.nRow > kMaxRow || place.nColumn == 0 || place.nColumn > kMaxColumn)
             throw std::runtime_error("a cell outside of the sheet");
-        if (const std::uint16_t nSlot = m_slots[place.nColumn])
-            m_columns[nSlot].push_back({place.nRow, ReadCell(xml, formats)});
+        const std::uint16_t nSlot = m_slots[place.nColumn];
+        if (nSlot == 0) return;
+        if (m_nCells++ == kMaxCells) throw std::length_error("too many cells");
+        m_columns[nSlot].push_back({place.nRow, ReadCell(xml, formats)});
     });
 }
 
+// Logical values, errors and dates are no text to automation.
+XlsxColumns::CellType XlsxColumns::ParseCellType(std::string_view type) {
+    if (type.empty() || type == "n") return CellType::Number;
+    if (type == "s") return CellType::SharedText;
+    if (type == "inlineStr") return CellType::InlineText;
+    if (type == "str") return CellType::FormulaText;
+    if (type == "b" || type == "e" || type == "d") return CellType::NoText;
+    throw std::runtime_error("a cell of an unknown type");
+}
+
 std::uint32_t XlsxColumns::ReadCell(XmlScanner& xml, const NumberFormats& formats) {
-    const std::string type(xml.Attribute("t"));
+    const CellType type = ParseCellType(xml.Attribute("t"));
     const std::string_view style = xml.Attribute("s");
-    const bool bPlain = style.empty() || formats.IsPlain(ParseIndex(style));
-    m_value.clear();
+    const bool bPlain = formats.IsPlain(style.empty() ? 0 : ParseIndex(style));
+    std::uint32_t nText = kNoText;
     xml.ForEachChild([&](std::string_view name) {
-        if (name == "v") return xml.ReadText(m_value);
-        if (name == "is") ReadRichText(xml, m_value);
+        if (name == "v" && (type != CellType::Number || bPlain)) nText = ReadValue(xml, type);
+        if (name == "is" && type == CellType::InlineText) nText = ReadText(xml, ReadRichText);
     });
-    if (m_value.empty() || type == "b" || type == "e" || type == "d") return kNoText;
-    if (type == "s") {
-        const std::uint32_t nText = ParseIndex(m_value);
+    return nText;
+}
+
+std::uint32_t XlsxColumns::ReadValue(XmlScanner& xml, CellType type) {
+    if (type == CellType::FormulaText) return ReadText(xml, ReadPlainText);
+    const std::string_view value = xml.ReadText(m_text);
+    if (value.empty()) return kNoText;
+    if (type == CellType::SharedText) {
+        const std::uint32_t nText = ParseIndex(value);
         if (nText >= m_nSharedTexts - 1) throw std::runtime_error("no such text");
         return nText + 1;
     }
-    if (type == "str") Unescape(m_value);
-    if (type == "str" || type == "inlineStr") return m_texts.Add(m_value);
-    if (!type.empty() && type != "n") throw std::runtime_error("a cell of an unknown type");
-    if (!bPlain) return kNoText;
-    FormatCellNumber(m_value, m_value);
-    return m_texts.Add(m_value);
+    if (type != CellType::Number) return kNoText;
+    Digits digits;
+    return m_texts.Add(FormatCellNumber(value, digits));
+}
+
+std::uint32_t XlsxColumns::ReadText(XmlScanner& xml, void (*read)(XmlScanner&, std::string&)) {
+    m_text.clear();
+    read(xml, m_text);
+    return m_texts.Add(m_text);
 }
 
 std::size_t XlsxColumns::CountRows() const {

@@ -16,8 +16,8 @@ class NumberFormats;
 class XlsxColumns {
   public:
     // Reads the columns of these letters; what is no column of a sheet stays empty. Takes over the source.
-    // Throws std::exception when there is no workbook, when it is damaged, or too large: see Package, and
-    // more than 64 million cells.
+    // Throws std::exception when there is no workbook, when it is damaged (as far as these columns need it),
+    // or too large: see Package, and more than 16 million cells or 256 MB of text in the table.
     XlsxColumns(zip_source* pSource, const std::vector<std::wstring>& letters);
 
     // Texts of the nth column asked for, from row 1 down. Text is made of const wchar_t* and Length.
@@ -30,19 +30,24 @@ class XlsxColumns {
         std::uint32_t nRow, nText;
     };
     using Column = std::vector<Cell>;
+    enum class CellType { Number, SharedText, InlineText, FormulaText, NoText };
 
     void ReadSheet(XmlScanner xml, const NumberFormats& formats);
     void ReadRow(XmlScanner& xml, const NumberFormats& formats, std::uint32_t nRow);
+    static CellType ParseCellType(std::string_view type);
     std::uint32_t ReadCell(XmlScanner& xml, const NumberFormats& formats);
+    std::uint32_t ReadValue(XmlScanner& xml, CellType type);
+    std::uint32_t ReadText(XmlScanner& xml, void (*read)(XmlScanner&, std::string&));
     std::size_t CountRows() const;
+    void CheckSize() const;
 
     std::vector<Column> m_columns;  // those that are read: none, column A, and what else is asked for
     std::vector<std::uint16_t>
         m_slots;  // in m_columns, of each column of a sheet from number 1; 0 for others
     std::vector<std::uint16_t> m_asked;  // slot of each column asked for
     TextPool m_texts;
-    std::size_t m_nSharedTexts = 0, m_nRows = 0;
-    std::string m_value;  // of the cell being read; kept for its memory
+    std::size_t m_nSharedTexts = 0, m_nCells = 0, m_nRows = 0;
+    std::string m_text;  // of the cell being read; kept for its memory
 };
 
 template <class Text, class Length>

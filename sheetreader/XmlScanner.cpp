@@ -10,7 +10,7 @@
 
 namespace {
 
-constexpr std::size_t kChunk = 1 << 16, kMaxToken = 1 << 24, kMaxDepth = 256;
+constexpr std::size_t kMaxToken = 1 << 24, kMaxDepth = 256;
 
 [[noreturn]] void Fail(const char* pszReason) {
     throw std::runtime_error(pszReason);
@@ -91,14 +91,18 @@ std::string_view XmlScanner::Attribute(std::string_view name) const {
     return {};
 }
 
-void XmlScanner::ReadText(std::string& text) {
-    for (const std::size_t nDepth = m_lengths.size(); Next(), m_lengths.size() >= nDepth;) {
-        if (m_token != Token::Text || m_lengths.size() != nDepth) continue;
+std::string_view XmlScanner::ReadText(std::string& pieces) {
+    pieces.clear();
+    for (const std::size_t nDepth = m_nDepth; Next(), m_nDepth >= nDepth;) {
+        if (m_token != Token::Text || m_nDepth != nDepth) continue;
+        const bool bWhole = pieces.empty() && !m_bReferences && End() - Begin() > 1 && Begin()[1] == '/';
+        if (bWhole) return m_text;
         if (m_bReferences)
-            AppendResolved(m_text, text);
+            AppendResolved(m_text, pieces);
         else
-            text += m_text;
+            pieces += m_text;
     }
+    return pieces;
 }
 
 void XmlScanner::Next() {
@@ -109,7 +113,7 @@ void XmlScanner::Next() {
 XmlScanner::Token XmlScanner::ReadMarkup() {
     for (;;) {
         if (m_nPos == m_buffer.size() && !Refill()) {
-            if (!m_bRootSeen || !m_lengths.empty()) Fail("the end of a part is missing");
+            if (!m_bRootSeen || m_nDepth > 0) Fail("the end of a part is missing");
             return Token::Nothing;
         }
         if (*Begin() != '<') return ReadCharacters();
@@ -135,14 +139,15 @@ XmlScanner::Token XmlScanner::ReadStart() {
     while (!ParseTag(Begin()))
         if (!Refill()) Fail("a tag without end");
     if (std::exchange(m_bSpecialValues, false)) ResolveValues();
-    if (m_lengths.empty()) {
+    if (m_nDepth == 0) {
         if (m_bRootSeen) Fail("a second root element");
         m_bRootSeen = true;
         m_prefix = m_name.substr(0, m_name.find(':') + 1);
     }
-    if (m_lengths.size() == kMaxDepth) Fail("too many elements in one another");
-    m_openNames += m_name;
-    m_lengths.push_back(m_name.size());
+    if (m_nDepth == kMaxDepth) Fail("too many elements in one another");
+    if (m_nDepth == m_openNames.size()) m_openNames.emplace_back();
+    std::string& openName = m_openNames[m_nDepth++];
+    if (openName != m_name) openName = m_name;  // most are as the one before
     m_name = WithoutPrefix(m_name);
     return Token::Start;
 }
@@ -190,8 +195,8 @@ bool XmlScanner::ParseAttribute(char*& p) {
 }
 
 XmlScanner::Token XmlScanner::ReadEnd() {
-    if (m_lengths.empty()) Fail("an end tag without start");
-    const char* pName = m_openNames.data() + m_openNames.size() - m_lengths.back();
+    if (m_nDepth == 0) Fail("an end tag without start");
+    const char* pName = m_openNames[m_nDepth - 1].c_str();
     for (std::size_t nAt = 2;;) {
         const char* p = Begin() + nAt;
         while (*p && *p == *pName) ++p, ++pName;
@@ -207,8 +212,7 @@ XmlScanner::Token XmlScanner::ReadEnd() {
 
 XmlScanner::Token XmlScanner::CloseElement() {
     m_bEmptyElement = false;
-    m_openNames.erase(m_openNames.size() - m_lengths.back());
-    m_lengths.pop_back();
+    --m_nDepth;
     return Token::End;
 }
 
@@ -221,7 +225,7 @@ XmlScanner::Token XmlScanner::ReadCharacters() {
         nLength = static_cast<std::size_t>(p - Begin());
     } while (Begin() + nLength == End() && Refill());
     const bool bZero = Begin() + nLength != End() && Begin()[nLength] == '\0';
-    if (bZero || (m_lengths.empty() && nClasses & kOther)) Fail("text outside of the root element");
+    if (bZero || (m_nDepth == 0 && nClasses & kOther)) Fail("text outside of the root element");
     m_text = {Begin(), nLength};
     m_bReferences = (nClasses & kSpecial) != 0;
     m_nPos += nLength;
@@ -231,7 +235,7 @@ XmlScanner::Token XmlScanner::ReadCharacters() {
 XmlScanner::Token XmlScanner::ReadLiteral() {
     constexpr std::size_t kMark = 9;
     const std::size_t nEnd = Find("]]>", kMark);
-    if (m_lengths.empty()) Fail("text outside of the root element");
+    if (m_nDepth == 0) Fail("text outside of the root element");
     m_text = {Begin() + kMark, nEnd - kMark};
     m_bReferences = false;
     m_nPos += nEnd + 3;
@@ -269,37 +273,34 @@ std::size_t XmlScanner::Find(std::string_view mark, std::size_t nFrom) {
 bool XmlScanner::Refill() {
     m_buffer.erase(0, m_nPos);
     m_nPos = 0;
-    if (m_buffer.size() > kMaxToken) Fail("a tag or text too long");
-    if (m_encoding == Encoding::Unknown) DetectEncoding();
-    const bool bWide = m_encoding != Encoding::Utf8;
-    std::string& target = bWide ? m_rest : m_buffer;
-    const std::size_t nOld = target.size();
+    const std::size_t nOld = m_buffer.size();
+    if (nOld > kMaxToken) Fail("a tag or text too long");
     // At least as much again, since a tag is parsed from its start each time.
-    target.resize(nOld + std::max(kChunk, nOld));
-    const std::size_t nRead = m_source(target.data() + nOld, target.size() - nOld);
-    target.resize(nOld + nRead);
-    if (bWide && nRead > 0) AppendUtf16(std::exchange(m_rest, {}));
-    return nRead > 0;
+    do {
+        std::string_view bytes = m_source();
+        if (bytes.empty()) break;
+        if (m_encoding == Encoding::Unknown) bytes.remove_prefix(DetectEncoding(bytes));
+        if (m_encoding == Encoding::Utf8)
+            m_buffer += bytes;
+        else
+            m_rest += bytes, AppendUtf16();
+    } while (m_buffer.size() < 2 * nOld);
+    return m_buffer.size() > nOld;
 }
 
-// By the byte order mark, or by how "<" is written.
-void XmlScanner::DetectEncoding() {
-    std::string start(3, '\0');
-    std::size_t nRead = 0;
-    for (std::size_t n; nRead < 3 && (n = m_source(start.data() + nRead, 3 - nRead)) > 0;) nRead += n;
-    start.resize(nRead);
+// By the byte order mark, or by how "<" is written. Returns the length of the mark.
+std::size_t XmlScanner::DetectEncoding(std::string_view start) {
     const auto is = [&](std::string_view mark) { return start.starts_with(mark); };
     using namespace std::string_view_literals;
     m_encoding = is("\xFF\xFE") || is("<\0"sv)   ? Encoding::Utf16Little
                  : is("\xFE\xFF") || is("\0<"sv) ? Encoding::Utf16Big
                                                  : Encoding::Utf8;
-    if (m_encoding != Encoding::Utf8)
-        m_rest = start.substr(is("<") || is("\0"sv) ? 0 : 2);
-    else if (!is("\xEF\xBB\xBF"))
-        m_buffer = start;
+    return is("\xEF\xBB\xBF") ? 3 : is("\xFF\xFE") || is("\xFE\xFF") ? 2 : 0;
 }
 
-void XmlScanner::AppendUtf16(const std::string& bytes) {
+// What is left of them waits for more.
+void XmlScanner::AppendUtf16() {
+    const std::string bytes = std::exchange(m_rest, {});
     const bool bBig = m_encoding == Encoding::Utf16Big;
     const auto unit = [&](std::size_t nAt) {
         const auto byte = [&](std::size_t n) { return static_cast<unsigned char>(bytes[nAt + n]); };

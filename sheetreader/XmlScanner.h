@@ -6,12 +6,13 @@
 #include <vector>
 
 // Walks once through the XML of a workbook's part, which it does not keep: UTF-8 or UTF-16, without document
-// type. All members throw std::runtime_error when it is not well-formed, has elements nested deeper than 256,
-// or a tag or text longer than 16 MB. Views are valid until the next element or text.
+// type. All members throw std::runtime_error when its tags are not well-formed, when elements are nested
+// deeper than 256, or when a tag or text is longer than 16 MB. What a name is made of and what is passed over
+// is not checked. Views are valid until the next element or text.
 class XmlScanner {
   public:
-    // Fills a buffer and returns how many bytes it has got; 0 at the end.
-    using Source = std::function<std::size_t(char*, std::size_t)>;
+    // Returns the next bytes, which are valid until the next call: some thousands, fewer only at the end.
+    using Source = std::function<std::string_view()>;
 
     explicit XmlScanner(Source source) : m_source(std::move(source)) {}
 
@@ -23,15 +24,15 @@ class XmlScanner {
     // leaves of it is passed over. Names have no prefix, unless it is another one than the root's.
     template <class Handler>
     void ForEachChild(Handler&& handler) {
-        for (const std::size_t nDepth = m_lengths.size(); Next(), m_lengths.size() >= nDepth;)
-            if (m_token == Token::Start && m_lengths.size() == nDepth + 1) handler(m_name);
+        for (const std::size_t nDepth = m_nDepth; Next(), m_nDepth >= nDepth;)
+            if (m_token == Token::Start && m_nDepth == nDepth + 1) handler(m_name);
     }
 
     // Of the element that was just entered, by its name without prefix; empty when it has none.
     std::string_view Attribute(std::string_view name) const;
 
-    // Appends the open element's own text.
-    void ReadText(std::string& text);
+    // The open element's own text. A part of it that is not in one piece is put together in the other string.
+    std::string_view ReadText(std::string& pieces);
 
   private:
     enum class Token { Start, End, Text, Nothing };
@@ -54,8 +55,8 @@ class XmlScanner {
     std::string_view WithoutPrefix(std::string_view name) const;
     std::size_t Find(std::string_view mark, std::size_t nFrom);
     bool Refill();
-    void DetectEncoding();
-    void AppendUtf16(const std::string& bytes);
+    std::size_t DetectEncoding(std::string_view start);
+    void AppendUtf16();
 
     char* Begin() { return m_buffer.data() + m_nPos; }
     char* End() { return m_buffer.data() + m_buffer.size(); }
@@ -66,9 +67,9 @@ class XmlScanner {
     Encoding m_encoding = Encoding::Unknown;
     std::string m_rest;  // of UTF-16: the first bytes of a character
     Token m_token = Token::Nothing;
-    std::string m_openNames;             // of the open elements, one behind the other
-    std::vector<std::size_t> m_lengths;  // of these names
-    std::string m_prefix;                // the root's, with its colon
+    std::size_t m_nDepth = 0;              // how many elements are open
+    std::vector<std::string> m_openNames;  // theirs, and behind them some that were
+    std::string m_prefix;                  // the root's, with its colon
     bool m_bRootSeen = false, m_bEmptyElement = false, m_bReferences = false, m_bSpecialValues = false;
     std::string_view m_name, m_text;
     std::vector<NameAndValue> m_attributes;

@@ -1,6 +1,6 @@
 #!/bin/bash
-# Makes the workbooks in samples/ with LibreOffice Calc (Debian package libreoffice-calc), which the tests themselves
-# do not need. To be run again only when a workbook is to change.
+# Makes the .xls workbooks in samples/, and the same as .xlsx for tests, with LibreOffice Calc (Debian package
+# libreoffice-calc), which the tests themselves do not need. To be run again only when a workbook is to change.
 set -euo pipefail
 samples=$(cd -- "$(dirname -- "${BASH_SOURCE[0]}")/../../samples" && pwd)
 work=$(mktemp -d)
@@ -83,12 +83,20 @@ FODS
 { sheet First; row first; end; sheet Second; row second; end; } | workbook second-sheet-active
 { sheet Table; row '' right; row below; end; } | workbook empty-first-cell
 
-calc() { soffice "-env:UserInstallation=file://$work/profile" --headless --convert-to xls --outdir "$samples" "$@"; }
-calc "$work"/*.fods
+calc() { # FORMAT FOLDER FILES...
+  soffice "-env:UserInstallation=file://$work/profile" --headless --convert-to "$1" --outdir "$2" "${@:3}"
+}
+calc xls "$samples" "$work"/*.fods
 
 # Without a window Calc takes the first sheet for the active one, but keeps what an .xls says: byte 14 of the record
 # that describes the window.
 mv "$samples/second-sheet-active.xls" "$work"
 window=$(LC_ALL=C grep -obUaP -m1 '\x3d\x00\x12\x00' "$work/second-sheet-active.xls" | cut -d: -f1)
 printf '\1' | dd of="$work/second-sheet-active.xls" bs=1 seek=$((window + 14)) conv=notrunc status=none
-calc "$work/second-sheet-active.xls"
+calc xls "$samples" "$work/second-sheet-active.xls"
+
+# The same as .xlsx, beside those of other writers.
+calc xlsx "$work" "$samples"/{cell-types,second-sheet-active}.xls
+for name in cell-types second-sheet-active; do
+  mv "$work/$name.xlsx" "$samples/../tests/sheetreader/workbooks/calc-$name.xlsx"
+done

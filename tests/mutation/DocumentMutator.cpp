@@ -22,7 +22,7 @@ const std::vector<std::string> kTexts = Words(
     std::string(70000, 'x'));
 // A text, one that contains itself, and a file.
 const std::string kEntities =
-    R"(<!DOCTYPE MfxRules [<!ENTITY a "6"><!ENTITY b "&b;&b;"><!ENTITY c SYSTEM "file:///etc/passwd">]>)";
+    R"(<!DOCTYPE a [<!ENTITY a "6"><!ENTITY b "&b;&b;"><!ENTITY c SYSTEM "file:///etc/passwd">]>)";
 
 std::string Repeated(const std::string& part, std::size_t nTimes) {
     constexpr std::size_t kMaxSize = 1 << 18;
@@ -59,6 +59,12 @@ std::pair<std::size_t, std::size_t> FindElement(const std::string& text, std::si
     return Between(nAt, nClose == std::string::npos ? nClose : nClose + close.size());
 }
 
+// Behind the XML declaration.
+std::size_t FindRoot(const std::string& text) {
+    const std::size_t nAt = text.find('<', 1);
+    return text.starts_with("<?") && nAt != std::string::npos ? nAt : 0;
+}
+
 }  // namespace
 
 std::string DocumentMutator::MakeDocument() {
@@ -70,7 +76,7 @@ std::string DocumentMutator::MakeDocument() {
         text.replace(nAt, nLength, Replacement(text.substr(nAt, nLength), kind));
     }
     const std::size_t nChange = Below(16);
-    if (nChange == 0) text.insert(std::min(text.find("<MfxRules"), text.size()), kEntities);
+    if (nChange == 0) text.insert(FindRoot(text), kEntities);
     if (nChange == 1) text.resize(Below(text.size()));
     return nChange == 2 ? ToUtf16(text, Below(2) != 0) : text;
 }
@@ -84,9 +90,10 @@ std::pair<std::size_t, std::size_t> DocumentMutator::FindPart(const std::string&
         const std::size_t nAt = text.find_first_of("0123456789", nFrom);
         return Between(nAt, text.find_first_not_of("0123456789.-", nAt));
     }
-    const std::size_t nEqual = text.find("=\"", nFrom);
-    if (nEqual == std::string::npos) return {};
-    return Between(text.rfind(' ', nEqual), text.find('"', nEqual + 2) + 1);
+    const std::size_t nQuote = text.find_first_of("\"'", text.find('=', nFrom));
+    if (nQuote == std::string::npos) return {};
+    const std::size_t nEnd = text.find(text[nQuote], nQuote + 1);
+    return Between(text.rfind(' ', nQuote), nEnd == std::string::npos ? nEnd : nEnd + 1);
 }
 
 std::string DocumentMutator::Replacement(const std::string& part, Kind kind) {

@@ -1,13 +1,15 @@
 // Reads mutated .xlsx workbooks:
 //     mfx_workbook_mutation [ROUNDS [SEED]]
-// Whatever a workbook holds, it is read or refused, in time. Half of the rounds change parts of a good one,
-// half the bytes of its archive. The first failure ends the run; "mfx_workbook_mutation 1 SEED" repeats it.
+// Whatever a workbook holds, it is read or refused, in time and without more than 500 MB of memory. Half of
+// the rounds change parts of a good one, half the bytes of its archive. The first failure ends the run;
+// "mfx_workbook_mutation 1 SEED" repeats it.
 
 #include "CrashReport.h"
 #include "DocumentMutator.h"
 #include "sheetreader/CheckedRead.h"
 
 #include <windows.h>
+#include <psapi.h>
 
 #include <atomic>
 #include <chrono>
@@ -31,6 +33,12 @@ void WatchRounds() {
         Report("takes longer than 10 seconds");
         TerminateProcess(GetCurrentProcess(), EXIT_FAILURE);
     }
+}
+
+std::size_t PeakMegabytes() {
+    PROCESS_MEMORY_COUNTERS counters{};
+    GetProcessMemoryInfo(GetCurrentProcess(), &counters, sizeof counters);
+    return counters.PeakWorkingSetSize >> 20;
 }
 
 std::string MutateParts(Parts parts) {
@@ -68,8 +76,11 @@ int wmain(int argc, wchar_t** argv) {
     if (!CheckedRead(archive)) return Report("the workbook is refused as it is"), EXIT_FAILURE;
     std::thread(WatchRounds).detach();
     unsigned nRead = 0;
-    for (g_nSeed = nFirst; g_nSeed != nFirst + nRounds; ++g_nSeed)
+    for (g_nSeed = nFirst; g_nSeed != nFirst + nRounds; ++g_nSeed) {
         nRead += CheckedRead(g_nSeed % 2 ? MutateParts(parts) : MutateBytes(archive));
-    std::printf("%u workbooks: %u read, %u refused\n", nRounds, nRead, nRounds - nRead);
+        if (PeakMegabytes() > 500) return Report("takes more than 500 MB"), EXIT_FAILURE;
+    }
+    std::printf("%u workbooks: %u read, %u refused, at most %zu MB\n", nRounds, nRead, nRounds - nRead,
+                PeakMegabytes());
     return EXIT_SUCCESS;
 }

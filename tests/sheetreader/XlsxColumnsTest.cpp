@@ -69,7 +69,9 @@ TEST(XlsxColumnsTest, GivesTheTextOfEachKindOfCell) {
         {"<c t='e'><v>#N/A</v></c>", L""},
         {"<c t='d'><v>2024-02-29</v></c>", L""},
         {"<c><f>A1*2</f><v>84</v></c>", L"84"},
-        {"<c t='str'><f>\"x\"</f><v> x_x0041_&amp;</v></c>", L" xA&"},
+        {"<c><v>1e-400</v></c>", L"0"},
+        {"<c t='str'><f>\"x\"</f><v> x_x0041_&amp;</v></c>", L"xA&"},
+        {"<c t='str'><v xml:space='preserve'> x_x0041_&amp;</v></c>", L" xA&"},
         {"<c t='s'><v>0</v></c>", L"plain"},
         {"<c t='s'><v>1</v></c>", L"Abc d"},
         {"<c t='s'><v>2</v></c>",
@@ -118,15 +120,14 @@ TEST(XlsxColumnsTest, TakesTheSheetThatExcelActivates) {
     const struct {
         int nActive;
         std::string states[3];
-        std::wstring text;  // of the sheet; empty for the chart
+        std::wstring text;  // of the sheet; empty for the chart or dialog
     } kCases[] = {
         {0, {"", "", ""}, L"1"},
         {1, {"", "", ""}, L"2"},
         {2, {"", "", ""}, L""},
-        {0, {"hidden", "", ""}, L"2"},
-        {9, {"", "", "hidden"}, L"2"},
-        {1, {"", "veryHidden", ""}, L""},
-        {2, {"", "visible", "hidden"}, L"2"},
+        {0, {"hidden", "", ""}, L"1"},
+        {1, {"", "veryHidden", ""}, L"2"},
+        {3, {"hidden", "visible", ""}, L"2"},
     };
     for (const auto& [nActive, states, text] : kCases) {
         SCOPED_TRACE(std::to_string(nActive) + states[0] + states[1] + states[2]);
@@ -141,8 +142,74 @@ TEST(XlsxColumnsTest, TakesTheSheetThatExcelActivates) {
             "<Relationships><Relationship Id='s0' Type='a/worksheet' Target='/xl/../xl/./worksheets/"
             "sheet1.xml'/><Relationship Id='s2' Type='a/chartsheet' Target='none.xml'/>"
             "<Relationship Id='s1' Type='a/worksheet' Target='../Other%20sheet.XML'/></Relationships>";
-        parts["other Sheet.xml"] = "<worksheet><sheetData><row><c><v>2</v></c></row></sheetData></worksheet>";
-        EXPECT_EQ(Read(parts, {L"A"}), text.empty() ? Table{{}} : Table{{text}});
+        for (const std::string other : {"other Sheet.xml", "OTHER%20sheet.xml"}) {
+            for (const std::string kind : {"chartsheet", "dialogsheet"}) {
+                Parts book = parts;
+                book[kLinks].replace(book[kLinks].find("chartsheet"), 10, kind);
+                book[other] = "<worksheet><sheetData><row><c><v>2</v></c></row></sheetData></worksheet>";
+                EXPECT_EQ(Read(book, {L"A"}), text.empty() ? Table{{}} : Table{{text}});
+            }
+        }
+    }
+}
+
+TEST(XlsxColumnsTest, TellsPlainNumbersFromDatesAndCurrencies) {
+    const struct {
+        int nId;
+        std::string code;  // of the own format; none when it is built in
+        bool bPlain;
+    } kCases[] = {
+        {1, "", true},
+        {10, "", true},
+        {12, "", true},
+        {39, "", true},
+        {41, "", true},
+        {43, "", true},
+        {48, "", true},
+        {49, "", true},
+        {5, "", false},
+        {8, "", false},
+        {14, "", false},
+        {22, "", false},
+        {42, "", false},
+        {44, "", false},
+        {46, "", false},
+        {57, "", false},
+        {81, "", false},
+        {44, "_-* #,##0.00\\ &quot;kr&quot;_-", false},
+        {14, "0.0", true},
+        {164, "General", true},
+        {164, "0.00%", true},
+        {164, "# ?/?", true},
+        {164, "0.00E+00", true},
+        {164, "[Red][&lt;0]-0.0;[$-409]0.0", true},
+        {164, "0.0\\d;0_d;*d0", true},
+        {164, "0.0&quot; dmy&quot;;&quot;h", true},
+        {164, "0.0&quot;mm&quot;", true},
+        {164, "yyyy\\-mm", false},
+        {164, "0;[$-411]ggge&quot;年&quot;m&quot;月&quot;", false},
+        {164, "h:mm AM/PM", false},
+        {164, "[mm]:ss", false},
+        {164, "[HH]", false},
+        {164, "\\$0.0", false},
+        {164, "&quot;$&quot;#,##0", false},
+        {164, "#,##0\\ [$CHF-807]", false},
+        {164, "&quot;₩&quot;#,##0", false},
+        {164, "[$￥-804]#,##0", false},
+        {164, "#,##0.00 €", false},
+    };
+    for (const auto& [nId, code, bPlain] : kCases) {
+        SCOPED_TRACE(std::to_string(nId) + " " + code);
+        const std::string id = "numFmtId='" + std::to_string(nId) + "'";
+        Parts parts = MakeParts("<row><c s='1'><v>1.5</v></c><c><v>2</v></c></row>");
+        parts["xl/styles.xml"] = "<styleSheet><numFmts>" +
+                                 (code.empty() ? "" : "<numFmt " + id + " formatCode='" + code + "'/>") +
+                                 "</numFmts><cellStyleXfs><xf numFmtId='14'/></cellStyleXfs><cellXfs><xf " +
+                                 "/><xf " + id + "/></cellXfs></styleSheet>";
+        EXPECT_EQ(Read(parts, {L"A"}), bPlain ? Table{{L"1.5"}} : Table{{}});
+        // A cell without a style has the first one.
+        parts["xl/styles.xml"] = "<styleSheet><cellXfs><xf numFmtId='14'/><xf/></cellXfs></styleSheet>";
+        EXPECT_EQ(Read(parts), (Table{{L"1.5"}, {L""}}));
     }
 }
 
@@ -165,6 +232,21 @@ TEST(XlsxColumnsTest, TakesXmlInAnyForm) {
         parts[kSheet] = form;
         EXPECT_EQ(Read(parts), kOne);
     }
+    const auto everywhere = [](auto&& change) {
+        Parts parts = MakeParts("<row><c t='s'><v>0</v></c><c s='2'><v>1</v></c></row>");
+        for (auto& [name, part] : parts) change(part);
+        EXPECT_EQ(Read(parts), (Table{{L"plain"}, {L""}}));
+    };
+    everywhere([](std::string& part) { part = Utf16(part, false, true); });
+    everywhere([](std::string& part) {  // the strict variant
+        for (const std::string old : {"http://schemas.openxmlformats.org/", "/2006/"})
+            for (std::size_t nAt; (nAt = part.find(old)) != part.npos;)
+                part.replace(nAt, old.size(), old == "/2006/" ? "/" : "http://purl.oclc.org/ooxml/");
+    });
+    everywhere([](std::string& part) {
+        for (std::size_t nAt = 0; (nAt = part.find('<', nAt)) != part.npos; ++nAt)
+            if (part[nAt + 1] != '!') part.insert(nAt + (part[nAt + 1] == '/' ? 2 : 1), "p:");
+    });
 }
 
 TEST(XlsxColumnsTest, RefusesWhatIsWrongWithoutDelay) {
@@ -175,7 +257,8 @@ TEST(XlsxColumnsTest, RefusesWhatIsWrongWithoutDelay) {
         Changed("_rels/.rels", "workbook.xml", "none.xml"),
         Changed("_rels/.rels", "xl/workbook.xml", "_rels/.rels"),
         Changed(kWorkbook, "workbook ", "document "),
-        Changed(kWorkbook, "<sheet ", "<sheet state='hidden' "),
+        Changed(kWorkbook, "0'/></bookViews><sheets><sheet ",
+                "1'/></bookViews><sheets><sheet state='hidden' "),
         Changed(kWorkbook, "r:id='rId1'", "r:id='rId9'"),
         Changed(kWorkbook, "activeTab='0'", "activeTab='x'"),
         Changed(kLinks, "worksheets/sheet1.xml", "workbook.xml"),
@@ -186,6 +269,9 @@ TEST(XlsxColumnsTest, RefusesWhatIsWrongWithoutDelay) {
         Changed(kSheet, kSome, "r='A1048577'"),
         Changed(kSheet, kSome, "r='XFE1'"),
         Changed(kSheet, kSome, "r='A99999999999'"),
+        Changed(kSheet, kSome, "r='ZZZ99999999'"),
+        Changed(kSheet, row, row + Repeated("<c/>", 1'000'000)),
+        Changed(kSheet, "<sheetData>", "<x:sheetData xmlns:x='u'>1</x:sheetData><a>"),
         Changed(kSheet, kSome, "r='1'"),
         Changed(kSheet, kSome, "r='A-1'"),
         Changed(kSheet, kSome, "r='A1B'"),
@@ -210,6 +296,7 @@ TEST(XlsxColumnsTest, RefusesWhatIsWrongWithoutDelay) {
         Changed(kSheet, row, Repeated("<row/>", 1 << 20) + "<row>" + a1.substr(0, 2) + a1.substr(9)),
         Changed(kSheet, kSome, "t='inlineStr' r='A1'><is><t>\xED\xA0</t></is></c><c"),
         Changed(kTexts, "</sst>", Repeated("<si/>", 16 << 20) + "</sst>"),  // inflates too far
+        Changed(kSheet, kSome, "t='s' r='A1'><v>6</v></c>" + Repeated("<c r='A1'/>", 1 << 24) + "<c"),
         {{"_rels/.rels", ""}},
     };
     for (const Parts& parts : kCases) {
@@ -222,6 +309,10 @@ TEST(XlsxColumnsTest, RefusesWhatIsWrongWithoutDelay) {
     const Parts rows = MakeParts(Repeated("<row>" + a1.substr(0, 2) + a1.substr(9) + "</row>", 1000));
     EXPECT_EQ(Read(rows, {L"A"}).front().size(), 1000u);
     EXPECT_THROW(Read(rows, std::vector<std::wstring>(70'000, L"A")), std::length_error);
+    // A long text that many cells share.
+    Parts parts = MakeParts(Repeated("<row><c t='s'><v>0</v></c></row>", 2000));
+    parts[kTexts] = "<sst><si><t>" + std::string(1 << 20, 'x') + "</t></si></sst>";
+    EXPECT_THROW(Read(parts, {L"A"}), std::length_error);
 }
 
 TEST(XlsxColumnsTest, RefusesAnArchiveThatIsCutOffOrDamaged) {
