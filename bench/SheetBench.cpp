@@ -60,8 +60,8 @@ int MakeBook(const Book& book, bool bInline) {
     for (std::size_t i = 0; i < CountTexts(book); ++i)
         texts += "<si><t>band " + std::to_string(i) + "</t></si>";
     texts += "</sst>";
-    std::ofstream(std::filesystem::path(book.path), std::ios::binary) << MakeZip(parts);
-    return 0;
+    std::ofstream file(std::filesystem::path(book.path), std::ios::binary);
+    return file << MakeZip(parts) << std::flush ? EXIT_SUCCESS : EXIT_FAILURE;
 }
 
 void Inflate(benchmark::State& state, const Book& book) {
@@ -122,8 +122,8 @@ int wmain(int argc, wchar_t** argv) {
     for (const auto& [name, book] : kBooks) {
         const std::wstring path = L'"' + book.path + L'"', rows = std::to_wstring(book.nRows),
                            columns = std::to_wstring(book.nColumns);
-        if (_wspawnl(_P_WAIT, argv[0], L"sheet_bench", L"--make", path.c_str(), rows.c_str(), columns.c_str(),
-                     name.ends_with("inline") ? L"inline" : L"shared", nullptr) != 0)
+        if (_wspawnl(_P_WAIT, _wpgmptr, L"sheet_bench", L"--make", path.c_str(), rows.c_str(),
+                     columns.c_str(), name.ends_with("inline") ? L"inline" : L"shared", nullptr) != 0)
             return EXIT_FAILURE;
         Register(name + "/reference", Inflate, book);
         Register(name + "/subject, columns", Read, book, book.nColumns, false);

@@ -166,12 +166,12 @@ int Run(int argc, const char* const* argv) {
 
     SheetOptions sheetOptions;
     std::string columns = "A,B,C,D,E";
-    CLI::App* sheet = add("sheet", "Print what an import of a workbook's columns reads, through Excel",
-                          [&](const RuleModule&) {
-                              sheetOptions.strBook = FromUtf8(path);
-                              sheetOptions.strColumns = FromUtf8(columns);
-                              return PrintSheet(sheetOptions);
-                          });
+    CLI::App* sheet =
+        add("sheet", "Print what an import of a workbook's columns reads", [&](const RuleModule&) {
+            sheetOptions.strBook = FromUtf8(path);
+            sheetOptions.strColumns = FromUtf8(columns);
+            return PrintSheet(sheetOptions);
+        });
     AddFile(*sheet, "BOOK", path, "Workbook to read; its folder gets a file MFX.log for a moment")
         ->required();
     sheet

@@ -1,8 +1,11 @@
 #include "CellNumber.h"
 
+#include "Unicode.h"
+
 #include <charconv>
 #include <cmath>
 #include <stdexcept>
+#include <type_traits>
 
 namespace {
 
@@ -14,15 +17,14 @@ bool IsTiny(std::string_view number) {
 
 template <class Number>
 Number Parse(std::string_view text) {
-    const auto isBlank = [](char ch) { return ch == ' ' || ch == '\t' || ch == '\r' || ch == '\n'; };
-    while (!text.empty() && isBlank(text.front())) text.remove_prefix(1);
-    while (!text.empty() && isBlank(text.back())) text.remove_suffix(1);
+    text = Trimmed(text);
     if (text.starts_with('+')) text.remove_prefix(1);
     Number number{};
     const auto [pEnd, error] = std::from_chars(text.data(), text.data() + text.size(), number);
-    if (error == std::errc::result_out_of_range && IsTiny(text)) return {};
-    if (error != std::errc() || pEnd != text.data() + text.size()) throw std::runtime_error("no number");
-    return number;
+    if (text.empty() || pEnd != text.data() + text.size()) throw std::runtime_error("no number");
+    if (error == std::errc()) return number;
+    if (!std::is_floating_point_v<Number> || !IsTiny(text)) throw std::runtime_error("no number");
+    return 0;
 }
 
 // With six decimals, where it is beyond doubt which are nearest to the value; empty elsewhere. Several times

@@ -7,6 +7,8 @@
 
 namespace {
 
+constexpr std::size_t kMostFormats = 1 << 16;
+
 template <std::size_t N>
 bool IsIn(std::uint32_t nFormat, const std::pair<unsigned, unsigned> (&ranges)[N]) {
     return std::any_of(std::begin(ranges), std::end(ranges),
@@ -23,13 +25,16 @@ bool IsBuiltInDate(std::uint32_t nFormat) {
     return IsIn(nFormat, {{14, 22}, {27, 36}, {45, 47}, {50, 58}, {71, 81}});
 }
 
-// "[$-" opens a language; other brackets with a dollar sign have a currency, "[$CHF-807]".
+// Whether a sign is shown: not "_€", a gap as wide, nor "*€", which fills the cell. "[$-" opens a language;
+// other brackets with a dollar sign have a currency, "[$CHF-807]".
 bool HasCurrency(std::string_view code) {
     for (const std::string_view sign :
-         {"€", "£", "¥", "₩", "₤", "₨", "₪", "₫", "₱", "₴", "₹", "₺", "₽", "฿", "￡", "￥", "￦"})
-        if (code.find(sign) != code.npos) return true;
-    for (std::size_t nAt = 0; (nAt = code.find('$', nAt)) != code.npos;)
-        if (!code.substr(++nAt).starts_with('-')) return true;
+         {"$", "€", "£", "¥", "₩", "₤", "₨", "₪", "₫", "₱", "₴", "₹", "₺", "₽", "฿", "￡", "￥", "￦"})
+        for (std::size_t nAt = 0; (nAt = code.find(sign, nAt)) != code.npos; nAt += sign.size()) {
+            const char before = nAt > 0 ? code[nAt - 1] : '\0';
+            const bool bLanguage = sign == "$" && code.substr(nAt + 1).starts_with('-');
+            if (before != '_' && before != '*' && !bLanguage) return true;
+        }
     return false;
 }
 
@@ -52,7 +57,7 @@ bool HasDate(std::string_view code) {
     return false;
 }
 
-bool IsPlain(std::string_view code) {
+bool IsPlainCode(std::string_view code) {
     return !HasCurrency(code) && !HasDate(code);
 }
 
@@ -67,8 +72,8 @@ NumberFormats::NumberFormats(XmlScanner styles) {
         styles.ForEachChild([&](std::string_view name) {
             const std::string_view id = styles.Attribute("numFmtId");
             if (bOwn && name == "numFmt")
-                ownFormats[ParseIndex(id)] = ::IsPlain(styles.Attribute("formatCode"));
-            else if (bCells && name == "xf")
+                ownFormats[ParseIndex(id)] = IsPlainCode(styles.Attribute("formatCode"));
+            else if (bCells && name == "xf" && cellFormats.size() < kMostFormats)
                 cellFormats.push_back(id.empty() ? 0 : ParseIndex(id));
         });
     });

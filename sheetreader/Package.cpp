@@ -6,8 +6,11 @@
 #include <charconv>
 #include <future>
 #include <stdexcept>
+#include <thread>
 
 namespace {
+
+constexpr std::size_t kMaxRelations = 1 << 16;
 
 zip* OpenZip(zip_source* pSource) {
     zip* const pZip = zip_open_from_source(pSource, ZIP_RDONLY, nullptr);
@@ -25,25 +28,27 @@ std::uint64_t MayInflate(zip_source* pSource) {
     return std::clamp(bKnown ? stat.size * kRatio : 0, kAlways, kMost);
 }
 
-// Inflates a part chunk by chunk: the next one while the last one is being scanned.
+using File = std::unique_ptr<zip_file_t, int (*)(zip_file_t*)>;
+
+// Inflates a part chunk by chunk: the next one on a thread of its own while the last one is being scanned.
 class Inflater {
   public:
-    Inflater(zip_file_t* pFile, std::uint64_t& nMayInflate)
-        : m_pFile(pFile, zip_fclose), m_nMayInflate(nMayInflate) {}
+    Inflater(File pFile, std::uint64_t& nMayInflate)
+        : m_pFile(std::move(pFile)), m_nMayInflate(nMayInflate) {}
 
     // Valid until the next call; empty at the part's end.
     std::string_view Next() {
         const std::size_t nRead = m_ahead.valid() ? m_ahead.get() : Inflate();
         m_pChunk.swap(m_pAhead);
-        if (nRead == kChunk) m_ahead = std::async([this] { return Inflate(); });
+        if (nRead == kChunk) InflateAhead();
         return {m_pChunk.get(), nRead};
     }
 
   private:
     static constexpr std::size_t kChunk = 1 << 21;
-    using Chunk = std::unique_ptr<char[]>;
 
     std::size_t Inflate() {
+        if (!m_pAhead) m_pAhead = std::make_unique_for_overwrite<char[]>(kChunk);
         std::size_t nTotal = 0;
         for (zip_int64_t n = 1; n > 0 && nTotal < kChunk; nTotal += static_cast<std::size_t>(n))
             if ((n = zip_fread(m_pFile.get(), m_pAhead.get() + nTotal, kChunk - nTotal)) < 0)
@@ -53,11 +58,18 @@ class Inflater {
         return nTotal;
     }
 
-    const std::unique_ptr<zip_file_t, int (*)(zip_file_t*)> m_pFile;
+    // Not by std::async, whose thread may still be in this library's code when that is unloaded.
+    void InflateAhead() {
+        std::packaged_task<std::size_t()> inflate([this] { return Inflate(); });
+        m_ahead = inflate.get_future();
+        m_thread = std::jthread(std::move(inflate));
+    }
+
+    const File m_pFile;
     std::uint64_t& m_nMayInflate;
-    Chunk m_pChunk = std::make_unique_for_overwrite<char[]>(kChunk),
-          m_pAhead = std::make_unique_for_overwrite<char[]>(kChunk);
-    std::future<std::size_t> m_ahead;  // the last member, whose end waits for what is under way
+    std::unique_ptr<char[]> m_pChunk, m_pAhead;
+    std::future<std::size_t> m_ahead;
+    std::jthread m_thread;  // the last member, whose end waits for what is under way
 };
 
 std::string Unescaped(std::string_view target) {
@@ -106,9 +118,9 @@ std::optional<std::uint64_t> Package::Find(const std::string& part) const {
 
 XmlScanner Package::Open(const std::string& part) {
     const std::optional<std::uint64_t> entry = Find(part);
-    zip_file_t* const pFile = entry ? zip_fopen_index(m_pZip.get(), *entry, 0) : nullptr;
+    File pFile(entry ? zip_fopen_index(m_pZip.get(), *entry, 0) : nullptr, zip_fclose);
     if (!pFile) throw std::runtime_error("a part is missing or encrypted");
-    const auto pInflater = std::make_shared<Inflater>(pFile, m_nMayInflate);
+    const auto pInflater = std::make_shared<Inflater>(std::move(pFile), m_nMayInflate);
     return XmlScanner([pInflater] { return pInflater->Next(); });
 }
 
@@ -121,6 +133,7 @@ std::vector<Relation> Package::Relations(const std::string& part) {
     xml.EnterRoot("Relationships");
     xml.ForEachChild([&](std::string_view name) {
         if (name != "Relationship") return;
+        if (relations.size() == kMaxRelations) throw std::runtime_error("too many relations");
         const std::string_view type = xml.Attribute("Type");
         const bool bExternal = xml.Attribute("TargetMode") == "External";
         relations.push_back(

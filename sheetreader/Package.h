@@ -17,9 +17,9 @@ struct Relation {
     std::string part;      // full name; empty when it is outside of the package
 };
 
-// The parts of a workbook, by names such as "xl/workbook.xml" in any case, escaped or not ("a%20b.xml"). All
-// members throw std::runtime_error when a part is missing, damaged or encrypted, or when what was read by
-// then inflates past 1 GB, or past 64 MB and 250 times the size of the file.
+// The parts of a workbook, by names such as "xl/workbook.xml" in any case; escaped ("a%20b.xml") they are
+// found in either form. All members throw std::runtime_error when a part is missing, damaged or encrypted, or
+// when what was read by then inflates past 1 GB, or past 64 MB and 250 times the size of the file.
 class Package {
   public:
     // Takes over the source, also when it throws.

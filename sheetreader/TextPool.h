@@ -9,9 +9,9 @@
 // Texts of cells in UTF-8, by number. Text 0 is the empty one.
 class TextPool {
   public:
-    // Throws when more texts come together than a workbook should have: 1 GB.
+    // Throws when more texts come together than a workbook should have: 32 million, or 256 MB.
     std::uint32_t Add(std::string_view text) {
-        if (m_bytes.size() + text.size() > 1 << 30 || m_ends.size() >= UINT32_MAX)
+        if (m_bytes.size() + text.size() > 1 << 28 || m_ends.size() > 1 << 25)
             throw std::length_error("too many texts");
         m_bytes += text;
         m_ends.push_back(static_cast<std::uint32_t>(m_bytes.size()));

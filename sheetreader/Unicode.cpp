@@ -3,6 +3,13 @@
 #include <algorithm>
 #include <stdexcept>
 
+std::string_view Trimmed(std::string_view text) {
+    const auto isBlank = [](char ch) { return ch == ' ' || ch == '\t' || ch == '\r' || ch == '\n'; };
+    while (!text.empty() && isBlank(text.front())) text.remove_prefix(1);
+    while (!text.empty() && isBlank(text.back())) text.remove_suffix(1);
+    return text;
+}
+
 void AppendUtf8(std::string& utf8, char32_t ch) {
     constexpr unsigned kLead[] = {0, 0xC0, 0xE0, 0xF0};
     const int nFollowing = ch < 0x80 ? 0 : ch < 0x800 ? 1 : ch < 0x10000 ? 2 : 3;

@@ -9,17 +9,12 @@
 
 namespace {
 
+constexpr std::size_t kMaxSheets = 1 << 16;
+
 struct SheetEntry {
     std::string relationId;
     bool bVisible;
 };
-
-std::string_view Trimmed(std::string_view text) {
-    const auto isBlank = [](char ch) { return ch == ' ' || ch == '\t' || ch == '\r' || ch == '\n'; };
-    while (!text.empty() && isBlank(text.front())) text.remove_prefix(1);
-    while (!text.empty() && isBlank(text.back())) text.remove_suffix(1);
-    return text;
-}
 
 // Appends the text with characters in place of escapes such as _x000D_, but of _x005F_ just the underscore.
 void AppendUnescaped(std::string_view escaped, std::string& text) {
@@ -67,6 +62,7 @@ std::optional<std::string> Workbook::FindActiveSheet() {
                 const std::string_view active = xml.Attribute("activeTab");
                 nActive = active.empty() ? 0 : ParseIndex(active);
             } else if (bSheets && name == "sheet") {
+                if (sheets.size() == kMaxSheets) throw std::runtime_error("too many sheets");
                 const std::string_view state = xml.Attribute("state");
                 sheets.push_back({std::string(xml.Attribute("id")), state.empty() || state == "visible"});
             }

@@ -6,7 +6,7 @@
 
 #include <optional>
 
-// An .xlsx workbook (ECMA-376, also its strict variant): a zip archive of XML parts. All throw
+// An .xlsx workbook, also of the strict variant of the format: a zip archive of XML parts. All throw
 // std::runtime_error when it is none or damaged.
 class Workbook {
   public:

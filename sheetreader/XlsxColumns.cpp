@@ -56,7 +56,8 @@ XlsxColumns::XlsxColumns(zip_source* pSource, const std::vector<std::wstring>& l
     if (!sheet) return;
     m_texts = workbook.ReadSharedTexts();
     m_nSharedTexts = m_texts.size();
-    ReadSheet(workbook.OpenPart(*sheet), workbook.ReadFormats());
+    const NumberFormats formats = workbook.ReadFormats();
+    ReadSheet(workbook.OpenPart(*sheet), formats);
     m_nRows = CountRows();
     CheckSize();
 }
@@ -64,10 +65,11 @@ XlsxColumns::XlsxColumns(zip_source* pSource, const std::vector<std::wstring>& l
 // A text that cells share counts for each of them.
 void XlsxColumns::CheckSize() const {
     std::size_t nText = 0;
+    if (m_nRows * m_asked.size() > kMaxCells) throw std::length_error("too large a table");
     for (const std::uint16_t nSlot : m_asked)
-        for (const Cell& cell : m_columns[nSlot]) nText += m_texts[cell.nText].size();
-    if (m_nRows * m_asked.size() > kMaxCells || nText > kMaxText)
-        throw std::length_error("too large a table");
+        for (const Cell& cell : m_columns[nSlot])
+            if (cell.nRow <= m_nRows) nText += m_texts[cell.nText].size();
+    if (nText > kMaxText) throw std::length_error("too large a table");
 }
 
 void XlsxColumns::ReadSheet(XmlScanner xml, const NumberFormats& formats) {
@@ -126,7 +128,7 @@ std::uint32_t XlsxColumns::ReadCell(XmlScanner& xml, const NumberFormats& format
 }
 
 std::uint32_t XlsxColumns::ReadValue(XmlScanner& xml, CellType type) {
-    if (type == CellType::FormulaText) return ReadText(xml, ReadPlainText);
+    if (type == CellType::FormulaText || type == CellType::InlineText) return ReadText(xml, ReadPlainText);
     const std::string_view value = xml.ReadText(m_text);
     if (value.empty()) return kNoText;
     if (type == CellType::SharedText) {

@@ -95,8 +95,8 @@ std::string_view XmlScanner::ReadText(std::string& pieces) {
     pieces.clear();
     for (const std::size_t nDepth = m_nDepth; Next(), m_nDepth >= nDepth;) {
         if (m_token != Token::Text || m_nDepth != nDepth) continue;
-        const bool bWhole = pieces.empty() && !m_bReferences && End() - Begin() > 1 && Begin()[1] == '/';
-        if (bWhole) return m_text;
+        const bool bWhole = std::string_view(Begin(), End()).starts_with("</");
+        if (bWhole && pieces.empty() && !m_bReferences) return m_text;
         if (m_bReferences)
             AppendResolved(m_text, pieces);
         else
@@ -278,6 +278,7 @@ bool XmlScanner::Refill() {
     // At least as much again, since a tag is parsed from its start each time.
     do {
         std::string_view bytes = m_source();
+        if (bytes.empty() && !m_rest.empty()) Fail("no UTF-16");
         if (bytes.empty()) break;
         if (m_encoding == Encoding::Unknown) bytes.remove_prefix(DetectEncoding(bytes));
         if (m_encoding == Encoding::Utf8)

@@ -7,7 +7,7 @@
 
 // Walks once through the XML of a workbook's part, which it does not keep: UTF-8 or UTF-16, without document
 // type. All members throw std::runtime_error when its tags are not well-formed, when elements are nested
-// deeper than 256, or when a tag or text is longer than 16 MB. What a name is made of and what is passed over
+// deeper than 256, or when a tag or text is longer than 32 MB. What a name is made of and what is passed over
 // is not checked. Views are valid until the next element or text.
 class XmlScanner {
   public:
@@ -31,7 +31,8 @@ class XmlScanner {
     // Of the element that was just entered, by its name without prefix; empty when it has none.
     std::string_view Attribute(std::string_view name) const;
 
-    // The open element's own text. A part of it that is not in one piece is put together in the other string.
+    // The open element's own text, as a view of what is scanned or, when it is in several pieces, of these
+    // put together. The element may be open afterwards.
     std::string_view ReadText(std::string& pieces);
 
   private:
