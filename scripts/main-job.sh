@@ -1,6 +1,6 @@
 #!/bin/bash
 # The main job: what the module offers, a rule document converted to inches and radians, written, read back and shown,
-# and the dialog of a rule. Expects a build (scripts/run.sh makes one).
+# what an import reads of a workbook, and the dialog of a rule. Expects a build (scripts/run.sh makes one).
 set -euo pipefail
 cd -- "$(dirname -- "${BASH_SOURCE[0]}")/.."
 out=build/main-job
@@ -15,6 +15,7 @@ mfxhost() {
 mfxhost list
 mfxhost convert samples/all-rules.xml --length in --angle rad -o "$out/all-rules-in-rad.xml"
 mfxhost show "$out/all-rules-in-rad.xml"
+mfxhost sheet samples/draft-angles.xlsx
 
 # The dialog of a rule: opened, photographed and cancelled.
 picture=$out/wall-thickness-variation.png

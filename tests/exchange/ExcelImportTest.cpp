@@ -42,7 +42,7 @@ struct ExcelImportTest : Test {
     // The calls after the workbook was opened, of what the server noted, which ends without a reference to
     // its objects.
     static std::string EndOf(const std::vector<std::string>& journal, bool bDied = false) {
-        EXPECT_TRUE(bDied || journal.back() == "objects 0") << PrintToString(journal);
+        EXPECT_TRUE(bDied || (!journal.empty() && journal.back() == "objects 0")) << PrintToString(journal);
         std::string end;
         for (const std::string& line : journal)
             if (line == "ActiveSheet" || line == "Close" || line == "Quit") end += line;
