@@ -5,5 +5,5 @@ scripts=$(cd -- "$(dirname -- "${BASH_SOURCE[0]}")" && pwd)
 # The language of whoever runs this must not change the result.
 export LC_ALL=C.UTF-8
 
-"$scripts/setup.sh" --build mingw
+"$scripts/setup.sh" --build mingw mfxhost mfx_screenshot
 exec "$scripts/with-wine.sh" "$scripts/main-job.sh" "$@"

@@ -1,13 +1,17 @@
 #!/bin/bash
 # Prepares a Debian 12 machine: packages, cross-built libraries, Wine prefix, locales; all but the packages go to build/.
-# With "--build PRESET" it also builds that CMake preset. A step that was done before is skipped.
+# With "--build PRESET [TARGETS...]" it also builds that CMake preset, or just these targets of it. A step that was done before is skipped.
 set -euo pipefail
 cd -- "$(dirname -- "${BASH_SOURCE[0]}")/.."
 root=$PWD
 build=$root/build
 deps=$build/deps
 preset=
-[[ ${1:-} != --build ]] || preset=$2
+targets=()
+if [[ ${1:-} == --build ]]; then
+  preset=$2
+  ((${#@} == 2)) || targets=(--target "${@:3}")
+fi
 
 packages=(
   g++-mingw-w64-x86-64-posix cmake ninja-build python3 python3-jsonschema libxml2-utils
@@ -282,5 +286,5 @@ if [[ -n $preset ]]; then
   announce "Configuring $preset"
   logged "$preset-configure" cmake --preset "$preset"
   announce "Building $preset"
-  logged "$preset-build" cmake --build --preset "$preset"
+  logged "$preset-build" cmake --build --preset "$preset" "${targets[@]}"
 fi

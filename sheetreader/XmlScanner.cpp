@@ -299,7 +299,7 @@ std::size_t XmlScanner::DetectEncoding(std::string_view start) {
     return is("\xEF\xBB\xBF") ? 3 : is("\xFF\xFE") || is("\xFE\xFF") ? 2 : 0;
 }
 
-// What is left of them waits for more.
+// Moves m_rest to the buffer, but for half a character at its end.
 void XmlScanner::AppendUtf16() {
     const std::string bytes = std::exchange(m_rest, {});
     const bool bBig = m_encoding == Encoding::Utf16Big;
