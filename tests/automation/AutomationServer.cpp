@@ -4,7 +4,6 @@
 
 #include <tlhelp32.h>
 
-#include <algorithm>
 #include <filesystem>
 #include <memory>
 #include <sstream>
@@ -71,13 +70,6 @@ void AutomationServer::Register(const std::wstring& fault) {
 void AutomationServer::Unregister() {
     RegDeleteTreeW(HKEY_LOCAL_MACHINE, kApplicationKey.c_str());
     RegDeleteTreeW(HKEY_LOCAL_MACHINE, kClassKey.c_str());
-}
-
-int AutomationServer::Running() const {
-    const auto bRuns = [](const Handle& process) {
-        return WaitForSingleObject(process.get(), 0) == WAIT_TIMEOUT;
-    };
-    return static_cast<int>(std::ranges::count_if(Servers(), bRuns));
 }
 
 void AutomationServer::EndServers() {

@@ -9,7 +9,8 @@
 
 // Stands in for Excel while it lives: registers mfx_automation_server.exe, from the test program's folder,
 // for "Excel.Application", for the whole machine (Wine reads no other classes). One at a time in all test
-// programs: the constructor waits for the others. Members throw std::runtime_error.
+// programs: the constructor waits for the others. A test program that is killed leaves the registration
+// behind. Members throw std::runtime_error.
 class AutomationServer {
   public:
     AutomationServer();
@@ -29,9 +30,6 @@ class AutomationServer {
 
     // From now on there is no Excel on the machine.
     void Unregister();
-
-    // Servers that run now. One ends by itself when its client has released all objects.
-    int Running() const;
 
     // Ends the servers that still run and returns what was noted since the last time, a line each: "Create",
     // calls with their argument ("Open C:\a.xls", "Range A1", "value"), "id NAME" for the lookup of a name,

@@ -129,6 +129,15 @@ TEST_F(ExcelImportTest, ReadsTheColumnsOfTheActiveSheet) {
     }
 }
 
+// Or the tests here could not tell a leak.
+TEST_F(ExcelImportTest, StandInTellsWhatItsClientKept) {
+    CLSID classId;
+    Microsoft::WRL::ComPtr<IDispatch> pExcel;
+    ASSERT_HRESULT_SUCCEEDED(CLSIDFromProgID(L"Excel.Application", &classId));
+    ASSERT_HRESULT_SUCCEEDED(CoCreateInstance(classId, nullptr, CLSCTX_LOCAL_SERVER, IID_PPV_ARGS(&pExcel)));
+    EXPECT_THAT(m_server.Journal(), ElementsAre("Create", "objects 1"));
+}
+
 TEST_F(ExcelImportTest, AsksForEachCellOnceAndForEachNameOnce) {
     EXPECT_TRUE(ReadBands());
     const std::vector<std::string> journal = m_server.Journal();

@@ -54,11 +54,3 @@ TEST(WorkbookPathTest, ProbesTheFolderAndAcceptsWhatCanBeAWorkbook) {
     for (LPCWSTR pszNoFolder : {LPCWSTR{}, L"", book.c_str()}) EXPECT_EQ(ProbeFolderWritable(pszNoFolder), 2);
     EXPECT_EQ(ProbeFolderWritable(locked.c_str()), 3);
 }
-
-TEST(WorkbookPathTest, TakesAReadOnlyDiskAsItIs) {
-    const std::wstring disk = fs::path(MFX_READ_ONLY_DISK).make_preferred().wstring();
-    if (!fs::exists(disk + L"\\mounted")) GTEST_SKIP() << "no read-only file system could be mounted";
-    CString strError;
-    EXPECT_EQ(ProbeFolderWritable(disk.c_str()), 3);
-    EXPECT_TRUE(CheckWorkbookPath((disk + L"\\none.xls").c_str(), strError));
-}

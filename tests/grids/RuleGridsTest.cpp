@@ -3,7 +3,6 @@
 #include "MFXVariableDraftRuleListCtrl.h"
 #include "MFXWTBasedOnSizeAndWeightListCtrl.h"
 #include "resource.h"
-#include "support/GuiObjects.h"
 
 #include <functional>
 #include <random>
@@ -243,7 +242,7 @@ TEST_F(SizeAndWeightGridTest, BandGridTellsOfCommittedCells) {
 
 namespace {
 
-// Keys, clicks and characters at random: nothing may crash, hang, or leave anything behind.
+// Keys, clicks and characters at random: nothing may crash or hang.
 void Storm(const std::function<void(int, int, UINT)>& click, CMFXListCtrl& grid,
            const std::function<void(MSG&)>& handleKey) {
     std::mt19937 random(7);

@@ -15,7 +15,7 @@ class ConfigureTest : public HostTest {
     void Configure(const Arguments& more, void (*act)(HWND), const TextMatcher& out) {
         Arguments arguments{L"configure", L"r.xml", L"--rule", L"19030", L"--lang", L"english"};
         arguments.insert(arguments.end(), more.begin(), more.end());
-        std::thread user([act] {
+        const std::jthread user([act] {
             HWND hDialog = nullptr;
             for (int i = 0; i < 500 && !(hDialog = FindWindowW(L"#32770", L"Wall Thickness Variation")); ++i)
                 Sleep(20);
@@ -24,7 +24,6 @@ class ConfigureTest : public HostTest {
             act(hDialog);
         });
         Run(arguments, 0, out, "");
-        user.join();
     }
 };
 

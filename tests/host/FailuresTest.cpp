@@ -1,6 +1,5 @@
 #include "HostTest.h"
 
-#include <atomic>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
@@ -120,7 +119,8 @@ TEST_F(HostTest, NamesThePartOfTheInstallationThatIsMissing) {
     Run({L"list", L"--lang", L"french"}, 0, StartsWith("Règles"), "", bin);
     fs::remove(bin + L"\\MFXCLRMangedHelper.dll");
     m_folder.Write(L"b.xlsx", "");
-    Run({L"sheet", L"b.xlsx"}, 4, "", HasSubstr("b.xlsx: the library that reads .xlsx files is missing"), bin);
+    Run({L"sheet", L"b.xlsx"}, 4, "", HasSubstr("b.xlsx: the library that reads .xlsx files is missing"),
+        bin);
 
     for (const std::wstring name :
          {L"bin\\MfxKitu.dll", L"bin\\MFXSandCastingRulesu.dll",
@@ -190,9 +190,8 @@ TEST_F(HostTest, ReadsNoHalfWrittenFile) {
         m_folder.Write(L"d.xml", documents[i]);
         shown[i] = Run({L"show", L"d.xml"}).out;
     }
-    std::atomic<bool> bStop = false;
-    std::thread writer([&] {
-        for (int i = 0; !bStop; ++i) {
+    const std::jthread writer([&](const std::stop_token& stop) {
+        for (int i = 0; !stop.stop_requested(); ++i) {
             std::FILE* pFile = _wfopen(m_folder.Path(L"d.xml").c_str(), L"r+b");
             if (!pFile) continue;  // it is being read
             for (const char ch : documents[i % 2]) std::putc(ch, pFile);
@@ -210,8 +209,6 @@ TEST_F(HostTest, ReadsNoHalfWrittenFile) {
         EXPECT_THAT(run.err, run.nExitCode == 0 ? Matcher<const std::string&>("")
                                                 : HasSubstr("d.xml: can't be read: "));
     }
-    bStop = true;
-    writer.join();
     EXPECT_GT(nRead, 0);
 }
 

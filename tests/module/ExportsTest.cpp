@@ -119,9 +119,11 @@ struct CSeenRule : CMfxRule {
 std::size_t HeapBytesInUse() {
     HANDLE heaps[100];
     std::size_t nBytes = 0;
-    for (DWORD i = GetProcessHeaps(100, heaps); i-- > 0;)
+    for (DWORD i = GetProcessHeaps(100, heaps); i-- > 0;) {
         for (PROCESS_HEAP_ENTRY entry{}; HeapWalk(heaps[i], &entry);)
             if (entry.wFlags & PROCESS_HEAP_ENTRY_BUSY) nBytes += entry.cbData;
+        EXPECT_EQ(GetLastError(), DWORD{ERROR_NO_MORE_ITEMS});
+    }
     return nBytes;
 }
 
@@ -214,6 +216,7 @@ TEST_F(ExportsTest, ThousandsOfRulesLeaveNoMemoryBehind) {
         modules.AddTail(L"Materials");
         module.Call("SetDBModuleList", &modules);
     }
+    EXPECT_GT(before, 0u);
     EXPECT_LT(HeapBytesInUse(), before + kRounds) << "at least a byte is left per round";
     ExpectHostUntouched("rules");
 }

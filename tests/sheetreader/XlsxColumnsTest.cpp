@@ -53,12 +53,7 @@ TEST(XlsxColumnsTest, GivesTheTextOfEachKindOfCell) {
         {"<c><v>1E20</v></c>", L"100000000000000000000"},
         {"<c><v>-1e-7</v></c>", L"-0"},
         {"<c s='1'><v>0.25</v></c>", L"0.25"},
-        {"<c s='2'><v>45351</v></c>", L""},
-        {"<c s='3'><v>45351</v></c>", L""},
-        {"<c s='4'><v>12.5</v></c>", L""},
-        {"<c s='5'><v>12.5</v></c>", L""},
         {"<c s='6'><v>12.5</v></c>", L"12.5"},
-        {"<c s='7'><v>1.5</v></c>", L""},
         {"<c s='99'><v>1.5</v></c>", L"1.5"},
         {"<c t='b'><v>1</v></c>", L""},
         {"<c t='e'><v>#N/A</v></c>", L""},
@@ -153,67 +148,35 @@ TEST(XlsxColumnsTest, TakesTheSheetThatExcelActivates) {
 }
 
 TEST(XlsxColumnsTest, TellsPlainNumbersFromDatesAndCurrencies) {
-    const struct {
-        int nId;
-        std::string code;  // of the own format; none when it is built in
-        bool bPlain;
-    } kCases[] = {
-        {1, "", true},
-        {10, "", true},
-        {12, "", true},
-        {39, "", true},
-        {41, "", true},
-        {43, "", true},
-        {48, "", true},
-        {49, "", true},
-        {5, "", false},
-        {8, "", false},
-        {14, "", false},
-        {22, "", false},
-        {42, "", false},
-        {44, "", false},
-        {46, "", false},
-        {57, "", false},
-        {81, "", false},
-        {44, "_-* #,##0.00\\ &quot;kr&quot;_-", false},
-        {14, "0.0", true},
-        {164, "General", true},
-        {164, "[]0.0", true},
-        {164, "0.00%", true},
-        {164, "# ?/?", true},
-        {164, "0.00E+00", true},
-        {164, "[Red][&lt;0]-0.0;[$-409]0.0", true},
-        {164, "0.0\\d;0_d;*d0", true},
-        {164, "0.0&quot; dmy&quot;;&quot;h", true},
-        {164, "0.0&quot;mm&quot;", true},
-        {43, "_-* #,##0.00\\ _€_-", true},
-        {164, "_($* #,##0.00_)", false},
-        {164, "_(* #,##0.00_$", true},
-        {164, "yyyy\\-mm", false},
-        {164, "0;[$-411]ggge&quot;年&quot;m&quot;月&quot;", false},
-        {164, "h:mm AM/PM", false},
-        {164, "[mm]:ss", false},
-        {164, "[HH]", false},
-        {164, "\\$0.0", false},
-        {164, "&quot;$&quot;#,##0", false},
-        {164, "#,##0\\ [$CHF-807]", false},
-        {164, "&quot;₩&quot;#,##0", false},
-        {164, "[$￥-804]#,##0", false},
-        {164, "#,##0.00 €", false},
-    };
-    for (const auto& [nId, code, bPlain] : kCases) {
-        SCOPED_TRACE(std::to_string(nId) + " " + code);
+    const auto read = [](int nId, const std::string& code) {
         const std::string id = "numFmtId='" + std::to_string(nId) + "'";
-        Parts parts = MakeParts("<row><c s='1'><v>1.5</v></c><c><v>2</v></c></row>");
-        parts["xl/styles.xml"] = "<styleSheet><numFmts>" +
-                                 (code.empty() ? "" : "<numFmt " + id + " formatCode='" + code + "'/>") +
-                                 "</numFmts><cellStyleXfs><xf numFmtId='14'/></cellStyleXfs><cellXfs><xf " +
-                                 "/><xf " + id + "/></cellXfs></styleSheet>";
-        EXPECT_EQ(Read(parts, {L"A"}), bPlain ? Table{{L"1.5"}} : Table{{}});
-        // A cell without a style has the first one.
-        parts["xl/styles.xml"] = "<styleSheet><cellXfs><xf numFmtId='14'/><xf/></cellXfs></styleSheet>";
-        EXPECT_EQ(Read(parts), (Table{{L"1.5"}, {L""}}));
-    }
+        Parts parts = MakeParts("<row><c s='1'><v>1.5</v></c></row>");
+        parts["xl/styles.xml"] =
+            "<styleSheet><numFmts>" + (code.empty() ? "" : "<numFmt " + id + " formatCode='" + code + "'/>") +
+            "</numFmts><cellStyleXfs><xf numFmtId='14'/></cellStyleXfs><cellXfs><xf/><xf " + id +
+            "/></cellXfs></styleSheet>";
+        return Read(parts, {L"A"});
+    };
+    const Table plain = {{L"1.5"}}, other = {{}};
+    for (const int nPlain : {1, 10, 12, 39, 41, 43, 48, 49}) EXPECT_EQ(read(nPlain, ""), plain) << nPlain;
+    for (const int nOther : {5, 8, 14, 22, 42, 44, 46, 57, 81}) EXPECT_EQ(read(nOther, ""), other) << nOther;
+    for (const std::string code :
+         {"General", "[]0.0", "0.00%", "# ?/?", "0.00E+00", "[Red][&lt;0]-0.0;[$-409]0.0", "0.0\\d;0_d;*d0",
+          "0.0&quot; dmy&quot;;&quot;h", "0.0&quot;mm&quot;", "_(* #,##0.00_$"})
+        EXPECT_EQ(read(164, code), plain) << code;
+    for (const std::string code :
+         {"_($* #,##0.00_)", "yyyy\\-mm", "0;[$-411]ggge&quot;年&quot;m&quot;月&quot;", "h:mm AM/PM",
+          "[mm]:ss", "[HH]", "\\$0.0", "&quot;$&quot;#,##0", "#,##0\\ [$CHF-807]", "&quot;₩&quot;#,##0",
+          "[$￥-804]#,##0", "#,##0.00 €"})
+        EXPECT_EQ(read(164, code), other) << code;
+    // Built-in ones with codes of their own: dates may be redefined, currencies differ between countries.
+    EXPECT_EQ(read(14, "0.0"), plain);
+    EXPECT_EQ(read(43, "_-* #,##0.00\\ _€_-"), plain);
+    EXPECT_EQ(read(44, "_-* #,##0.00\\ &quot;kr&quot;_-"), other);
+    // A cell without a style has the first one.
+    Parts parts = MakeParts("<row><c s='1'><v>1.5</v></c><c><v>2</v></c></row>");
+    parts["xl/styles.xml"] = "<styleSheet><cellXfs><xf numFmtId='14'/><xf/></cellXfs></styleSheet>";
+    EXPECT_EQ(Read(parts), (Table{{L"1.5"}, {L""}}));
 }
 
 TEST(XlsxColumnsTest, TakesXmlInAnyForm) {
