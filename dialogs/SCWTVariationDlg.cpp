@@ -28,6 +28,8 @@ BOOL CMFXSCWTVariationDlg::OnInitDialog() {
     if (!pVariation || !m_editVariation.GetSafeHwnd() || !m_comboLengthUnit.GetSafeHwnd())
         return RefuseToEdit();
     const MfxArray<double>& values = pVariation->GetValues<double>();
+    constexpr UINT kLongestNumber = 260;  // with more digits a number could be infinite
+    m_editVariation.SetLimitText(kLongestNumber);
     if (!values.IsEmpty()) m_editVariation.SetWindowText(FormatDouble(values[0]));
     SelectLengthUnit(m_comboLengthUnit, m_pRule->m_nLengthUnit);
     return TRUE;

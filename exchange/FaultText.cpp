@@ -1,16 +1,15 @@
 #include "FaultText.h"
 
+#include "LibraryPtr.h"
 #include "LocationHelper.h"
 
 CString LoadFaultText(WorkbookFault fault) {
     CString strText;
     for (const CString& strFolder :
          {CLocationHelper::GetLocalizedResPath(), CLocationHelper::GetDefaultResPath()}) {
-        const HMODULE hLibrary =
-            LoadLibraryExW(strFolder + L"\\MFXSandCastingRulesResu.dll", nullptr, LOAD_LIBRARY_AS_DATAFILE);
-        const bool bLoaded = hLibrary && strText.LoadString(hLibrary, static_cast<UINT>(fault));
-        if (hLibrary) FreeLibrary(hLibrary);
-        if (bLoaded) break;
+        const LibraryPtr pLibrary(
+            LoadLibraryExW(strFolder + L"\\MFXSandCastingRulesResu.dll", nullptr, LOAD_LIBRARY_AS_DATAFILE));
+        if (pLibrary && strText.LoadString(pLibrary.get(), static_cast<UINT>(fault))) break;
     }
     return strText;
 }

@@ -1,12 +1,10 @@
 #include "WorkbookReader.h"
 
 #include "ExcelSheet.h"
+#include "LibraryPtr.h"
 #include "NoThrow.h"
 #include "WorkbookPath.h"
 #include "XlsxReader.h"
-
-#include <memory>
-#include <type_traits>
 
 namespace {
 
@@ -19,9 +17,6 @@ struct ComScope {
     }
     const HRESULT m_result = CoInitialize(nullptr);
 };
-
-using LibraryPtr =
-    std::unique_ptr<std::remove_pointer_t<HMODULE>, decltype([](HMODULE h) { FreeLibrary(h); })>;
 
 // From where programs have their libraries, or else beside the library that this code is in. Not from the
 // current folder, which may be that of the workbook and whatever came with it.

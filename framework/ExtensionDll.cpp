@@ -1,6 +1,8 @@
 // Entry of the library where it is built with the real MFC: it exports classes derived from MFC's, so it is
 // an MFC extension DLL and has to take its place in the chain of modules.
 
+#include <afxwin.h>
+
 #include <afxdllx.h>
 
 namespace {

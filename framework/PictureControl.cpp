@@ -60,7 +60,7 @@ void PictureControl::SetBitmap(HBITMAP hBitmap) {
 
 // False when there is no memory for it.
 bool PictureControl::ScaleTo(CDC& dc, CSize size) {
-    if (size == m_scaledSize) return true;
+    if (size.cx == m_scaledSize.cx && size.cy == m_scaledSize.cy) return true;
     m_scaled.DeleteObject();
     m_scaledSize = CSize(0, 0);
     const HBITMAP hScaled = CreateBitmapOf(dc, ScalePixels(ReadPixels(dc, m_bitmap), size.cx, size.cy));
@@ -75,7 +75,9 @@ void PictureControl::OnPaint() {
     GetClientRect(&room);
     dc.FillSolidRect(&room, GetSysColor(COLOR_3DFACE));
     if (!m_bitmap.GetSafeHandle() || room.IsRectEmpty()) return;
-    const CSize size = FitInto(SizeOf(m_bitmap), room.Size());
+    const CSize pictureSize = SizeOf(m_bitmap);
+    if (pictureSize.cx <= 0 || pictureSize.cy <= 0) return;  // the host's handle is no bitmap
+    const CSize size = FitInto(pictureSize, room.Size());
     if (!ScaleTo(dc, size)) return;
     CDC memory;
     memory.CreateCompatibleDC(&dc);

@@ -3,7 +3,7 @@
 #include <afxwin.h>
 
 // Text box for decimal numbers: a change that brings in another character is taken back. Only characters are
-// checked, so "1.2.3" stays; whoever reads the number checks its form.
+// checked, so "1.2.3" stays, and is read as 1.2.
 class CDoubleEditEx : public CEdit {
   public:
     // Whether a minus sign is accepted; it is not at first.

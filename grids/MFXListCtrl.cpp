@@ -55,12 +55,12 @@ void CMFXListCtrl::BeginCellEdit(int nRow, int nCol, int nTextLimit) {
     if (!m_editCell.GetSafeHwnd()) {
         m_editCell.Create(WS_CHILD | WS_VISIBLE | WS_BORDER | WS_TABSTOP | ES_MULTILINE | ES_AUTOHSCROLL,
                           rect, this, kEditorId);
-        m_editCell.SetFont(GetFont());
         m_editCell.SetLimitText(static_cast<UINT>(nTextLimit));
     } else {
         m_editCell.MoveWindow(rect);
         m_editCell.ShowWindow(SW_SHOW);
     }
+    m_editCell.SetFont(GetFont());  // another one on a monitor with another dpi
     m_editCell.SetWindowText(strText);
     m_editCell.SetLastValidText(strText);
     m_editCell.SetSel(0, -1);
@@ -104,12 +104,12 @@ void CMFXListCtrl::BeginComboEdit(int nRow, int nCol, int nTextLimit) {
     if (!m_comboCell.GetSafeHwnd()) {
         m_comboCell.Create(WS_CHILD | WS_VISIBLE | WS_VSCROLL | WS_TABSTOP | CBS_DROPDOWNLIST, rect, this,
                            kComboId);
-        m_comboCell.SetFont(GetFont());
         m_comboCell.LimitText(nTextLimit);
     } else {
         m_comboCell.MoveWindow(rect);
         m_comboCell.ShowWindow(SW_SHOW);
     }
+    m_comboCell.SetFont(GetFont());
     m_comboCell.ResetContent();
     int nSelected = 0;
     for (const CString& strItem : m_vecComboItems) {

@@ -294,7 +294,7 @@ class RecordChecker {
         const bool bLimit = m_nParamId == kThicknessMinId || m_nParamId == kThicknessMaxId;
         if (storage.GetType() == TypeTableRow && storage.m_paramType == ParamTable)
             CheckRows(parameter, storage.GetValues<MfxTableRow>());
-        if (storage.GetType() != TypeDouble) return;
+        if (storage.GetType() != TypeDouble || storage.m_paramType == ParamTable) return;
         const int nReals = CheckReals(parameter);
         if (bLimit && nReals > 2)
             Add(parameter, "Value: there are too many; a limit has one value, or a switch and one value");

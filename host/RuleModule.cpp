@@ -11,8 +11,7 @@ constexpr wchar_t kModuleFile[] = L"MFXSandCastingRulesu.dll";
 constexpr wchar_t kResourceFile[] = L"\\MFXSandCastingRulesResu.dll";
 
 bool IsLibrary(const CString& strPath) {
-    const HMODULE hLibrary = LoadLibraryExW(strPath, nullptr, LOAD_LIBRARY_AS_DATAFILE);
-    return hLibrary && FreeLibrary(hLibrary);
+    return LibraryPtr(LoadLibraryExW(strPath, nullptr, LOAD_LIBRARY_AS_DATAFILE)) != nullptr;
 }
 
 // The module falls back silently from a missing language; a user who asked for it should know. Without the
@@ -31,14 +30,14 @@ void CheckResourceLibraries() {
 
 RuleModule::RuleModule() : m_strPath(GetProgramFolder() + L"\\" + kModuleFile) {
     CheckResourceLibraries();
-    m_hModule = LoadLibraryExW(m_strPath, nullptr, LOAD_WITH_ALTERED_SEARCH_PATH);
-    if (!m_hModule)
+    m_pLibrary.reset(LoadLibraryExW(m_strPath, nullptr, LOAD_WITH_ALTERED_SEARCH_PATH));
+    if (!m_pLibrary)
         throw HostError(ExitCode::Missing, ToUtf8(m_strPath) +
                                                " can't be loaded, install the program again: " +
                                                WindowsErrorText(GetLastError()));
 
     const auto find = [this](auto& function, const char* name) {
-        const FARPROC address = GetProcAddress(m_hModule, name);
+        const FARPROC address = GetProcAddress(m_pLibrary.get(), name);
         if (!address) throw HostError(ExitCode::Missing, ToUtf8(m_strPath) + " has no export " + name);
         function = reinterpret_cast<std::remove_reference_t<decltype(function)>>(
             reinterpret_cast<void (*)()>(address));
@@ -50,10 +49,6 @@ RuleModule::RuleModule() : m_strPath(GetProgramFolder() + L"\\" + kModuleFile) {
     find(m_getAllRules, "GetAllRules");
     find(m_getRule, "GetRule");
     find(m_deleteRule, "DeleteRule");
-}
-
-RuleModule::~RuleModule() {
-    if (m_hModule) FreeLibrary(m_hModule);
 }
 
 CString RuleModule::GetName() const {

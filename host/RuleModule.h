@@ -1,5 +1,6 @@
 #pragma once
 
+#include "LibraryPtr.h"
 #include "MfxRule.h"
 #include "MfxXMLDocument.h"
 
@@ -20,9 +21,6 @@ class RuleModule {
     // Loads the sand casting module from the program's folder. Throws HostError (Missing) that names the
     // file, or the export, that is missing.
     RuleModule();
-    ~RuleModule();
-    RuleModule(const RuleModule&) = delete;
-    RuleModule& operator=(const RuleModule&) = delete;
 
     CString GetName() const;
     CString GetSummary() const;
@@ -39,10 +37,10 @@ class RuleModule {
   private:
     RulePtr Adopt(CMfxRule* pRule) const;
 
-    HMODULE m_hModule = nullptr;
+    LibraryPtr m_pLibrary;
     CString m_strPath;
     void (*m_setXmlDoc)(MfxXMLDocument*) = nullptr;
-    void (*m_setDbModuleList)(CStringList&) = nullptr;
+    void (*m_setDbModuleList)(CStringList&) = nullptr;  // nothing here asks for it yet
     void (*m_getModuleName)(CString&) = nullptr;
     void (*m_getModuleSummary)(CString&) = nullptr;
     void (*m_getAllRules)(MfxRuleArray&) = nullptr;

@@ -52,7 +52,7 @@ bool HasName(const Unit& unit, std::string_view name) {
 std::optional<int> FindUnit(std::span<const Unit> units, std::string_view name) {
     std::string lower(name);
     std::transform(lower.begin(), lower.end(), lower.begin(),
-                   [](unsigned char ch) { return std::tolower(ch); });
+                   [](unsigned char ch) { return static_cast<char>(std::tolower(ch)); });
     for (const Unit& unit : units)
         if (HasName(unit, lower)) return unit.nCode;
     return std::nullopt;

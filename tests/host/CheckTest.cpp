@@ -88,6 +88,8 @@ TEST_F(HostTest, ChecksWhatRecordsSay) {
         {"<Value>6</Value>", "<Value>0</Value>", "error: " + limit + "the limit has to be above zero"},
         {"<Value>6</Value>", "<Value>abc</Value>",
          "error: " + limit + "Value: \"abc\" is not a number and reads as 0"},
+        {"1</ParameterType>\n      <Value>6</Value>", "24</ParameterType>\n      <Value Attribute1=\"3\"/>",
+         "error: " + limit + "ParameterType: it does not fit the parameter's values"},
         {"<Value>16</Value>", "<Value>nan</Value>", "error: .* \"nan\" is not a number"},
         {" Unit=\"1\"", "", "warning: MfxRules: Unit is missing and taken for millimetres"},
         {"AngleUnit=\"0\"", "", "warning: MfxRules: AngleUnit is missing and taken for degrees"},
