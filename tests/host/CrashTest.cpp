@@ -1,8 +1,10 @@
 // Crashes, as programs should not.
 #include "CrashReport.h"
 
+#include <cstdint>
+
 int wmain() {
     InstallCrashReport();
-    int* volatile pNothing = nullptr;
-    return *pNothing;
+    const volatile std::uintptr_t address = 8;  // the hardened build finds a null pointer by itself
+    return *reinterpret_cast<const int*>(address);
 }
