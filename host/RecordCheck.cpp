@@ -1,5 +1,6 @@
 #include "RecordCheck.h"
 
+#include "DraftTableCheck.h"
 #include "NumberText.h"
 #include "ParameterXml.h"
 #include "RuleHeader.h"
@@ -358,7 +359,7 @@ class RecordChecker {
     }
 
     void CheckCells(const MfxXMLNode& row, const std::vector<CString>& cells) {
-        constexpr std::ptrdiff_t kFewestCells = 4, kMostCells = 5;
+        constexpr std::ptrdiff_t kFewestCells = DraftCell::ThirdAngle, kMostCells = DraftCell::Count;
         const auto nCells = std::ssize(cells);
         for (std::size_t i = 0; i < cells.size(); ++i)
             if (!cells[i].IsEmpty() && !IsPlainNumber(cells[i]))

@@ -11,6 +11,7 @@
 #include "UnitNames.h"
 
 #include <algorithm>
+#include <array>
 #include <limits>
 #include <set>
 #include <tuple>
@@ -131,10 +132,12 @@ std::string Sentence(const std::vector<MfxTableRow>& rows, const DraftTableResul
         case DraftTableFlaw::IncompleteRow:
             return row + "a bound or an angle is missing or zero";
         case DraftTableFlaw::UpperNotAboveLower:
-            return row + "the band " + InvertedSentence(number(result.nRow, 0), number(result.nRow, 1));
+            return row + "the band " +
+                   InvertedSentence(number(result.nRow, DraftCell::LowerBound),
+                                    number(result.nRow, DraftCell::UpperBound));
         case DraftTableFlaw::NotContiguous:
-            return GapSentence(result.nRow, number(result.nRow, 0), result.nRow - 1, result.expected, "sizes",
-                               unit);
+            return GapSentence(result.nRow, number(result.nRow, DraftCell::LowerBound), result.nRow - 1,
+                               result.expected, "sizes", unit);
         case DraftTableFlaw::None:
             break;
     }
@@ -254,11 +257,14 @@ class RuleChecker {
         if (!pTable || !IsRead(-1, {kDraftAngleTableId})) return;
         std::vector<MfxTableRow> rows(pTable->GetValues<MfxTableRow>().begin(),
                                       pTable->GetValues<MfxTableRow>().end());
-        for (MfxTableRow& row : rows) row.cells.resize(5);
+        for (MfxTableRow& row : rows) row.cells.resize(DraftCell::Count);
         CheckAngles(rows);
         // Stored tables close the last band with a number for "no limit"; the dialog shows it as an empty
         // cell.
-        if (!rows.empty() && IsNoUpperLimit(ParseDouble(rows.back().cells[1]))) rows.back().cells[1].Empty();
+        if (!rows.empty()) {
+            CString& strLast = rows.back().cells[DraftCell::UpperBound];
+            if (IsNoUpperLimit(ParseDouble(strLast))) strLast.Empty();
+        }
         const DraftTableResult result = ::CheckDraftTable(rows);
         if (result.flaw != DraftTableFlaw::None)
             Add(Severity::Error, {-1, kDraftAngleTableId, result.nRow},
@@ -267,18 +273,19 @@ class RuleChecker {
 
     void CheckAngles(const std::vector<MfxTableRow>& rows) {
         constexpr double kRightAngle = 90.0, kNone = std::numeric_limits<double>::infinity();
-        double before[] = {kNone, kNone, kNone, kNone, kNone};  // the row's above
+        std::array<double, DraftCell::Count> before;  // the row's above
+        before.fill(kNone);
         RecordPlace place{-1, kDraftAngleTableId};
         for (const MfxTableRow& row : rows) {
             const std::string prefix = "row " + std::to_string(++place.nRow) + ": ";
             bool bGrows = false;
-            for (std::size_t nCell = 2; nCell < 5; ++nCell) {
+            for (std::size_t nCell = DraftCell::FirstAngle; nCell < DraftCell::Count; ++nCell) {
                 const CString& strCell = row.cells[nCell];
                 const double angle = ParseDouble(strCell);
                 if (InDegrees(angle, m_document.GetUnits().m_nAngleUnit) > kRightAngle - kTolerance)
                     Add(Severity::Error, place,
-                        prefix + "angle " + std::to_string(nCell - 1) + ", " + ToUtf8(strCell) +
-                            ", is not below 90 degrees");
+                        prefix + "angle " + std::to_string(nCell - DraftCell::UpperBound) + ", " +
+                            ToUtf8(strCell) + ", is not below 90 degrees");
                 bGrows = bGrows || angle > before[nCell] + kTolerance;
                 before[nCell] = strCell.IsEmpty() ? kNone : angle;
             }

@@ -1,5 +1,6 @@
 #include "RuleValues.h"
 
+#include "DraftTableCheck.h"
 #include "MFXUnitConvertor.h"
 #include "NumberText.h"
 #include "RuleParameters.h"
@@ -124,11 +125,10 @@ NumberOrWord ContentOfNumber(double value, bool bOfBand) {
 }
 
 NumberOrWord ContentOfCell(const MfxTableRow& row, std::size_t nCell) {
-    constexpr std::size_t kBounds = 2;  // angles follow
     const CString& strCell = row.cells[nCell];
     if (strCell.IsEmpty()) return std::monostate();
     if (!IsNumericText(strCell) || !IsReal(strCell)) return ToUtf8(strCell);
-    return ContentOfNumber(ParseDouble(strCell), nCell < kBounds);
+    return ContentOfNumber(ParseDouble(strCell), nCell < DraftCell::FirstAngle);
 }
 
 std::string FormatNumberOrWord(const NumberOrWord& content, int nDigits) {

@@ -7,14 +7,14 @@
 
 namespace {
 
-enum Cell { LowerBound, UpperBound, FirstAngle, SecondAngle, ThirdAngle, CellCount };
+using namespace DraftCell;
 
 struct Band {
     int nRow;
     MfxTableRow texts;
 
-    bool Has(Cell cell) const { return !texts.cells[cell].IsEmpty(); }
-    double Number(Cell cell) const { return ParseDouble(texts.cells[cell]); }
+    bool Has(Index cell) const { return !texts.cells[cell].IsEmpty(); }
+    double Number(Index cell) const { return ParseDouble(texts.cells[cell]); }
 };
 
 bool IsEmptyRow(const MfxTableRow& row) {
@@ -41,7 +41,7 @@ int CollectBands(std::span<const MfxTableRow> rows, std::vector<Band>& bands) {
         ++nRow;
         if (IsEmptyRow(row)) continue;
         Band band{nRow, row};
-        band.texts.cells.resize(CellCount);
+        band.texts.cells.resize(Count);
         if (!band.Has(LowerBound) || !band.Has(FirstAngle) || !band.Has(SecondAngle)) return nRow;
         band.texts = Normalized(band.texts);
         bands.push_back(band);

@@ -6,6 +6,11 @@
 #include <span>
 #include <vector>
 
+// The cells of a row: two bounds, then the angles.
+namespace DraftCell {
+enum Index : std::size_t { LowerBound, UpperBound, FirstAngle, SecondAngle, ThirdAngle, Count };
+}
+
 enum class DraftTableFlaw {
     None,
     NoBands,             // no row has anything in it
@@ -24,6 +29,6 @@ struct DraftTableResult {
     std::vector<MfxTableRow> bands;
 };
 
-// Checks rows of five texts: lower bound, upper bound, first, second and third angle. Rows without any text
+// Checks rows of five texts. Rows without any text
 // are skipped, but not between bands. The upper bound of the last band and every third angle may be empty.
 DraftTableResult CheckDraftTable(std::span<const MfxTableRow> rows);

@@ -1,5 +1,6 @@
 #include "SCVariableDraftAngleRule.h"
 
+#include "DraftTableCheck.h"
 #include "MFXUnitConvertor.h"
 #include "NoThrow.h"
 #include "NumberText.h"
@@ -13,7 +14,7 @@
 namespace {
 
 // Size bands of 0 to 1, 1 to 2, 2 to 4 and 4 to 8 inches in millimetres, the upper ones rounded on purpose.
-constexpr const wchar_t* kDefaultTable[][CMFXSCVariableDraftAngleRule::CellCount] = {
+constexpr const wchar_t* kDefaultTable[][DraftCell::Count] = {
     {L"0.0", L"25.4", L"3", L"3", L"1.5"},
     {L"25.4", L"50.8", L"1.5", L"2.5", L"1"},
     {L"50.8", L"101", L"1", L"1.5", L"1"},
@@ -33,13 +34,13 @@ void ConvertAngle(CString& strCell, int nFromUnit, int nToUnit) {
 }
 
 void ConvertRow(MfxTableRow& row, const UnitPair& from, const UnitPair& to) {
-    constexpr std::size_t kFewestCells = CMFXSCVariableDraftAngleRule::SecondAngle + 1;
+    constexpr std::size_t kFewestCells = DraftCell::SecondAngle + 1;
     if (row.cells.size() < kFewestCells) return;
     for (std::size_t i = 0; i < row.cells.size(); ++i) {
-        if (i <= CMFXSCVariableDraftAngleRule::UpperBound) {
+        if (i <= DraftCell::UpperBound) {
             if (from.m_nLengthUnit != to.m_nLengthUnit)
                 ConvertLength(row.cells[i], from.m_nLengthUnit, to.m_nLengthUnit);
-        } else if (i <= CMFXSCVariableDraftAngleRule::ThirdAngle) {
+        } else if (i <= DraftCell::ThirdAngle) {
             if (from.m_nAngleUnit != to.m_nAngleUnit)
                 ConvertAngle(row.cells[i], from.m_nAngleUnit, to.m_nAngleUnit);
         }

@@ -8,7 +8,6 @@
 class CMFXSCVariableDraftAngleRule : public CMfxRule {
   public:
     static constexpr int kRuleId = 19040;
-    enum Cell { LowerBound, UpperBound, FirstAngle, SecondAngle, ThirdAngle, CellCount };
 
     // A rule with the default table, in millimetres and degrees. Without an application object its header is
     // empty.
