@@ -4,10 +4,9 @@
 
 #include <algorithm>
 #include <map>
+#include <stdexcept>
 
 namespace {
-
-constexpr std::size_t kMostFormats = 1 << 16;
 
 template <std::size_t N>
 bool IsIn(std::uint32_t nFormat, const std::pair<unsigned, unsigned> (&ranges)[N]) {
@@ -73,8 +72,10 @@ NumberFormats::NumberFormats(XmlScanner styles) {
             const std::string_view id = styles.Attribute("numFmtId");
             if (bOwn && name == "numFmt")
                 ownFormats[ParseIndex(id)] = IsPlainCode(styles.Attribute("formatCode"));
-            else if (bCells && name == "xf" && cellFormats.size() < kMostFormats)
+            else if (bCells && name == "xf")
                 cellFormats.push_back(id.empty() ? 0 : ParseIndex(id));
+            if (cellFormats.size() == kTooManyEntries || ownFormats.size() == kTooManyEntries)
+                throw std::runtime_error("too many formats");
         });
     });
     styles.Finish();

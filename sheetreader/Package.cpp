@@ -10,8 +10,6 @@
 
 namespace {
 
-constexpr std::size_t kMaxRelations = 1 << 16;
-
 zip* OpenZip(zip_source* pSource) {
     zip* const pZip = zip_open_from_source(pSource, ZIP_RDONLY, nullptr);
     if (!pZip) {
@@ -133,7 +131,7 @@ std::vector<Relation> Package::Relations(const std::string& part) {
     xml.EnterRoot("Relationships");
     xml.ForEachChild([&](std::string_view name) {
         if (name != "Relationship") return;
-        if (relations.size() == kMaxRelations) throw std::runtime_error("too many relations");
+        if (relations.size() == kTooManyEntries) throw std::runtime_error("too many relations");
         const std::string_view type = xml.Attribute("Type");
         const bool bExternal = xml.Attribute("TargetMode") == "External";
         relations.push_back(

@@ -9,8 +9,6 @@
 
 namespace {
 
-constexpr std::size_t kMaxSheets = 1 << 16;
-
 struct SheetEntry {
     std::string relationId;
     bool bVisible;
@@ -62,7 +60,7 @@ std::optional<std::string> Workbook::FindActiveSheet() {
                 const std::string_view active = xml.Attribute("activeTab");
                 nActive = active.empty() ? 0 : ParseIndex(active);
             } else if (bSheets && name == "sheet") {
-                if (sheets.size() == kMaxSheets) throw std::runtime_error("too many sheets");
+                if (sheets.size() == kTooManyEntries) throw std::runtime_error("too many sheets");
                 const std::string_view state = xml.Attribute("state");
                 sheets.push_back({std::string(xml.Attribute("id")), state.empty() || state == "visible"});
             }

@@ -5,6 +5,10 @@
 #include <string_view>
 #include <vector>
 
+// More entries than a workbook's list of sheets, relations or formats has: what reads one throws at this
+// many.
+inline constexpr std::size_t kTooManyEntries = 1 << 16;
+
 // Walks once through the XML of a workbook's part, which it does not keep: UTF-8 or UTF-16, without document
 // type. All members throw std::runtime_error when its tags are not well-formed, when elements are nested
 // deeper than 256, or when a tag or text is longer than 32 MB. What a name is made of and what is passed over

@@ -86,6 +86,10 @@ class GridTest : public testing::Test {
     }
 
     static MSG KeyMessage(WPARAM nKey) { return {nullptr, WM_KEYDOWN, nKey, 0, 0, {}}; }
+    BOOL Press(WPARAM nKey) {
+        MSG msg = KeyMessage(nKey);
+        return m_grid.HandleKeyDown(&msg);
+    }
 
     // A list view waits after a press for the release or a drag.
     void Click(int nRow, int nCol, UINT nMessage = WM_LBUTTONDOWN) {

@@ -19,10 +19,6 @@ class MFXListCtrlTest : public GridTest<BareGrid> {
         m_grid.InitColumns(4);
         Fill(4);
     }
-    BOOL Press(WPARAM nKey) {
-        MSG msg = KeyMessage(nKey);
-        return m_grid.HandleKeyDown(&msg);
-    }
 };
 
 }  // namespace

@@ -19,10 +19,6 @@ class MaterialGridTest : public GridTest<CMFXUWTRuleListCtrl> {
         m_grid.SetComboItems({L"Steel", L"Zinc", L"000"});
         m_grid.SetMaterialDefaults({L"Steel", L"Steel"}, {L"4", L"9"}, {L"6", L"9"});
     }
-    BOOL Press(WPARAM nKey) {
-        MSG msg = KeyMessage(nKey);
-        return m_grid.HandleKeyDown(&msg);
-    }
     void Choose(int nRow, int nItem) {
         Click(nRow, 0, WM_LBUTTONDBLCLK);
         ASSERT_TRUE(IsVisible(10015));
@@ -44,10 +40,6 @@ class SizeAndWeightGridTest : public GridTest<CMFXWTBasedOnSizeAndWeightListCtrl
         Create(IDC_SIZE_WEIGHT_BANDS);
         m_grid.InitBandColumns({L"", L"1", L"2", L"3", L"4", L"5"});
         Fill(6);
-    }
-    BOOL Press(WPARAM nKey) {
-        MSG msg = KeyMessage(nKey);
-        return m_grid.HandleKeyDown(&msg);
     }
 };
 

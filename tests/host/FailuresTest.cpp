@@ -1,4 +1,5 @@
 #include "HostTest.h"
+#include "support/Utf16.h"
 
 #include <cstdlib>
 #include <filesystem>
@@ -7,13 +8,6 @@
 
 namespace fs = std::filesystem;
 using namespace testing;
-
-// Without a byte-order mark.
-static std::string Utf16Bytes(const std::string& ascii) {
-    std::string bytes;
-    for (const char ch : ascii) bytes += {ch, '\0'};
-    return bytes;
-}
 
 TEST_F(HostTest, NamesTheFlawOfAnUnreadableFile) {
     std::string opened, closed;
@@ -32,7 +26,7 @@ TEST_F(HostTest, NamesTheFlawOfAnUnreadableFile) {
         {"<MfxRules>\n<a" + attributes + "/></MfxRules>", "2: ", "too many attributes"},
         {"<MfxRules>\n\n<Rule Name=\"\xC3\x28\"/></MfxRules>", "3: ", "UTF-8"},
         {std::string("<MfxRules>\n<!--\0--></MfxRules>", 30), "2: ", "NUL"},
-        {Utf16Bytes("<MfxRules/>"), "1: ", "byte-order mark"},
+        {ToUtf16("<MfxRules/>", false, false), "1: ", "byte-order mark"},
         {"<!DOCTYPE MfxRules [<!ENTITY a \"5\">]>\n<MfxRules>&a;</MfxRules>", "1: ", "declares entities"},
         {"<!DOCTYPE MfxRules SYSTEM \"&a;\">\n<!-- &a; --><?a "
          "&a;?>\n<MfxRules>&lt;&#65;<![CDATA[&a;]]>a;&a;</"

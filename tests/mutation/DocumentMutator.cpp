@@ -1,5 +1,7 @@
 #include "DocumentMutator.h"
 
+#include "support/Utf16.h"
+
 #include <algorithm>
 #include <iterator>
 #include <sstream>
@@ -37,13 +39,6 @@ std::string Nested(const std::string& element, std::size_t nDepth) {
            Repeated(element.substr(std::min(element.rfind('<'), element.size())), nDepth);
 }
 
-// Byte by byte: what is not ASCII becomes other characters.
-std::string ToUtf16(const std::string& text, bool bBigEndian) {
-    std::string wide = bBigEndian ? "\xfe\xff" : "\xff\xfe";
-    for (const char ch : text) wide.append({bBigEndian ? '\0' : ch, bBigEndian ? ch : '\0'});
-    return wide;
-}
-
 // From the first place up to the second; nothing when one of them was not found.
 std::pair<std::size_t, std::size_t> Between(std::size_t nFirst, std::size_t nEnd) {
     if (nFirst >= nEnd || nEnd == std::string::npos) return {};
@@ -78,7 +73,7 @@ std::string DocumentMutator::MakeDocument() {
     const std::size_t nChange = Below(16);
     if (nChange == 0) text.insert(FindRoot(text), kEntities);
     if (nChange == 1) text.resize(Below(text.size()));
-    return nChange == 2 ? ToUtf16(text, Below(2) != 0) : text;
+    return nChange == 2 ? ToUtf16(text, Below(2) != 0, true) : text;
 }
 
 // The first part of that kind behind a random place.

@@ -73,9 +73,3 @@ std::string MakeZip(const Parts& parts) {
 zip_source* OpenBytes(const std::string& bytes) {
     return zip_source_buffer_create(bytes.data(), bytes.size(), 0, nullptr);
 }
-
-std::string ToUtf16(std::string_view ascii, bool bBig, bool bMark) {
-    std::string wide = bMark ? bBig ? "\xFE\xFF" : "\xFF\xFE" : "";
-    for (const char ch : ascii) wide.append({bBig ? '\0' : ch, bBig ? ch : '\0'});
-    return wide;
-}

@@ -2,7 +2,6 @@
 
 #include <map>
 #include <string>
-#include <string_view>
 
 struct zip_source;
 
@@ -19,6 +18,3 @@ std::string MakeZip(const Parts& parts);
 
 // The bytes, which have to live as long, as a source.
 zip_source* OpenBytes(const std::string& bytes);
-
-// With a byte order mark or without.
-std::string ToUtf16(std::string_view ascii, bool bBig, bool bMark);

@@ -1,5 +1,6 @@
 #include "XlsxColumns.h"
 #include "WorkbookMaker.h"
+#include "support/Utf16.h"
 
 #include <gmock/gmock.h>
 
@@ -267,6 +268,7 @@ TEST(XlsxColumnsTest, RefusesWhatIsWrongWithoutDelay) {
         Changed(kSheet, row, Repeated("<a>", 100000)),
         Changed(kSheet, row, Repeated("<a>", 300) + Repeated("</a>", 300) + row),
         Changed(kSheet, row, "<a b='" + std::string(34 << 20, '>') + "'/>" + row),
+        Changed("xl/styles.xml", "<xf/>", Repeated("<xf/>", 1 << 16)),
         Changed(kWorkbook, "<sheet ", Repeated("<sheet r:id='rId1'/>", 1 << 16) + "<sheet "),
         Changed(kLinks, "<Relationship ", Repeated("<Relationship/>", 1 << 16) + "<Relationship "),
         Changed(kSheet, row, Repeated("<row/>", 1 << 20) + "<row>" + a1.substr(0, 2) + a1.substr(9)),
