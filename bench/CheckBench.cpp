@@ -1,7 +1,7 @@
 // Checking rule documents against reading them: what checking costs beyond the reading that it starts with.
 
-#include "CheckCommand.h"
 #include "CrashReport.h"
+#include "DocumentCheck.h"
 #include "RatioReport.h"
 #include "RuleDocument.h"
 #include "RuleParameters.h"
@@ -35,11 +35,11 @@ struct SampleFile {
         wchar_t szFolder[MAX_PATH] = L"";
         GetTempPathW(MAX_PATH, szFolder);
         m_strPath = CString(szFolder) + L"check_bench.xml";
-        RuleDocument document;
+        RuleDocument document(Module());
         while (document.GetEntries().size() < kRules)
             for (RulePtr& pRule : Module().CreateAllRules()) {
                 if (bFindings) Spoil(*pRule);
-                document.Append(std::move(pRule), Module());
+                document.Append(std::move(pRule));
             }
         document.Save(m_strPath);
     }
@@ -50,13 +50,15 @@ struct SampleFile {
 
 void Read(benchmark::State& state, bool bFindings) {
     const SampleFile file(bFindings);
-    for (auto _ : state) benchmark::DoNotOptimize(RuleDocument(file.m_strPath, Module()).GetEntries().size());
+    for (auto _ : state) benchmark::DoNotOptimize(RuleDocument(Module(), file.m_strPath).GetEntries().size());
 }
 
 void Check(benchmark::State& state, bool bFindings) {
     const SampleFile file(bFindings);
     for (auto _ : state) {
-        const std::string text = FormatReport(CheckFile(file.m_strPath, Module(), Severity::Error));
+        std::string text;
+        for (const Finding& finding : CheckDocument(RuleDocument(Module(), file.m_strPath)))
+            if (finding.Kind().severity == Severity::Error) text += DescribeFinding(finding) + "\n";
         if (text.empty() == bFindings) throw std::logic_error("other findings than expected: " + text);
     }
 }

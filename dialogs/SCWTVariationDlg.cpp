@@ -2,6 +2,7 @@
 
 #include "LengthUnitCombo.h"
 #include "NumberText.h"
+#include "RuleDialogs.h"
 #include "RuleParameters.h"
 #include "SCWTVariationRule.h"
 #include "SandCastingRulesApp.h"
@@ -72,4 +73,8 @@ bool CMFXSCWTVariationDlg::StoreVariation() {
     // A value that is only shown with fewer digits than it has stays as it is.
     if (strValue != FormatDouble(values[0])) values[0] = value;
     return true;
+}
+
+void RunVariationDialog(CMFXSCWTVariationRule& rule) {
+    CMFXSCWTVariationDlg(&rule, nullptr).DoModal();
 }

@@ -2,22 +2,11 @@
 
 #include "XmlNumber.h"
 
-namespace {
-
-CString NumberText(double value) {
-    CString strText = FormatSixDecimals(value);
-    strText.TrimRight(L'0');
-    strText.TrimRight(L'.');
-    return strText;
-}
-
-}  // namespace
-
 CString CellText(const VARIANT& value) {
-    if (value.vt == VT_I2) return NumberText(value.iVal);
-    if (value.vt == VT_I4) return NumberText(value.lVal);
-    if (value.vt == VT_R4) return NumberText(static_cast<double>(value.fltVal));
-    if (value.vt == VT_R8) return NumberText(value.dblVal);
+    if (value.vt == VT_I2) return FormatTrimmed(value.iVal);
+    if (value.vt == VT_I4) return FormatTrimmed(value.lVal);
+    if (value.vt == VT_R4) return FormatTrimmed(static_cast<double>(value.fltVal));
+    if (value.vt == VT_R8) return FormatTrimmed(value.dblVal);
     if (value.vt == VT_BSTR) return CString(value.bstrVal, static_cast<int>(SysStringLen(value.bstrVal)));
     return CString();
 }

@@ -2,13 +2,12 @@
 
 #include "ExcelSheet.h"
 #include "LibraryPtr.h"
+#include "ModulePath.h"
 #include "NoThrow.h"
 #include "WorkbookPath.h"
 #include "XlsxReader.h"
 
 namespace {
-
-constexpr std::size_t kLongestPath = 32'768;
 
 // COM for this thread; one that has it in another mode keeps that.
 struct ComScope {
@@ -24,13 +23,8 @@ LibraryPtr LoadReader() {
     LibraryPtr pLibrary(LoadLibraryExW(kXlsxReaderLibrary, nullptr, LOAD_LIBRARY_SEARCH_DEFAULT_DIRS));
     if (pLibrary) return pLibrary;
     static const wchar_t kHere = 0;
-    HMODULE hOwn = nullptr;
-    GetModuleHandleExW(GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT,
-                       &kHere, &hOwn);
-    std::wstring path(kLongestPath, L'\0');
-    path.resize(GetModuleFileNameW(hOwn, path.data(), static_cast<DWORD>(path.size())));
-    path.replace(path.find_last_of(L'\\') + 1, path.npos, kXlsxReaderLibrary);
-    pLibrary.reset(LoadLibraryExW(path.c_str(), nullptr, LOAD_WITH_ALTERED_SEARCH_PATH));
+    const CString strPath = GetModuleFolder(GetModuleOfAddress(&kHere)) + L"\\" + kXlsxReaderLibrary;
+    pLibrary.reset(LoadLibraryExW(strPath, nullptr, LOAD_WITH_ALTERED_SEARCH_PATH));
     return pLibrary;
 }
 

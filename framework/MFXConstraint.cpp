@@ -18,9 +18,9 @@ MfxXMLNode* CMFXConstraint::GetXMLNode() {
     MfxXMLDocument* pDocument = MfxXMLDocument::GetCurrent();
     std::unique_ptr<MfxXMLNode> pNode(pDocument ? pDocument->CreateNode(kConstraintTag) : nullptr);
     if (!pNode) return nullptr;
-    pNode->AddAttribute(L"Type", FormatInteger(m_type));
-    pNode->AddAttribute(L"Value", m_strName);
-    pNode->AddAttribute(L"Status", m_bActive ? L"1" : L"0");
+    pNode->AddAttribute(kTypeAttribute, FormatInteger(m_type));
+    pNode->AddAttribute(kConstraintNameAttribute, m_strName);
+    pNode->AddAttribute(kStatusAttribute, m_bActive ? L"1" : L"0");
     for (const MfxParamRecord& record : m_paramArray) {
         const ParameterSerializer* pSerializer = FindParameterSerializer(record.m_type);
         if (!pSerializer || !record.m_pStorage->IsSaved()) continue;

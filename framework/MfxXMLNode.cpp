@@ -96,6 +96,11 @@ bool MfxXMLNode::GetAttributeValue(const CString& strName, CString& strValue) co
     return true;
 }
 
+CString MfxXMLNode::GetAttribute(const CString& strName, const CString& strDefault) const {
+    const pugi::xml_attribute attribute = pugi::xml_node(m_pElement).attribute(strName);
+    return attribute ? CString(attribute.value()) : strDefault;
+}
+
 MfxXMLNode* MfxXMLNode::SelectSingleNode(const CString& strTag) const {
     for (const pugi::xml_node child : pugi::xml_node(m_pElement).children(strTag))
         if (child.type() == pugi::node_element) return Wrap(child.internal_object());

@@ -54,6 +54,9 @@ class MFXKIT_API MfxXMLNode {
     // False, with the output unchanged, when there is no such attribute.
     bool GetAttributeValue(const CString& strName, CString& strValue) const;
 
+    // The attribute's value, or the default when there is none.
+    CString GetAttribute(const CString& strName, const CString& strDefault = CString()) const;
+
     // First child element with that tag, or null.
     MfxXMLNode* SelectSingleNode(const CString& strTag) const;
 
@@ -64,6 +67,12 @@ class MFXKIT_API MfxXMLNode {
     // empty tag. For loops over thousands of records: nothing is allocated.
     std::optional<MfxXMLNode> FindChild(const CString& strTag) const;
     std::optional<MfxXMLNode> FindNext(const CString& strTag) const;
+
+    // Calls visit(child) for every child element with that tag, in document order.
+    template <class Visit>
+    void ForEachChild(const CString& strTag, Visit visit) const {
+        for (auto child = FindChild(strTag); child; child = child->FindNext(strTag)) visit(*child);
+    }
 
     // Elements with that tag anywhere in this one, in document order.
     std::vector<MfxXMLNode> FindDescendants(const CString& strTag) const;

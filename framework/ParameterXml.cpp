@@ -36,21 +36,22 @@ void DropUselessValues(CMfxParamStorage& storage) {
 }
 
 void WriteIdentity(xml_node element, const CMfxParamStorage& storage) {
-    AppendAttribute(element, L"Name", storage.m_strName);
-    AppendAttribute(element, L"Type", FormatInteger(storage.m_nParamId));
-    AppendAttribute(element, L"Status", storage.m_bStatus ? L"1" : L"0");
+    AppendAttribute(element, kNameAttribute, storage.m_strName);
+    AppendAttribute(element, kTypeAttribute, FormatInteger(storage.m_nParamId));
+    AppendAttribute(element, kStatusAttribute, storage.m_bStatus ? L"1" : L"0");
 }
 
 void WriteOperator(xml_node element, const CMfxParamStorage& storage) {
-    AppendTextChild(element, L"Operator", FormatInteger(storage.m_operator));
+    AppendTextChild(element, kOperatorTag, FormatInteger(storage.m_operator));
     for (const std::int32_t nOption : storage.m_operatorOptions)
-        AppendTextChild(element, L"OperatorOption", FormatInteger(nOption));
+        AppendTextChild(element, kOperatorOptionTag, FormatInteger(nOption));
 }
 
 // Name of a table cell's attribute: "Attribute1" for the first.
 class CellName {
   public:
     explicit CellName(std::size_t nCell) {
+        std::copy_n(kCellAttributePrefix, kPrefixLength, m_szName);
         char digits[24];
         const char* pEnd = std::to_chars(digits, digits + sizeof digits, nCell + 1).ptr;
         std::copy(const_cast<const char*>(digits), pEnd, m_szName + kPrefixLength);
@@ -58,14 +59,14 @@ class CellName {
     operator const wchar_t*() const { return m_szName; }
 
   private:
-    static constexpr std::size_t kPrefixLength = 9;
-    wchar_t m_szName[kPrefixLength + 24] = L"Attribute";
+    static constexpr std::size_t kPrefixLength = std::size(kCellAttributePrefix) - 1;
+    wchar_t m_szName[kPrefixLength + 24] = {};
 };
 
 // A row without cells is not written.
 void WriteTableRow(xml_node element, const MfxTableRow& row) {
     if (row.cells.empty()) return;
-    xml_node value = element.append_child(L"Value");
+    xml_node value = element.append_child(kValueTag);
     for (std::size_t i = 0; i < row.cells.size(); ++i) AppendAttribute(value, CellName(i), row.cells[i]);
 }
 
@@ -75,18 +76,18 @@ void WriteValues(xml_node element, const CMfxParamStorage& storage) {
         if (storage.m_paramType == ParamTable)
             WriteTableRow(element, ToRow(value));
         else
-            AppendTextChild(element, L"Value", ToText(value));
+            AppendTextChild(element, kValueTag, ToText(value));
     }
 }
 
-const wchar_t* SeverityTag(int nSeverity) {
+const CString& SeverityTag(int nSeverity) {
     switch (nSeverity) {
         case SeverityWarning:
-            return L"Warning";
+            return kWarningTag;
         case SeverityInfo:
-            return L"Info";
+            return kInfoTag;
         default:
-            return L"Unknown";
+            return kUnknownTag;
     }
 }
 
@@ -94,18 +95,18 @@ void WriteSeverityMap(xml_node criteria, const wchar_t* pszTag, const MfxSeverit
     xml_node entries = criteria.append_child(pszTag);
     for (const auto& [nSeverity, deviation] : map) {
         xml_node entry = entries.append_child(SeverityTag(nSeverity));
-        AppendTextChild(entry, L"Value", FormatSixDecimals(deviation.first));
-        if (deviation.second > 0.0) AppendTextChild(entry, L"Value", FormatSixDecimals(deviation.second));
+        AppendTextChild(entry, kValueTag, FormatSixDecimals(deviation.first));
+        if (deviation.second > 0.0) AppendTextChild(entry, kValueTag, FormatSixDecimals(deviation.second));
     }
 }
 
 void WriteResultCriteria(xml_node element, const CMfxParamStorage& storage) {
-    xml_node criteria = element.append_child(L"ResultCriteria");
-    AppendAttribute(criteria, L"Status", storage.m_bCriteriaStatus ? L"1" : L"0");
-    AppendAttribute(criteria, L"CriteriaType", FormatInteger(storage.m_nCriteriaType));
-    WriteSeverityMap(criteria, L"PercentDeviation", storage.m_percentDeviation);
-    WriteSeverityMap(criteria, L"AbsoluteDeviation", storage.m_absoluteDeviation);
-    WriteSeverityMap(criteria, L"AbsoluteValue", storage.m_absoluteValue);
+    xml_node criteria = element.append_child(kCriteriaTag);
+    AppendAttribute(criteria, kStatusAttribute, storage.m_bCriteriaStatus ? L"1" : L"0");
+    AppendAttribute(criteria, kCriteriaTypeAttribute, FormatInteger(storage.m_nCriteriaType));
+    WriteSeverityMap(criteria, kPercentDeviationTag, storage.m_percentDeviation);
+    WriteSeverityMap(criteria, kAbsoluteDeviationTag, storage.m_absoluteDeviation);
+    WriteSeverityMap(criteria, kAbsoluteValueTag, storage.m_absoluteValue);
 }
 
 template <class T>
@@ -117,10 +118,10 @@ MfxXMLNode* WriteParameter(CMfxParamStorage& storage) {
     const xml_node element = Access::Element(*pElement);
     WriteIdentity(element, storage);
     WriteOperator(element, storage);
-    AppendTextChild(element, L"ParameterType", FormatInteger(storage.m_paramType));
+    AppendTextChild(element, kParameterTypeTag, FormatInteger(storage.m_paramType));
     WriteValues<T>(element, storage);
     WriteResultCriteria(element, storage);
-    AppendTextChild(element, L"Remarks", storage.m_strRemarks);
+    AppendTextChild(element, kRemarksTag, storage.m_strRemarks);
     return pElement.release();
 }
 
@@ -134,7 +135,7 @@ std::int32_t ToNumber(const CString& strText) {
 }
 
 std::int32_t IdOf(xml_node element) {
-    return ToNumber(element.attribute(L"Type").value());
+    return ToNumber(element.attribute(kTypeAttribute).value());
 }
 
 xml_node FindElement(xml_node parent, std::int32_t nParamId) {
@@ -145,13 +146,13 @@ xml_node FindElement(xml_node parent, std::int32_t nParamId) {
 
 void ReadOperatorOptions(xml_node element, CMfxParamStorage& storage) {
     storage.m_operatorOptions.RemoveAll();
-    for (const xml_node option : element.children(L"OperatorOption"))
+    for (const xml_node option : element.children(kOperatorOptionTag))
         storage.m_operatorOptions.Add(ToNumber(mfx_xml::TextOf(option)));
 }
 
 // Only "0" switches a parameter off: records without the attribute, or with a word in it, mean an active one.
 void ReadStatus(xml_node element, CMfxParamStorage& storage) {
-    storage.m_bStatus = wcscmp(element.attribute(L"Status").value(), L"0") != 0;
+    storage.m_bStatus = wcscmp(element.attribute(kStatusAttribute).value(), L"0") != 0;
 }
 
 // The cells up to the first number that is missing.
@@ -168,7 +169,7 @@ template <class T>
 void ReadValues(xml_node element, CMfxParamStorage& storage) {
     MfxArray<T>& values = storage.GetValues<T>();
     values.RemoveAll();
-    for (const xml_node child : element.children(L"Value")) {
+    for (const xml_node child : element.children(kValueTag)) {
         T value{};
         if (storage.m_paramType == ParamTable)
             FromRow(ReadTableRow(child), value);
@@ -179,16 +180,16 @@ void ReadValues(xml_node element, CMfxParamStorage& storage) {
 }
 
 int SeverityOfTag(const wchar_t* pszTag) {
-    if (wcscmp(pszTag, SeverityTag(SeverityWarning)) == 0) return SeverityWarning;
-    return wcscmp(pszTag, SeverityTag(SeverityInfo)) == 0 ? SeverityInfo : SeverityUnknown;
+    if (SeverityTag(SeverityWarning) == pszTag) return SeverityWarning;
+    return SeverityTag(SeverityInfo) == pszTag ? SeverityInfo : SeverityUnknown;
 }
 
 // An entry's numbers that are missing or no numbers are 0.
 MfxDeviation ReadDeviation(xml_node entry) {
-    const xml_node first = entry.child(L"Value");
+    const xml_node first = entry.child(kValueTag);
     MfxDeviation deviation;
     ParseReal(mfx_xml::TextOf(first), deviation.first);
-    ParseReal(mfx_xml::TextOf(first.next_sibling(L"Value")), deviation.second);
+    ParseReal(mfx_xml::TextOf(first.next_sibling(kValueTag)), deviation.second);
     return deviation;
 }
 
@@ -201,17 +202,17 @@ void ReadSeverityMap(xml_node entries, MfxSeverityMap& map) {
 
 // Without the element the criteria stay as they are; an attribute that is missing means off and type 0.
 void ReadResultCriteria(xml_node element, CMfxParamStorage& storage) {
-    const xml_node criteria = element.child(L"ResultCriteria");
+    const xml_node criteria = element.child(kCriteriaTag);
     if (!criteria) return;
-    storage.m_bCriteriaStatus = wcscmp(criteria.attribute(L"Status").value(), L"1") == 0;
-    storage.m_nCriteriaType = ToNumber(criteria.attribute(L"CriteriaType").value());
-    ReadSeverityMap(criteria.child(L"PercentDeviation"), storage.m_percentDeviation);
-    ReadSeverityMap(criteria.child(L"AbsoluteDeviation"), storage.m_absoluteDeviation);
-    ReadSeverityMap(criteria.child(L"AbsoluteValue"), storage.m_absoluteValue);
+    storage.m_bCriteriaStatus = wcscmp(criteria.attribute(kStatusAttribute).value(), L"1") == 0;
+    storage.m_nCriteriaType = ToNumber(criteria.attribute(kCriteriaTypeAttribute).value());
+    ReadSeverityMap(criteria.child(kPercentDeviationTag), storage.m_percentDeviation);
+    ReadSeverityMap(criteria.child(kAbsoluteDeviationTag), storage.m_absoluteDeviation);
+    ReadSeverityMap(criteria.child(kAbsoluteValueTag), storage.m_absoluteValue);
 }
 
 void ReadRemarks(xml_node element, CMfxParamStorage& storage) {
-    if (const xml_node remarks = element.child(L"Remarks")) storage.m_strRemarks = mfx_xml::TextOf(remarks);
+    if (const xml_node remarks = element.child(kRemarksTag)) storage.m_strRemarks = mfx_xml::TextOf(remarks);
 }
 
 // The name is not read: it is the label in the user's language, which the parameter's creator set.
@@ -220,10 +221,10 @@ void ReadParameter(CMfxParamStorage& storage, const MfxXMLNode* pParent) {
     const xml_node element =
         pParent ? FindElement(Access::Element(*pParent), storage.m_nParamId) : xml_node();
     if (!element) return;
-    storage.m_operator = static_cast<MfxOperator_e>(ToNumber(mfx_xml::TextOf(element.child(L"Operator"))));
+    storage.m_operator = static_cast<MfxOperator_e>(ToNumber(mfx_xml::TextOf(element.child(kOperatorTag))));
     ReadOperatorOptions(element, storage);
     storage.m_paramType =
-        static_cast<MfxParamType_e>(ToNumber(mfx_xml::TextOf(element.child(L"ParameterType"))));
+        static_cast<MfxParamType_e>(ToNumber(mfx_xml::TextOf(element.child(kParameterTypeTag))));
     ReadStatus(element, storage);
     ReadValues<T>(element, storage);
     ReadResultCriteria(element, storage);

@@ -22,13 +22,9 @@
 #include "MfxKitExport.h"
 #include "MfxParamStorage.h"
 #include "MfxXMLNode.h"
+#include "RecordNames.h"
 
 #include <memory>
-
-// Tags of the elements that rules look for in their records. Strings, as the node operations take them:
-// records are read by the thousand.
-inline const CString kParameterTag = L"Parameter";
-inline const CString kConstraintTag = L"Constraint";
 
 // Writer and reader of the parameters of one value type.
 struct ParameterSerializer {

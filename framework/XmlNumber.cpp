@@ -84,6 +84,14 @@ CString FormatSixDecimals(double value) {
     return FromAscii(text, result.ptr);
 }
 
+CString FormatTrimmed(double value) {
+    CString text = FormatSixDecimals(value);
+    if (!std::isfinite(value)) return text;
+    text.TrimRight(L'0');
+    text.TrimRight(L'.');
+    return text;
+}
+
 CString FormatInteger(std::int64_t value) {
     char text[24];
     const auto result = std::to_chars(text, text + sizeof text, value);

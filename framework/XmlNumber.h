@@ -13,6 +13,9 @@ MFXKIT_API CString FormatShortest(double value);
 // Six decimals, as "%f": 2.5 gives "2.500000".
 MFXKIT_API CString FormatSixDecimals(double value);
 
+// At most six decimals, without zeros at the end: 2.5 gives "2.5", 3 gives "3".
+MFXKIT_API CString FormatTrimmed(double value);
+
 MFXKIT_API CString FormatInteger(std::int64_t value);
 
 // Reads a number from the start of the text, after blanks; what follows it is ignored.

@@ -1,6 +1,7 @@
 #include "MFXVariableDraftRuleListCtrl.h"
 
 #include "NumberText.h"
+#include "RuleParameters.h"
 #include "SandCastingRulesApp.h"
 #include "resource.h"
 
@@ -11,7 +12,6 @@ namespace {
 constexpr int kBlankWidth = 12;
 constexpr int kFirstCol = 1;
 constexpr int kLastCol = 5;
-constexpr wchar_t kDefault[] = L"Default";
 
 }  // namespace
 
@@ -38,7 +38,7 @@ void CMFXVariableDraftRuleListCtrl::HandleKeyDown(MSG* pMsg, BOOL* pbHandled) {
 }
 
 BOOL CMFXVariableDraftRuleListCtrl::IsNotDefaultText(const CString& strText) const {
-    return strText != LoadLocalizedString(IDS_DEFAULT) && strText != kDefault;
+    return strText != LoadLocalizedString(IDS_DEFAULT) && strText != kDefaultGroup;
 }
 
 BOOL CMFXVariableDraftRuleListCtrl::IsNonNegativeText(const CString& strText) const {

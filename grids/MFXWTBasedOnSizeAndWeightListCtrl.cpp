@@ -1,13 +1,13 @@
 #include "MFXWTBasedOnSizeAndWeightListCtrl.h"
 
 #include "NumberText.h"
+#include "RuleParameters.h"
 #include "SandCastingRulesApp.h"
 #include "resource.h"
 
 namespace {
 
 constexpr int kGroupCol = 0;
-constexpr wchar_t kDefaultGroup[] = L"Default";
 
 }  // namespace
 

@@ -1,91 +1,110 @@
-#include "CheckCommand.h"
-
-#include "JsonOutput.h"
-#include "RecordCheck.h"
-#include "RuleCheck.h"
-#include "RuleDocument.h"
+#include "Commands.h"
+#include "Console.h"
+#include "DocumentCheck.h"
+#include "DocumentOutput.h"
 #include "Text.h"
 
 #include <algorithm>
+#include <memory>
 
 namespace {
 
-std::vector<Finding> FindAll(const RuleDocument& document, Severity least) {
-    std::vector<Finding> findings = CheckRecords(document);
-    std::ranges::move(CheckRules(document, findings), std::back_inserter(findings));
-    std::erase_if(findings, [least](const Finding& finding) { return finding.severity < least; });
-    SortByLine(findings);
-    return findings;
+struct CheckOptions {
+    std::vector<std::string> files;
+    std::string severity = SeverityName(Severity::Hint);  // the least that is reported
+    bool isJson = false;
+};
+
+// What is known of one file after its check.
+struct FileReport {
+    std::string file;
+    std::string unreadable = {};  // why it could not be read; empty when it could
+    std::unique_ptr<RuleDocument> document = nullptr;
+    std::ptrdiff_t rules = 0;  // those of the module
+    std::vector<Finding> findings = {};
+};
+
+bool IsReported(const Finding& finding, const std::string& least) {
+    for (const Severity severity : {Severity::Hint, Severity::Warning, Severity::Error})
+        if (SeverityName(severity) == least) return finding.Kind().severity >= severity;
+    return true;
+}
+
+FileReport CheckFile(const RuleModule& module, const std::string& file, const std::string& least) {
+    FileReport report{.file = file};
+    try {
+        report.document = std::make_unique<RuleDocument>(module, FromUtf8(file), PrintReadingProgress);
+    } catch (const DocumentError& error) {
+        if (error.GetKind() != DocumentError::Kind::Unreadable) throw;
+        report.unreadable = error.what();
+        return report;
+    }
+    report.rules = std::ranges::count_if(report.document->GetEntries(),
+                                         [](const auto& entry) { return entry.rule != nullptr; });
+    report.findings = CheckDocument(*report.document);
+    std::erase_if(report.findings, [&](const Finding& finding) { return !IsReported(finding, least); });
+    return report;
 }
 
 void PrintReport(const FileReport& report) {
-    if (report.unreadable.empty())
-        Print(FormatReport(report));
-    else
+    if (!report.document) {
         PrintError("mfxhost: " + Escaped(report.unreadable) + "\n");
+        return;
+    }
+    std::string text;
+    for (const Finding& finding : report.findings)
+        text += report.file + ":" + std::to_string(finding.line) + ": " +
+                SeverityName(finding.Kind().severity) + ": " + Escaped(DescribeFinding(finding)) + "\n";
+    if (report.rules == 0) text += report.file + ": there is no rule to check\n";
+    Print(text);
 }
 
-Json FindingToJson(const Finding& finding) {
-    Json json{{"severity", SeverityName(finding.severity)}, {"line", finding.nLine}, {"rule", finding.rule}};
-    json["ruleId"] = finding.nRuleId ? Json(finding.nRuleId) : Json(nullptr);
-    json["parameter"] = finding.nParamId ? Json(finding.nParamId) : Json(nullptr);
-    json["text"] = finding.text;
-    return json;
-}
-
-Json ToJson(const FileReport& report) {
+Json ReportToJson(const FileReport& report) {
     Json json{{"file", report.file}};
-    if (!report.unreadable.empty()) {
+    if (!report.document) {
         json["unreadable"] = report.unreadable;
         return json;
     }
-    json["units"] = UnitsToJson(report.units);
-    json["rulesChecked"] = report.nRules;
+    json["units"] = UnitsToJson(report.document->GetUnits());
+    json["rulesChecked"] = report.rules;
     json["findings"] = ToArray(report.findings, FindingToJson);
     return json;
 }
 
-}  // namespace
-
-FileReport CheckFile(const CString& strFile, const RuleModule& module, Severity least) {
-    FileReport report;
-    report.file = ToUtf8(strFile);
-    try {
-        const RuleDocument document(strFile, module);
-        report.units = document.GetUnits();
-        for (const RuleDocument::Entry& entry : document.GetEntries()) report.nRules += entry.pRule ? 1 : 0;
-        report.findings = FindAll(document, least);
-    } catch (const HostError& error) {
-        if (error.Code() != ExitCode::UnreadableInput) throw;
-        report.unreadable = error.what();
-    }
-    return report;
-}
-
-std::string FormatReport(const FileReport& report) {
-    std::string text;
-    for (const Finding& finding : report.findings)
-        text += report.file + ":" + std::to_string(finding.nLine) + ": " + SeverityName(finding.severity) +
-                ": " + FormatFinding(finding) + "\n";
-    if (report.nRules == 0) text += report.file + ": there is no rule to check\n";
-    return text;
-}
-
-ExitCode CheckDocuments(const RuleModule& module, const CheckOptions& options) {
+// Every file is checked, whatever is wrong with the others. UnreadableInput when a file could not be read,
+// otherwise Findings when something was found or a file has no rule to check.
+ExitCode CheckFiles(const RuleModule& module, const CheckOptions& options) {
     constexpr int kJsonVersion = 1;
     Json json{{"version", kJsonVersion}, {"files", Json::array()}};
-    bool bUnreadable = false, bFound = false;
+    const std::string least = CLI::detail::to_lower(options.severity);
+    bool isUnreadable = false, isFound = false;
     for (std::size_t i = 0; i < options.files.size(); ++i) {
-        const FileReport report = CheckFile(options.files[i], module, options.severity);
-        if (options.bJson)
-            json["files"].push_back(ToJson(report));
+        const FileReport report = CheckFile(module, options.files[i], least);
+        if (options.isJson)
+            json["files"].push_back(ReportToJson(report));
         else
             PrintReport(report);
-        bUnreadable = bUnreadable || !report.unreadable.empty();
-        bFound = bFound || !report.findings.empty() || report.nRules == 0;
+        isUnreadable = isUnreadable || !report.document;
+        isFound = isFound || !report.findings.empty() || report.rules == 0;
         PrintProgress(i + 1, options.files.size(), "file");
     }
-    if (options.bJson) PrintJson(json);
-    if (bUnreadable) return ExitCode::UnreadableInput;
-    return bFound ? ExitCode::Findings : ExitCode::Done;
+    if (options.isJson) PrintJson(json);
+    if (isUnreadable) return ExitCode::UnreadableInput;
+    return isFound ? ExitCode::Findings : ExitCode::Done;
+}
+
+}  // namespace
+
+void AddCheck(CommandLine& commandLine) {
+    const auto options = std::make_shared<CheckOptions>();
+    CLI::App& command =
+        commandLine.Add("check", "Report what is wrong or unusual in rule documents",
+                        [options](const RuleModule& module) { return CheckFiles(module, *options); });
+    AddFile(command, "FILE", options->files, "Rule documents to check")->required();
+    command
+        .add_option("--severity", options->severity, "The least that is reported: hint, warning or error")
+        ->type_name("SEVERITY")
+        ->check(CLI::IsMember(std::vector<std::string>{"hint", "warning", "error"}, CLI::ignore_case)
+                    .description(""));
+    command.add_flag("--json", options->isJson, "Print the findings as JSON");
 }

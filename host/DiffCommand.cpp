@@ -1,235 +1,130 @@
-#include "DiffCommand.h"
-
-#include "JsonOutput.h"
-#include "RecordCheck.h"
-#include "RuleDocument.h"
-#include "RuleValues.h"
+#include "Commands.h"
+#include "Comparison.h"
+#include "Console.h"
+#include "DocumentCheck.h"
+#include "DocumentOutput.h"
 #include "Text.h"
 #include "TextTable.h"
-#include "UnitNames.h"
 
 #include <algorithm>
-#include <map>
-#include <optional>
-#include <set>
-#include <tuple>
+#include <memory>
 
 namespace {
 
-// A place where two documents differ: a value, or a whole constraint or rule. What one side does not have is
-// nothing.
-struct Difference {
-    std::string rule;
-    int nRuleId = 0;
-    std::string constraint;
-    std::string label;
-    int nRow = 0;
-    std::optional<RuleValue> left;
-    std::optional<RuleValue> right;
+struct DiffOptions {
+    std::string left;
+    std::string right;             // empty with withDefaults
+    bool withDefaults = false;     // compares the defaults of the left document's rules with it
+    bool isJson = false;
 };
 
-// A rule's values in the units in which both sides are shown.
-struct RuleContent {
-    std::string name;
-    int nRuleId = 0;  // 0 of a record that the module does not know
-    std::vector<RuleValue> values;
-};
-
-RuleContent ContentOf(const CMfxRule& rule, const UnitPair& from, const UnitPair& to) {
-    RuleContent content{ToUtf8(rule.m_strDisplayName), rule.GetRuleId(), ListRuleValues(rule)};
-    for (RuleValue& value : content.values) value = InUnits(std::move(value), from, to);
-    return content;
-}
-
-// The texts of a record that the module does not know, each at its path: "Parameter (2)/Value".
-void ListTexts(const MfxXMLNode& element, const std::string& path, std::vector<RuleValue>& values) {
-    const auto add = [&](const std::string& label, const CString& strText) {
-        if (!strText.IsEmpty()) values.push_back({"", label, 0, "", ToUtf8(strText)});
-    };
-    add(path, element.GetNodeValue().Trim());
-    const std::string prefix = path.empty() ? "" : path + "/";
-    CString strValue;
-    for (const CString& strName : element.GetAttributeNames())
-        if (element.GetAttributeValue(strName, strValue)) add(prefix + ToUtf8(strName), strValue);
-    std::map<std::string, int> counts;
-    for (auto child = element.FindChild(CString()); child; child = child->FindNext(CString())) {
-        const std::string tag = ToUtf8(child->GetNodeName());
-        const int nCount = ++counts[tag];
-        ListTexts(*child, prefix + tag + (nCount > 1 ? " (" + std::to_string(nCount) + ")" : ""), values);
-    }
-}
-
-RuleContent ContentOf(const MfxXMLNode& unknownRecord) {
-    RuleContent content;
-    ListTexts(unknownRecord, "", content.values);
-    const auto name = std::ranges::find(content.values, "Name", &RuleValue::label);
-    if (name != content.values.end()) content.name = FormatRuleValue(*name);
-    return content;
-}
-
-// The rules of a document, then the records that the module does not know.
-std::vector<RuleContent> ContentsOf(const RuleDocument& document, const UnitPair& to) {
-    std::vector<RuleContent> contents;
-    for (const RuleDocument::Entry& entry : document.GetEntries())
-        contents.push_back(entry.pRule ? ContentOf(*entry.pRule, document.GetUnits(), to)
-                                       : ContentOf(*entry.pRecord));
-    return contents;
-}
-
-// A fresh rule for every rule of the document, in its order.
-std::vector<RuleContent> DefaultsFor(const RuleDocument& document, const RuleModule& module,
-                                     const UnitPair& to) {
-    const std::vector<RulePtr> fresh = module.CreateAllRules();
-    std::vector<RuleContent> contents;
-    for (const RuleDocument::Entry& entry : document.GetEntries())
-        for (const RulePtr& pRule : fresh)
-            if (entry.pRule && pRule->GetRuleId() == entry.pRule->GetRuleId())
-                contents.push_back(ContentOf(*pRule, UnitPair(), to));
-    return contents;
-}
-
-// Stands for all values of a constraint or a rule that only one side has.
-RuleValue Whole(const std::string& what) {
-    return {"", "", 0, "", what};
-}
-
-// The constraints that only the first rule has; their values are not compared one by one.
-std::set<std::string> ConstraintsOnlyIn(const RuleContent& first, const RuleContent& second) {
-    std::set<std::string> constraints;
-    for (const RuleValue& value : first.values) constraints.insert(value.constraint);
-    for (const RuleValue& value : second.values) constraints.erase(value.constraint);
-    return constraints;
-}
-
-void CompareRules(const RuleContent& left, const RuleContent& right, std::vector<Difference>& differences) {
-    std::set<std::string> whole = ConstraintsOnlyIn(left, right);
-    for (const std::string& constraint : whole)
-        differences.push_back(
-            {left.name, left.nRuleId, constraint, "constraint", 0, Whole("present"), std::nullopt});
-    for (const std::string& constraint : ConstraintsOnlyIn(right, left)) {
-        differences.push_back(
-            {left.name, left.nRuleId, constraint, "constraint", 0, std::nullopt, Whole("present")});
-        whole.insert(constraint);
-    }
-    const PlaceIndex lefts(left.values), rights(right.values);
-    for (const RuleValue& value : left.values) {
-        const RuleValue* pOther = rights.Find(value);
-        if (whole.count(value.constraint) == 0 && !(pOther && IsSameValue(value, *pOther)))
-            differences.push_back({left.name, left.nRuleId, value.constraint, value.label, value.nRow, value,
-                                   pOther ? std::optional(*pOther) : std::nullopt});
-    }
-    for (const RuleValue& value : right.values)
-        if (whole.count(value.constraint) == 0 && !lefts.Find(value))
-            differences.push_back(
-                {left.name, left.nRuleId, value.constraint, value.label, value.nRow, std::nullopt, value});
-}
-
-// Rules are compared with the rule of the same kind and number: the second draft angle rule with the second
-// one.
-std::vector<Difference> Compare(const std::vector<RuleContent>& left, const std::vector<RuleContent>& right) {
-    const auto number = [](const std::vector<RuleContent>& contents) {
-        std::map<std::tuple<int, std::string, int>, const RuleContent*> numbered;
-        std::map<std::pair<int, std::string>, int> counts;
-        for (const RuleContent& content : contents)
-            numbered[{content.nRuleId, content.name, ++counts[{content.nRuleId, content.name}]}] = &content;
-        return numbered;
-    };
-    const auto lefts = number(left), rights = number(right);
+// The two sides as the output names them, and where they differ.
+struct DiffResult {
+    std::string left, right;
     std::vector<Difference> differences;
-    for (const auto& [key, pContent] : lefts) {
-        const auto found = rights.find(key);
-        if (found != rights.end())
-            CompareRules(*pContent, *found->second, differences);
-        else
-            differences.push_back(
-                {pContent->name, pContent->nRuleId, "", "rule", 0, Whole("present"), std::nullopt});
-    }
-    for (const auto& [key, pContent] : rights)
-        if (lefts.count(key) == 0)
-            differences.push_back(
-                {pContent->name, pContent->nRuleId, "", "rule", 0, std::nullopt, Whole("present")});
-    return differences;
-}
+};
 
-std::string PlaceText(const Difference& difference) {
+std::string ValueName(const Difference& difference) {
     return (difference.constraint.empty() ? "" : difference.constraint + ": ") + difference.label +
-           (difference.nRow ? ", row " + std::to_string(difference.nRow) : "");
+           (difference.row ? ", row " + std::to_string(difference.row) : "");
 }
 
-void PrintTable(const std::vector<Difference>& differences, const std::string& left,
-                const std::string& right) {
+void PrintTable(const DiffResult& result) {
     using Align = TextTable::Align;
     TextTable table({Align::Left, Align::Left, Align::Right, Align::Right});
-    table.Add({"rule", "value", left, right});
-    for (const Difference& difference : differences)
-        table.Add({difference.rule, PlaceText(difference),
-                   difference.left ? FormatRuleValue(*difference.left) : "(none)",
-                   difference.right ? FormatRuleValue(*difference.right) : "(none)"});
-    if (!differences.empty()) Print(table.Format(0));
+    table.Add({"rule", "value", result.left, result.right});
+    const auto format = [](const std::optional<RuleValue>& value) {
+        return value ? FormatRuleValue(*value) : "(none)";
+    };
+    for (const Difference& difference : result.differences)
+        table.Add({difference.rule, ValueName(difference), format(difference.left), format(difference.right)});
+    if (!result.differences.empty()) Print(table.Format(0));
 }
 
-Json ToJson(const std::optional<RuleValue>& value) {
+Json ValueToJson(const std::optional<RuleValue>& value) {
     if (!value) return nullptr;
-    if (const double* pNumber = std::get_if<double>(&value->value)) return *pNumber;
+    if (const double* number = std::get_if<double>(&value->content)) return *number;
     return FormatRuleValue(*value);
 }
 
 // A word has no unit, but the number beside it may.
 std::string UnitOf(const Difference& difference) {
-    const bool bLeft = difference.left && !difference.left->unit.empty();
-    return bLeft || !difference.right ? difference.left->unit : difference.right->unit;
+    for (const std::optional<RuleValue>* value : {&difference.left, &difference.right})
+        if (*value && !(*value)->unit.empty()) return (*value)->unit;
+    return {};
 }
 
 Json DifferenceToJson(const Difference& difference) {
     Json json{{"rule", difference.rule},
-              {"ruleId", difference.nRuleId ? Json(difference.nRuleId) : Json(nullptr)}};
+              {"ruleId", difference.ruleId ? Json(difference.ruleId) : Json(nullptr)}};
     json["constraint"] = TextOrNull(difference.constraint);
     json["value"] = difference.label;
-    json["row"] = difference.nRow ? Json(difference.nRow) : Json(nullptr);
+    json["row"] = difference.row ? Json(difference.row) : Json(nullptr);
     json["unit"] = TextOrNull(UnitOf(difference));
-    json["left"] = ToJson(difference.left);
-    json["right"] = ToJson(difference.right);
+    json["left"] = ValueToJson(difference.left);
+    json["right"] = ValueToJson(difference.right);
     return json;
 }
 
-void PrintDifferences(const std::vector<Difference>& differences, const std::string& left,
-                      const std::string& right) {
+void PrintAsJson(const DiffResult& result) {
     constexpr int kJsonVersion = 1;
     PrintJson({{"version", kJsonVersion},
-               {"left", left},
-               {"right", right},
-               {"differences", ToArray(differences, DifferenceToJson)}});
+               {"left", result.left},
+               {"right", result.right},
+               {"differences", ToArray(result.differences, DifferenceToJson)}});
 }
 
-// Names what one side does not read, and returns it without its lines.
-std::vector<std::string> PrintUnread(const RuleDocument* pDocument) {
+// Names what one side ignores, and returns it without its lines.
+std::vector<std::string> PrintIgnored(const RuleDocument& document) {
+    const std::vector<Finding> ignored = FindIgnoredContent(document);
+    PrintFindings(document, ignored);
     std::vector<std::string> texts;
-    if (!pDocument) return texts;
-    const std::vector<Finding> findings = FindUnread(*pDocument);
-    PrintFindings(*pDocument, findings);
-    std::ranges::transform(findings, std::back_inserter(texts), FormatFinding);
+    std::ranges::transform(ignored, std::back_inserter(texts), DescribeFinding);
     return texts;
+}
+
+// Prints the differences; whether there are any.
+bool Report(const DiffResult& result, bool isJson) {
+    if (isJson)
+        PrintAsJson(result);
+    else
+        PrintTable(result);
+    return !result.differences.empty();
+}
+
+bool DiffWithDefaults(const RuleModule& module, const DiffOptions& options) {
+    const RuleDocument document(module, FromUtf8(options.left), PrintReadingProgress);
+    const bool differs =
+        Report({"default", options.left, CompareWithDefaults(document)}, options.isJson);
+    return !PrintIgnored(document).empty() || differs;
+}
+
+bool DiffDocuments(const RuleModule& module, const DiffOptions& options) {
+    const RuleDocument right(module, FromUtf8(options.right), PrintReadingProgress);
+    const RuleDocument left(module, FromUtf8(options.left), PrintReadingProgress);
+    const bool differs =
+        Report({options.left, options.right, CompareDocuments(left, right)}, options.isJson);
+    return PrintIgnored(left) != PrintIgnored(right) || differs;
+}
+
+ExitCode Diff(const RuleModule& module, const DiffOptions& options) {
+    if (options.right.empty() && !options.withDefaults)
+        throw CommandError(ExitCode::WrongUsage, "diff: give a second file, or --defaults");
+    const bool differs =
+        options.withDefaults ? DiffWithDefaults(module, options) : DiffDocuments(module, options);
+    return differs ? ExitCode::Findings : ExitCode::Done;
 }
 
 }  // namespace
 
-ExitCode DiffDocuments(const RuleModule& module, const DiffOptions& options) {
-    const CString& strRight = options.bDefaults ? options.strLeft : options.strRight;
-    const RuleDocument right(strRight, module);
-    const std::unique_ptr<RuleDocument> pLeft =
-        options.bDefaults ? nullptr : std::make_unique<RuleDocument>(options.strLeft, module);
-    const UnitPair units = pLeft ? pLeft->GetUnits() : right.GetUnits();
-
-    const std::vector<RuleContent> rightContents = ContentsOf(right, units);
-    const std::vector<RuleContent> leftContents =
-        pLeft ? ContentsOf(*pLeft, units) : DefaultsFor(right, module, units);
-    const std::vector<Difference> differences = Compare(leftContents, rightContents);
-
-    const std::string leftName = pLeft ? ToUtf8(options.strLeft) : "default";
-    if (options.bJson)
-        PrintDifferences(differences, leftName, ToUtf8(strRight));
-    else
-        PrintTable(differences, leftName, ToUtf8(strRight));
-    const bool bUnreadDiffers = PrintUnread(pLeft.get()) != PrintUnread(&right);
-    return bUnreadDiffers || !differences.empty() ? ExitCode::Findings : ExitCode::Done;
+void AddDiff(CommandLine& commandLine) {
+    const auto options = std::make_shared<DiffOptions>();
+    CLI::App& command =
+        commandLine.Add("diff", "Print where two rule documents differ",
+                        [options](const RuleModule& module) { return Diff(module, *options); });
+    AddFile(command, "A", options->left, "Rule document; its units are those of the output")->required();
+    CLI::Option* const right = AddFile(command, "B", options->right, "Rule document to compare with");
+    command.add_flag("--defaults", options->withDefaults, "Compare A with its rules as they are by default")
+        ->excludes(right);
+    command.add_flag("--json", options->isJson, "Print the differences as JSON");
 }

@@ -1,7 +1,7 @@
 #include "FrameworkLibrary.h"
 
-#include "HostError.h"
-#include "ProgramFolder.h"
+#include "ExitCode.h"
+#include "ModulePath.h"
 #include "Text.h"
 
 #include <afx.h>
@@ -43,12 +43,12 @@ static bool BindDelayedImports(HMODULE hLibrary) {
 #endif
 
 void LoadFrameworkLibrary() {
-    const CString strPath = GetProgramFolder() + L"\\" + CString(kFrameworkFile);
-    const HMODULE hLibrary = LoadLibraryExW(strPath, nullptr, LOAD_WITH_ALTERED_SEARCH_PATH);
+    const CString path = GetModuleFolder(nullptr) + L"\\" + CString(kFrameworkFile);
+    const HMODULE hLibrary = LoadLibraryExW(path, nullptr, LOAD_WITH_ALTERED_SEARCH_PATH);
     if (!hLibrary)
-        throw HostError(ExitCode::Missing, ToUtf8(strPath) + " can't be loaded, install the program again: " +
+        throw CommandError(ExitCode::NotPossible, ToUtf8(path) + " can't be loaded, install the program again: " +
                                                WindowsErrorText(GetLastError()));
     if (!BindDelayedImports(hLibrary))
-        throw HostError(ExitCode::Missing,
-                        ToUtf8(strPath) + " belongs to another version, install the program again");
+        throw CommandError(ExitCode::NotPossible,
+                        ToUtf8(path) + " belongs to another version, install the program again");
 }

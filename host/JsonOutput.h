@@ -1,8 +1,8 @@
 // JSON as the commands print it; docs/ has the schemas.
 #pragma once
 
-#include "Text.h"
-#include "UnitNames.h"
+#include "Console.h"
+#include "Units.h"
 
 #include <nlohmann/json.hpp>
 

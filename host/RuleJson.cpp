@@ -1,19 +1,22 @@
 #include "RuleJson.h"
 
+#include "DocumentOutput.h"
+#include "RecordNames.h"
 #include "RuleParameters.h"
 #include "RuleValues.h"
+#include "Text.h"
 #include "ValueText.h"
 
 namespace {
 
-Json ToJson(const NumberOrWord& content) {
-    if (const double* pNumber = std::get_if<double>(&content)) return *pNumber;
-    if (const std::string* pWord = std::get_if<std::string>(&content)) return *pWord;
+Json ToJson(const ValueContent& content) {
+    if (const double* number = std::get_if<double>(&content)) return *number;
+    if (const std::string* word = std::get_if<std::string>(&content)) return *word;
     return nullptr;
 }
 
-Json ValueToJson(double value, bool bOfBand) {
-    return ToJson(ContentOfNumber(value, bOfBand));
+Json ValueToJson(double value, bool isOfBand) {
+    return ToJson(ContentOfNumber(value, isOfBand));
 }
 template <class T>
 Json ValueToJson(const T& value, bool) {
@@ -60,31 +63,31 @@ Json ToJson(const CMFXConstraint& constraint, const CMfxRule& rule) {
 
 // What the record itself says of a rule is there also when the module does not know the rule.
 Json RuleToJson(const RuleDocument::Entry& entry) {
-    CString strName, strModule;
-    entry.pRecord->GetAttributeValue(L"Name", strName);
-    entry.pRecord->GetAttributeValue(L"Module", strModule);
-    const CMfxRule* pRule = entry.pRule.get();
-    Json json{{"line", entry.nLine}, {"rule", ToUtf8(pRule ? pRule->m_strDisplayName : strName)}};
-    json["ruleId"] = pRule ? Json(pRule->GetRuleId()) : Json(nullptr);
-    json["recognised"] = pRule != nullptr;
-    json["recordName"] = ToUtf8(strName);
-    json["module"] = ToUtf8(strModule);
-    if (!pRule) return json;
-    json["summary"] = ToUtf8(pRule->m_strSummary);
-    json["status"] = pRule->m_nStatus;
-    json["severity"] = pRule->m_nSeverity;
-    json["parameters"] = ToJson(pRule->m_paramArray, *pRule);
-    json["constraints"] = ToArray(pRule->m_constraintArray,
-                                  [&](const auto* pConstraint) { return ToJson(*pConstraint, *pRule); });
+    const CString name = entry.record->GetAttribute(kNameAttribute);
+    const CMfxRule* rule = entry.rule.get();
+    Json json{{"line", entry.line}, {"rule", ToUtf8(rule ? rule->m_strDisplayName : name)}};
+    json["ruleId"] = rule ? Json(rule->GetRuleId()) : Json(nullptr);
+    json["recognised"] = rule != nullptr;
+    json["recordName"] = ToUtf8(name);
+    json["module"] = ToUtf8(entry.record->GetAttribute(kModuleAttribute));
+    if (!rule) return json;
+    json["summary"] = ToUtf8(rule->m_strSummary);
+    json["status"] = rule->m_nStatus;
+    json["severity"] = rule->m_nSeverity;
+    json["parameters"] = ToJson(rule->m_paramArray, *rule);
+    json["constraints"] = ToArray(rule->m_constraintArray,
+                                  [&](const auto* constraint) { return ToJson(*constraint, *rule); });
     return json;
 }
 
 }  // namespace
 
-Json DocumentToJson(const std::string& file, const RuleDocument& document) {
+Json DocumentToJson(const std::string& file, const RuleDocument& document,
+                    const std::vector<Finding>& findings) {
     constexpr int kJsonVersion = 1;
     return {{"version", kJsonVersion},
             {"file", file},
             {"units", UnitsToJson(document.GetUnits())},
-            {"rules", ToArray(document.GetEntries(), RuleToJson)}};
+            {"rules", ToArray(document.GetEntries(), RuleToJson)},
+            {"findings", ToArray(findings, FindingToJson)}};
 }

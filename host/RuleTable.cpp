@@ -17,9 +17,9 @@ bool IsTable(const CMfxParamStorage& storage) {
 }
 
 // A number as the document writes it.
-std::string FormatCell(const MfxTableRow& row, std::size_t nCell) {
-    const NumberOrWord content = ContentOfCell(row, nCell);
-    return std::holds_alternative<double>(content) ? ToUtf8(row.cells[nCell]) : FormatNumberOrWord(content);
+std::string FormatCell(const MfxTableRow& row, std::size_t cell) {
+    const ValueContent content = ContentOfCell(row, cell);
+    return std::holds_alternative<double>(content) ? ToUtf8(row.cells[cell]) : FormatContent(content);
 }
 
 // Values of one parameter, separated by commas; table rows by their number, since they stand in a table of
@@ -51,9 +51,9 @@ std::string Heading(const std::string& name, const std::string& unit) {
 std::string FormatBands(const MfxArray<MfxTableRow>& rows, const CMfxRule& rule) {
     std::vector<std::string> header;
     for (const BandColumn& column : BandColumns(rule)) header.push_back(Heading(column.name, column.unit));
-    std::size_t nColumns = header.size();
-    for (const MfxTableRow& row : rows) nColumns = std::max(nColumns, row.cells.size());
-    TextTable table(std::vector<Align>(nColumns, Align::Right));
+    std::size_t columnCount = header.size();
+    for (const MfxTableRow& row : rows) columnCount = std::max(columnCount, row.cells.size());
+    TextTable table(std::vector<Align>(columnCount, Align::Right));
     table.Add(std::move(header));
     for (const MfxTableRow& row : rows) {
         std::vector<std::string> cells;
@@ -79,16 +79,16 @@ std::string FormatParameters(const CMfxRule& rule) {
 // The numbers of a constraint as rows of cells: element i of each of its lists makes row i.
 std::vector<std::vector<std::string>> ConstraintRows(const CMFXConstraint& constraint) {
     std::vector<std::vector<std::string>> rows(1);
-    for (int nColumn = 0; nColumn < constraint.m_paramArray.GetCount(); ++nColumn) {
-        const CMfxParamStorage& storage = *constraint.m_paramArray[nColumn].m_pStorage;
+    for (int column = 0; column < constraint.m_paramArray.GetCount(); ++column) {
+        const CMfxParamStorage& storage = *constraint.m_paramArray[column].m_pStorage;
         const MfxArray<double>& values = storage.GetValues<double>();
-        const bool bOfBand = IsBandParameter(storage.m_nParamId);
+        const bool isOfBand = IsBandParameter(storage.m_nParamId);
         rows.resize(std::max(rows.size(), static_cast<std::size_t>(values.GetCount())));
         for (std::size_t i = 0; i < rows.size(); ++i) {
-            const int nValue = static_cast<int>(i);
-            rows[i].resize(static_cast<std::size_t>(nColumn), "-");
-            rows[i].push_back(nValue < values.GetCount()
-                                  ? FormatNumberOrWord(ContentOfNumber(values[nValue], bOfBand))
+            const int value = static_cast<int>(i);
+            rows[i].resize(static_cast<std::size_t>(column), "-");
+            rows[i].push_back(value < values.GetCount()
+                                  ? FormatContent(ContentOfNumber(values[value], isOfBand))
                                   : "-");
         }
     }
@@ -106,9 +106,9 @@ std::string FormatConstraints(const CMfxRule& rule) {
     columns[0] = columns[1] = Align::Left;
     TextTable table(columns);
     table.Add(header);
-    for (const CMFXConstraint* pConstraint : rule.m_constraintArray) {
-        std::vector<std::string> cells{ToUtf8(pConstraint->m_strName), pConstraint->m_bActive ? "yes" : "no"};
-        for (const std::vector<std::string>& row : ConstraintRows(*pConstraint)) {
+    for (const CMFXConstraint* constraint : rule.m_constraintArray) {
+        std::vector<std::string> cells{ToUtf8(constraint->m_strName), constraint->m_bActive ? "yes" : "no"};
+        for (const std::vector<std::string>& row : ConstraintRows(*constraint)) {
             cells.insert(cells.end(), row.begin(), row.end());
             table.Add(std::move(cells));
             cells = {"", ""};

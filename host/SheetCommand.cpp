@@ -1,7 +1,7 @@
-#include "SheetCommand.h"
-
+#include "Commands.h"
+#include "Console.h"
+#include "DocumentFile.h"
 #include "FaultText.h"
-#include "File.h"
 #include "JsonOutput.h"
 #include "Text.h"
 #include "TextTable.h"
@@ -9,9 +9,16 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <memory>
 #include <sstream>
 
 namespace {
+
+struct SheetOptions {
+    std::string book;
+    std::string columns = "A,B,C,D,E";  // letters, with commas between them
+    bool isJson = false;
+};
 
 bool IsColumn(const std::wstring& letters) {
     constexpr std::size_t kMostLetters = 3;
@@ -19,21 +26,21 @@ bool IsColumn(const std::wstring& letters) {
            letters.find_first_not_of(L"ABCDEFGHIJKLMNOPQRSTUVWXYZ") == letters.npos;
 }
 
-WorkbookColumns ParseColumns(CString strColumns) {
-    strColumns.MakeUpper();
+WorkbookColumns ParseColumns(CString list) {
+    list.MakeUpper();
     WorkbookColumns columns;
-    std::wistringstream list((strColumns + L",").GetString());  // or an empty end would be lost
-    for (std::wstring letters; std::getline(list, letters, L',');) columns.push_back(letters);
+    std::wistringstream stream((list + L",").GetString());  // or an empty end would be lost
+    for (std::wstring letters; std::getline(stream, letters, L',');) columns.push_back(letters);
     if (columns.front() != L"A" || !std::ranges::all_of(columns, IsColumn))
-        throw HostError(ExitCode::Usage, "--columns: " + Quoted(strColumns) +
+        throw CommandError(ExitCode::WrongUsage, "--columns: " + Quoted(list) +
                                              " is not a list of column letters that begins with A: A,B,C");
     return columns;
 }
 
 // The words of the module or of the .xlsx reader, or else the program's own.
-std::string Reason(WorkbookFault fault, const CString& strReaderError) {
+std::string Reason(WorkbookFault fault, const CString& readerError) {
     if (HasText(fault)) return ToUtf8(LoadFaultText(fault));
-    if (!strReaderError.IsEmpty()) return ToUtf8(strReaderError);
+    if (!readerError.IsEmpty()) return ToUtf8(readerError);
     if (fault == WorkbookFault::ReaderMissing)
         return "the library that reads .xlsx files is missing or damaged; install the program again";
     if (fault == WorkbookFault::CellUnreadable)
@@ -41,19 +48,19 @@ std::string Reason(WorkbookFault fault, const CString& strReaderError) {
     return fault == WorkbookFault::ExcelNotQuit ? "Excel does not end" : "can't be read";
 }
 
-WorkbookTable ReadTable(const CString& strBook, const WorkbookColumns& columns) {
-    const std::string book = ToUtf8(strBook) + ": ";
-    if (IsFolder(strBook)) throw HostError(ExitCode::UnreadableInput, book + "can't be read: it is a folder");
+WorkbookTable ReadTable(const CString& bookPath, const WorkbookColumns& columns) {
+    const std::string book = ToUtf8(bookPath) + ": ";
+    if (IsFolder(bookPath)) throw CommandError(ExitCode::UnreadableInput, book + "can't be read: it is a folder");
     // Excel has a current folder of its own.
-    const CString strPath = std::filesystem::absolute(strBook.GetString()).make_preferred().c_str();
+    const CString path = std::filesystem::absolute(bookPath.GetString()).make_preferred().c_str();
     WorkbookTable table;
-    CString strReaderError;
-    const WorkbookFault fault = ReadWorkbook(strPath, columns, table, strReaderError);
+    CString readerError;
+    const WorkbookFault fault = ReadWorkbook(path, columns, table, readerError);
     if (fault == WorkbookFault::None) return table;
-    const bool bMissing = fault == WorkbookFault::ExcelNotInstalled ||
+    const bool isMissing = fault == WorkbookFault::ExcelNotInstalled ||
                           fault == WorkbookFault::ExcelNotStarted || fault == WorkbookFault::ReaderMissing;
-    throw HostError(bMissing ? ExitCode::Missing : ExitCode::UnreadableInput,
-                    book + Reason(fault, strReaderError));
+    throw CommandError(isMissing ? ExitCode::NotPossible : ExitCode::UnreadableInput,
+                    book + Reason(fault, readerError));
 }
 
 // A very long text is cut, or the table could not be read; --json has all of it.
@@ -65,30 +72,47 @@ void PrintTable(const WorkbookColumns& columns, const WorkbookTable& table) {
     std::vector<std::string> row{""};
     for (const std::wstring& letters : columns) row.push_back(ToUtf8(letters.c_str()));
     text.Add(row);
-    for (std::size_t nRow = 0; nRow < table.front().size(); ++nRow) {
-        row.assign(1, std::to_string(nRow + 1));
-        for (const auto& cells : table) row.push_back(nRow < cells.size() ? Shortened(cells[nRow]) : "");
+    for (std::size_t i = 0; i < table.front().size(); ++i) {
+        row.assign(1, std::to_string(i + 1));
+        for (const auto& cells : table) row.push_back(i < cells.size() ? Shortened(cells[i]) : "");
         text.Add(row);
     }
     Print(text.Format(2));
 }
 
-}  // namespace
-
-ExitCode PrintSheet(const SheetOptions& options) {
-    const WorkbookColumns columns = ParseColumns(options.strColumns);
-    const WorkbookTable table = ReadTable(options.strBook, columns);
-    const std::string book = ToUtf8(options.strBook);
-    if (!options.bJson) {
-        Print(book + ": " + Count(table.front().size(), "row") + "\n");
-        PrintTable(columns, table);
-        return ExitCode::Done;
-    }
+Json SheetToJson(const std::string& book, const WorkbookColumns& columns, const WorkbookTable& table) {
     constexpr int kJsonVersion = 1;
     Json json{{"version", kJsonVersion}, {"file", book}, {"columns", Json::array()}};
     for (std::size_t i = 0; i < columns.size(); ++i)
         json["columns"].push_back(
             {{"column", ToUtf8(columns[i].c_str())}, {"cells", ToArray(table[i], ToUtf8)}});
-    PrintJson(json);
+    return json;
+}
+
+ExitCode PrintSheet(const SheetOptions& options) {
+    const WorkbookColumns columns = ParseColumns(FromUtf8(options.columns));
+    const WorkbookTable table = ReadTable(FromUtf8(options.book), columns);
+    if (options.isJson) {
+        PrintJson(SheetToJson(options.book, columns, table));
+    } else {
+        Print(options.book + ": " + Count(table.front().size(), "row") + "\n");
+        PrintTable(columns, table);
+    }
     return ExitCode::Done;
+}
+
+}  // namespace
+
+void AddSheet(CommandLine& commandLine) {
+    const auto options = std::make_shared<SheetOptions>();
+    CLI::App& command = commandLine.Add("sheet", "Print what an import of a workbook's columns reads",
+                                        [options](const RuleModule&) { return PrintSheet(*options); });
+    AddFile(command, "BOOK", options->book, "Workbook to read; its folder gets a file MFX.log for a moment")
+        ->required();
+    command
+        .add_option("--columns", options->columns,
+                    "Letters of the columns; A, the first, decides how many rows there are")
+        ->type_name("A,B,C")
+        ->capture_default_str();
+    command.add_flag("--json", options->isJson, "Print them as JSON");
 }

@@ -1,5 +1,6 @@
 #include "TextTable.h"
 
+#include "Console.h"
 #include "Text.h"
 
 #include <algorithm>

@@ -1,6 +1,8 @@
 #include "RuleFactory.h"
 
+#include "RecordNames.h"
 #include "RuleHeader.h"
+#include "RuleParameters.h"
 #include "SCVariableDraftAngleRule.h"
 #include "SCWTVariationRule.h"
 #include "SandCastingRulesApp.h"
@@ -61,14 +63,11 @@ void AppendAllRules(MfxRuleArray& rules) {
 }
 
 bool IsRecordOfThisModule(const MfxXMLNode& record) {
-    CString strModule;
-    record.GetAttributeValue(L"Module", strModule);
-    return strModule.CompareNoCase(kModuleName) == 0;
+    return record.GetAttribute(kModuleAttribute).CompareNoCase(kModuleName) == 0;
 }
 
 CMfxRule* CreateRuleForRecord(MfxXMLNode& record) {
-    CString strName;
-    record.GetAttributeValue(L"Name", strName);
+    const CString strName = record.GetAttribute(kNameAttribute);
     for (const FactoryRow& row : kRules) {
         if (strName.CompareNoCase(LoadDefaultLanguageString(row.nNameStringId)) != 0) continue;
         if (RulePtr pRule = CreateRule(row, &record)) return pRule.release();

@@ -1,14 +1,15 @@
 #include "RuleConstraints.h"
-#include "ParameterXml.h"
+
+#include "RecordNames.h"
 
 #include <algorithm>
 #include <memory>
 
 bool ReadConstraintAttributes(const MfxXMLNode& element, ConstraintAttributes& attributes) {
     CString strType;
-    return element.GetAttributeValue(L"Type", strType) &&
-           element.GetAttributeValue(L"Value", attributes.strName) &&
-           element.GetAttributeValue(L"Status", attributes.strStatus);
+    return element.GetAttributeValue(kTypeAttribute, strType) &&
+           element.GetAttributeValue(kConstraintNameAttribute, attributes.strName) &&
+           element.GetAttributeValue(kStatusAttribute, attributes.strStatus);
 }
 
 CMFXConstraint* CreateConstraintWithParameters(CMfxRule& rule, const CString& strName, bool bActive,

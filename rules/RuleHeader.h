@@ -2,9 +2,6 @@
 
 #include "MfxRule.h"
 
-// The name that records of this module's rules carry in "Module".
-inline constexpr wchar_t kModuleName[] = L"MFXSandCastingRulesValidator";
-
 // What every rule of the module sets at construction: name (default language), display name (user's
 // language), module, process, severity 2, status 0, rule id and category. Needs the application object.
 void SetRuleHeader(CMfxRule& rule, UINT nNameStringId, const CString& strProcess, const CString& strModule,

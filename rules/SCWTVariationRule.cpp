@@ -4,10 +4,10 @@
 #include "NumberText.h"
 #include "ParameterXml.h"
 #include "ResourceSwitch.h"
+#include "RuleDialogs.h"
 #include "RuleHeader.h"
 #include "RuleParameters.h"
 #include "RuleRecord.h"
-#include "SCWTVariationDlg.h"
 #include "SandCastingRulesApp.h"
 #include "resource.h"
 
@@ -97,7 +97,7 @@ bool CMFXSCWTVariationRule::AcceptRuleData(const CMfxData*) {
 void CMFXSCWTVariationRule::ConfigureRuleDialog() {
     NoThrow([this] {
         const ResourceSwitch resources;
-        CMFXSCWTVariationDlg(this, nullptr).DoModal();
+        RunVariationDialog(*this);
         UpdateVariationSummary();
     });
 }

@@ -4,6 +4,7 @@
 #include "NoThrow.h"
 #include "NumberText.h"
 #include "ParameterXml.h"
+#include "RecordNames.h"
 #include "ResourceSwitch.h"
 #include "RuleConstraints.h"
 #include "RuleHeader.h"
@@ -46,16 +47,10 @@ std::unique_ptr<MfxXMLNode> FindLastParameter(const MfxXMLNode& record, long nPa
 // Older records switch their material table on by a parameter of its own.
 bool IsOlderTableOn(const MfxXMLNode& record) {
     const std::unique_ptr<MfxXMLNode> pSwitch = FindLastParameter(record, kLegacyMaterialSwitchId);
-    const std::unique_ptr<MfxXMLNode> pValue(pSwitch ? pSwitch->SelectSingleNode(L"Value") : nullptr);
+    const std::unique_ptr<MfxXMLNode> pValue(pSwitch ? pSwitch->SelectSingleNode(kValueTag) : nullptr);
     double value = 0.0;
     if (pValue) pValue->GetNodeValueInDouble(value);
     return std::fabs(value - 1.0) < kTolerance;
-}
-
-CString AttributeOf(const MfxXMLNode& element, const CString& strName) {
-    CString strValue;
-    element.GetAttributeValue(strName, strValue);
-    return strValue;
 }
 
 // Older records keep a switch before the limit: two numbers are switch and limit, three switch and two
@@ -91,7 +86,7 @@ void ConvertLimit(CMfxParamStorage& limit, int nFromUnit, int nToUnit) {
 // documents in use: code 10 reads as 1. Without a parent, or a digit, the code is 0.
 int ReadParentUnit(const MfxXMLNode& record) {
     const std::unique_ptr<MfxXMLNode> pParent(record.GetParentNode());
-    const CString strUnit = pParent ? AttributeOf(*pParent, L"Unit") : CString();
+    const CString strUnit = pParent ? pParent->GetAttribute(kUnitAttribute) : CString();
     std::int32_t nUnit = 0;
     if (IsNumericText(strUnit.Left(1))) ParseInteger(strUnit.Left(1), nUnit);
     return nUnit;
@@ -145,18 +140,18 @@ void CMFXUniformThicknessRule::CreateConstraintsOfOlderTable(const MfxXMLNode& r
     const std::unique_ptr<MfxXMLNode> pTable = FindLastParameter(record, kLegacyMaterialTableId);
     if (!pTable) return;
     const bool bActive = IsOlderTableOn(record);
-    const std::unique_ptr<MfxXMLNodeList> pRows(pTable->GetNodeList(L"Value"));
+    const std::unique_ptr<MfxXMLNodeList> pRows(pTable->GetNodeList(kValueTag));
     for (long i = 0; i < pRows->GetSize(); ++i) {
         const MfxXMLNode& row = *(*pRows)[i];
         const CMFXConstraint* pConstraint = CreateConstraintWithParameters(
-            *this, AttributeOf(row, L"Attribute1"), bActive, kLimitSpecs, bActive);
+            *this, row.GetAttribute(CellAttribute(OlderTableCell::Material)), bActive, kLimitSpecs, bActive);
         if (!pConstraint) continue;
         pConstraint->FindParameterInArray(kThicknessMinId)
             ->GetValues<double>()
-            .SetFirst(ParseDouble(AttributeOf(row, L"Attribute2")));
+            .SetFirst(ParseDouble(row.GetAttribute(CellAttribute(OlderTableCell::Minimum))));
         pConstraint->FindParameterInArray(kThicknessMaxId)
             ->GetValues<double>()
-            .SetFirst(ParseDouble(AttributeOf(row, L"Attribute3")));
+            .SetFirst(ParseDouble(row.GetAttribute(CellAttribute(OlderTableCell::Maximum))));
     }
 }
 

@@ -28,11 +28,6 @@ constexpr UINT kAngleLabels[] = {
 };
 static_assert(std::size(kAngleLabels) == AngleArcMinute + 1);
 
-constexpr UINT kMassLabels[] = {
-    kNoLabel, IDS_MASS_MILLIGRAM, IDS_MASS_GRAM, IDS_MASS_KILOGRAM, IDS_MASS_TONNE, IDS_MASS_POUND,
-};
-static_assert(std::size(kMassLabels) == MassPound + 1);
-
 template <std::size_t Size>
 CString LoadLabel(const UINT (&labels)[Size], int nCode) {
     const bool bHasLabel = nCode >= 0 && nCode < static_cast<int>(Size) && labels[nCode] != kNoLabel;
@@ -47,14 +42,4 @@ CString GetLengthUnitLabel(int nLengthUnit) {
 
 CString GetAngleUnitLabel(int nAngleUnit) {
     return LoadLabel(kAngleLabels, nAngleUnit);
-}
-
-CString GetMassUnitLabel(int nMassUnit) {
-    return LoadLabel(kMassLabels, nMassUnit);
-}
-
-int GetMassUnitCode(const CString& strLabel) {
-    for (int nMassUnit = MassMilligram; nMassUnit <= MassPound; ++nMassUnit)
-        if (!strLabel.IsEmpty() && strLabel == GetMassUnitLabel(nMassUnit)) return nMassUnit;
-    return MassKilogram;
 }

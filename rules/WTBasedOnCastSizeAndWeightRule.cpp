@@ -15,9 +15,6 @@
 
 namespace {
 
-// The group whose limits hold from the start.
-constexpr wchar_t kDefaultGroup[] = L"Default";
-
 constexpr ParameterSpec kBandSpecs[] = {
     {kSizeMinId, OperatorEqual, ParamLimit},    {kSizeMaxId, OperatorAtMost, ParamLimit},
     {kWeightMinId, OperatorAtMost, ParamMass},  {kWeightMaxId, OperatorAtMost, ParamMass},
@@ -26,7 +23,7 @@ constexpr ParameterSpec kBandSpecs[] = {
 
 // The lists that a change of the length unit converts; weights keep their unit.
 constexpr ParameterSpec kLengthSpecs[] = {kBandSpecs[0], kBandSpecs[1], kBandSpecs[4]};
-static_assert(QuantityOfParameter(kLengthSpecs[2].nParamId) == ParameterQuantity::Length);
+static_assert(QuantityOfParameter(kLengthSpecs[2].nParamId) == Quantity::Length);
 
 MfxArray<double>& NumbersOf(const CMFXConstraint& constraint, long nParamId) {
     return constraint.FindParameterInArray(nParamId)->GetValues<double>();

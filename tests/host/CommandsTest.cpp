@@ -75,7 +75,12 @@ TEST_F(HostTest, ShowsADocumentAsJson) {
         R"("parameters": [{"parameter": 29183,"name": "サイズ別抜き勾配","active": true,"columns": [)"
         R"({"name": "from","unit": "mm"},{"name": "to","unit": "mm"},{"name": "angle 1","unit": "deg"},)"
         R"({"name": "angle 2","unit": "deg"},{"name": "angle 3","unit": "deg"}],)"
-        R"("rows": [[0.5,"no limit",null,"1.2.3"]]}],"constraints": []}]})");
+        R"("rows": [[0.5,"no limit",null,"1.2.3"]]}],"constraints": []}],)"
+        R"("findings": [{"key": "foreign-rule","severity": "warning","line": 1,"rule": "Bend",)"
+        R"("ruleId": null,"parameter": null,"text": "a rule of module \"Other\" that is not known here"},)"
+        R"({"key": "number-misread","severity": "error","line": 5,"rule": "可変抜き勾配",)"
+        R"("ruleId": 19040,"parameter": 29183,)"
+        R"("text": "Attribute4: \"1.2.3\" is not a number and reads as 1.2"}]})");
     const std::string metres = m_folder.Read(Wide(MFX_SAMPLES "size-and-weight-metres.xml"));
     EXPECT_THAT(
         show(Replaced(Replaced(metres, ">0.6<", ">1e999<"), "9\" Status=\"1", "9\" Status=\"0")),

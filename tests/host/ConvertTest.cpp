@@ -102,7 +102,7 @@ TEST_F(HostTest, DropsNothingOfOthersWithAnOlderTable) {
         {steel, steel + " by=\"me\"", ":31: Uniform Wall Thickness: parameter 10070, by: it would be lost"},
         {steel, "<Note>n</Note>" + steel, ":31: Uniform Wall Thickness: parameter 10070, Note: it would"},
         {last, Replaced(last, " />", ">r</Remarks>"), "parameter 10071, Remarks: it would be lost"},
-        {"Type=\"10071\"", "Type=\"10070\"", "parameter 10070, it stands here again; only the last"},
+        {"Type=\"10071\"", "Type=\"10070\"", "parameter 10070, it is repeated; only the last"},
     };
     for (const auto& [part, by, finding] : kCases) {
         SCOPED_TRACE(by);

@@ -1,0 +1,183 @@
+#include "RuleValues.h"
+
+#include "DraftTableCheck.h"
+#include "Text.h"
+#include "ValueText.h"
+
+#include <algorithm>
+#include <cmath>
+#include <iterator>
+
+namespace {
+
+constexpr double kHalfOfSixthDecimal = 0.5e-6;
+
+constexpr const char* kBandColumnNames[] = {"from", "to", "angle 1", "angle 2", "angle 3"};
+static_assert(std::size(kBandColumnNames) == DraftCell::Count);
+
+class ValueLister {
+  public:
+    explicit ValueLister(const CMfxRule& rule) : m_rule(rule), m_units(UnitsOf(rule)) {}
+
+    std::vector<RuleValue> List() {
+        AddWord("status", std::to_string(m_rule.m_nStatus));
+        AddWord("severity", std::to_string(m_rule.m_nSeverity));
+        AddParameters(m_rule.m_paramArray);
+        for (const CMFXConstraint* constraint : m_rule.m_constraintArray) {
+            m_constraint = NumberedName(*constraint);
+            ++m_location.constraint;
+            AddWord("active", constraint->m_bActive ? "yes" : "no");
+            AddParameters(constraint->m_paramArray);
+        }
+        return std::move(m_values);
+    }
+
+  private:
+    // The constraint's name, numbered where an earlier one has it too.
+    std::string NumberedName(const CMFXConstraint& constraint) {
+        const std::string name =
+            constraint.m_strName.IsEmpty() ? "(without a name)" : ToUtf8(constraint.m_strName);
+        const int count = ++m_constraintCounts[name];
+        return count > 1 ? name + " (" + std::to_string(count) + ")" : name;
+    }
+
+    RuleValue& Add(const std::string& label, ValueContent content) {
+        return m_values.emplace_back(RuleValue{.constraint = m_constraint,
+                                               .label = label,
+                                               .content = std::move(content),
+                                               .location = m_location});
+    }
+
+    void AddWord(const std::string& label, const std::string& word, int row = 0) {
+        Add(label, word).row = row;
+    }
+
+    void AddNumber(const std::string& label, int row, Quantity quantity, ValueContent content,
+                   double roundingError) {
+        RuleValue& value = Add(label, std::move(content));
+        value.row = row;
+        value.quantity = quantity;
+        value.roundingError = roundingError;
+        if (std::holds_alternative<double>(value.content)) value.unit = UnitSymbol(quantity, m_units);
+    }
+
+    void AddParameters(const MfxParamArray& params) {
+        for (const MfxParamRecord& record : params) {
+            m_location.paramId = record.m_pStorage->m_nParamId;
+            AddParameter(*record.m_pStorage, ToUtf8(record.m_pStorage->m_strName));
+        }
+        m_location.paramId = 0;
+    }
+
+    void AddParameter(const CMfxParamStorage& storage, const std::string& label) {
+        AddWord(label + ", active", storage.m_bStatus ? "yes" : "no");
+        if (storage.GetType() == TypeDouble)
+            AddNumbers(storage, label);
+        else if (storage.GetType() == TypeTableRow)
+            AddBands(storage.GetValues<MfxTableRow>());
+        else
+            std::visit([&](const auto& values) { AddTexts(values, label); }, storage.m_values);
+        AddDeviations(storage.m_percentDeviation, label + ", percent deviation");
+        AddDeviations(storage.m_absoluteDeviation, label + ", absolute deviation");
+        AddDeviations(storage.m_absoluteValue, label + ", absolute value");
+    }
+
+    void AddNumbers(const CMfxParamStorage& storage, const std::string& label) {
+        const MfxArray<double>& values = storage.GetValues<double>();
+        const bool isNumbered = values.GetCount() > 1 || !m_constraint.empty();
+        for (int i = 0; i < values.GetCount(); ++i)
+            AddNumber(label, isNumbered ? i + 1 : 0, QuantityOfParameter(storage.m_nParamId),
+                      ContentOfNumber(values[i], IsBandParameter(storage.m_nParamId)), 0.0);
+    }
+
+    void AddBands(const MfxArray<MfxTableRow>& rows) {
+        for (int i = 0; i < rows.GetCount(); ++i) {
+            m_location.row = i + 1;
+            const std::size_t cells = std::min<std::size_t>(rows[i].cells.size(), DraftCell::Count);
+            for (std::size_t cell = 0; cell < cells; ++cell)
+                AddNumber(kBandColumnNames[cell], i + 1, QuantityOfDraftCell(cell),
+                          ContentOfCell(rows[i], cell), kHalfOfSixthDecimal);
+        }
+        m_location.row = 0;
+    }
+
+    template <class Values>
+    void AddTexts(const Values& values, const std::string& label) {
+        for (int i = 0; i < values.GetCount(); ++i)
+            AddWord(label, ToUtf8(ToText(values[i])), values.GetCount() > 1 ? i + 1 : 0);
+    }
+
+    // Of the result criteria; a second number of 0 or less is not given.
+    void AddDeviations(const MfxSeverityMap& map, const std::string& label) {
+        int row = 0;
+        for (const auto& [severityCode, deviation] : map) {
+            const std::string severity = severityCode == SeverityWarning ? "warning"
+                                         : severityCode == SeverityInfo  ? "info"
+                                                                         : "unknown";
+            const std::string entry = label + ", " + severity;
+            AddNumber(entry, ++row, Quantity::None, deviation.first, kHalfOfSixthDecimal);
+            if (deviation.second > 0.0)
+                AddNumber(entry + ", second", row, Quantity::None, deviation.second, kHalfOfSixthDecimal);
+        }
+    }
+
+    const CMfxRule& m_rule;
+    const RuleUnits m_units;
+    std::string m_constraint;   // the one being listed
+    RecordLocation m_location;  // of the value being listed
+    std::map<std::string, int> m_constraintCounts;
+    std::vector<RuleValue> m_values;
+};
+
+}  // namespace
+
+std::vector<RuleValue> ListRuleValues(const CMfxRule& rule) {
+    return ValueLister(rule).List();
+}
+
+RuleValue ConvertValue(RuleValue value, const RuleUnits& from, const RuleUnits& to) {
+    double* number = std::get_if<double>(&value.content);
+    if (!number) return value;
+    *number = ConvertNumber(*number, value.quantity, from, to);
+    value.roundingError = ConvertNumber(value.roundingError, value.quantity, from, to);
+    value.unit = UnitSymbol(value.quantity, to);
+    return value;
+}
+
+RuleValueIndex::RuleValueIndex(const std::vector<RuleValue>& values) {
+    for (const RuleValue& value : values) m_values.emplace(KeyOf(value), &value);
+}
+
+const RuleValue* RuleValueIndex::FindCounterpart(const RuleValue& value) const {
+    const auto found = m_values.find(KeyOf(value));
+    return found != m_values.end() ? found->second : nullptr;
+}
+
+std::string FormatRuleValue(const RuleValue& value, int digits) {
+    return FormatContent(value.content, digits) + (value.unit.empty() ? "" : " " + value.unit);
+}
+
+bool IsSameValue(const RuleValue& first, const RuleValue& second) {
+    if (RelativeDifference(first.content, second.content) == 0.0) return true;
+    const double *p = std::get_if<double>(&first.content), *q = std::get_if<double>(&second.content);
+    return p && q && std::fabs(*p - *q) <= 1.01 * (first.roundingError + second.roundingError);
+}
+
+double RelativeDifference(const ValueContent& first, const ValueContent& second) {
+    constexpr double kNineDigits = 1e-9;
+    const double *p = std::get_if<double>(&first), *q = std::get_if<double>(&second);
+    if (!p || !q) return first == second ? 0.0 : 1.0;
+    const double difference = std::fabs(*p - *q), size = std::max(std::fabs(*p), std::fabs(*q));
+    return difference <= kNineDigits * size ? 0.0 : std::min(difference / size, 1.0);
+}
+
+std::string UnitOfParameter(const CMfxParamStorage& storage, const CMfxRule& rule) {
+    return UnitSymbol(QuantityOfParameter(storage.m_nParamId), UnitsOf(rule));
+}
+
+std::array<BandColumn, 5> BandColumns(const CMfxRule& rule) {
+    std::array<BandColumn, 5> columns;
+    for (std::size_t cell = 0; cell < columns.size(); ++cell)
+        columns[cell] = {kBandColumnNames[cell], UnitSymbol(QuantityOfDraftCell(cell), UnitsOf(rule))};
+    return columns;
+}

@@ -1,0 +1,22 @@
+// Texts in UTF-8, as messages and findings are made of them.
+#pragma once
+
+#include <afx.h>
+
+#include <string>
+
+std::string ToUtf8(const CString& text);
+CString FromUtf8(const std::string& text);
+
+// A text of a document as a sentence shows it: cut where it is very long; and in quotation marks.
+std::string Shortened(const CString& text);
+std::string Quoted(const CString& text);
+
+// "1 rule", "2 rules".
+std::string Count(std::size_t count, const std::string& noun);
+
+// "file:12: "; without the line when that is 0.
+std::string LinePrefix(const CString& path, int line);
+
+// Text of a Windows error code, without its line end.
+std::string WindowsErrorText(DWORD error);

@@ -1,0 +1,48 @@
+#include "ValueContent.h"
+
+#include "DraftTableCheck.h"
+#include "NumberText.h"
+#include "Text.h"
+#include "XmlNumber.h"
+
+#include <algorithm>
+#include <charconv>
+#include <cmath>
+
+ValueContent ContentOfNumber(double number, bool isOfBand) {
+    if (!std::isfinite(number)) return FormatNumber(number);
+    if (isOfBand && number < -kTolerance) return std::monostate();
+    if (isOfBand && IsNoUpperLimit(number)) return "no limit";
+    return number;
+}
+
+ValueContent ContentOfCell(const MfxTableRow& row, std::size_t cell) {
+    const CString& text = row.cells[cell];
+    if (text.IsEmpty()) return std::monostate();
+    if (!IsNumericText(text) || !IsReal(text)) return ToUtf8(text);
+    return ContentOfNumber(ParseDouble(text), QuantityOfDraftCell(cell) == Quantity::Length);
+}
+
+std::string FormatNumber(double number, int digits) {
+    const double magnitude = std::fabs(number);
+    const bool isFixed = magnitude >= 1e-9 && magnitude < 1e15;
+    char buffer[48];
+    if (!isFixed) {
+        const auto end = std::to_chars(std::begin(buffer), std::end(buffer), number,
+                                       std::chars_format::general, digits);
+        return std::string(buffer, end.ptr);
+    }
+    const int decimals = std::max(digits - 1 - static_cast<int>(std::floor(std::log10(magnitude))), 0);
+    const auto end =
+        std::to_chars(std::begin(buffer), std::end(buffer), number, std::chars_format::fixed, decimals);
+    std::string text(buffer, end.ptr);
+    if (decimals > 0) text.erase(text.find_last_not_of('0') + 1);
+    if (text.ends_with('.')) text.pop_back();
+    return text;
+}
+
+std::string FormatContent(const ValueContent& content, int digits) {
+    if (const double* number = std::get_if<double>(&content)) return FormatNumber(*number, digits);
+    const std::string* word = std::get_if<std::string>(&content);
+    return word ? *word : "-";
+}

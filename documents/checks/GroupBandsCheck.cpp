@@ -1,0 +1,123 @@
+#include "BandFindings.h"
+#include "RuleParameters.h"
+#include "SizeAndWeightCheck.h"
+#include "Units.h"
+#include "ValueCheck.h"
+
+namespace {
+
+using Bands = std::vector<NumberedBand>;
+
+// Element i of a list of numbers; kValueNotGiven behind its end and for any negative number.
+double ElementOf(const CMFXConstraint& group, long paramId, int index) {
+    const CMfxParamStorage* storage = group.FindParameterInArray(paramId);
+    if (!storage || index >= storage->GetValues<double>().GetCount()) return kValueNotGiven;
+    const double value = storage->GetValues<double>()[index];
+    return value < -kTolerance ? kValueNotGiven : value;
+}
+
+bool IsBlank(const CastSizeAndWeightBand& band) {
+    for (const double value : {band.sizeMin, band.sizeMax, band.weightMin, band.weightMax, band.thickness})
+        if (value != kValueNotGiven) return false;
+    return true;
+}
+
+// The bands of a group as its dialog loads them.
+Bands BandsOf(const CMFXConstraint& group) {
+    Bands bands;
+    const CMfxParamStorage* sizes = group.FindParameterInArray(kSizeMinId);
+    for (int i = 0; sizes && i < sizes->GetValues<double>().GetCount(); ++i) {
+        const CastSizeAndWeightBand band{ElementOf(group, kSizeMinId, i), ElementOf(group, kSizeMaxId, i),
+                                         ElementOf(group, kWeightMinId, i), ElementOf(group, kWeightMaxId, i),
+                                         ElementOf(group, kThicknessId, i)};
+        if (!IsBlank(band)) bands.push_back({static_cast<int>(bands.size()) + 1, band});
+    }
+    return bands;
+}
+
+// The sizes or the weights of bands.
+struct BandRange {
+    double CastSizeAndWeightBand::*lower;
+    double CastSizeAndWeightBand::*upper;
+    std::string band, noun, unit;
+};
+
+void AddInvertedBand(const Reporter& reporter, const Bands& bands, int row, const BandRange& range) {
+    const CastSizeAndWeightBand& band = bands[static_cast<std::size_t>(row - 1)].band;
+    AddInverted(reporter, Reporter::kNoRow, row, range.band, band.*range.lower, band.*range.upper);
+}
+
+// The row continues the nearest one before it that has an upper bound.
+void AddJoint(const Reporter& reporter, const Bands& bands, const SizeAndWeightResult& result,
+              const BandRange& range) {
+    auto before = static_cast<std::size_t>(result.nRow - 1);
+    const double begin = bands[before].band.*range.lower;
+    do --before;
+    while (before > 0 && bands[before].band.*range.upper == kValueNotGiven);
+    AddNotContiguous(reporter, Reporter::kNoRow,
+                     {.row = result.nRow,
+                      .rowBefore = bands[before].nRow,
+                      .begin = begin,
+                      .endBefore = result.expected,
+                      .noun = range.noun,
+                      .unit = range.unit});
+}
+
+void AddFlaw(const Reporter& reporter, const Bands& bands, const SizeAndWeightResult& result,
+             const BandRange& sizes, const BandRange& weights) {
+    constexpr int kNoRow = Reporter::kNoRow;
+    switch (result.flaw) {
+        case SizeAndWeightFlaw::SizeInverted:
+            return AddInvertedBand(reporter, bands, result.nRow, sizes);
+        case SizeAndWeightFlaw::WeightInverted:
+            return AddInvertedBand(reporter, bands, result.nRow, weights);
+        case SizeAndWeightFlaw::SizeNotContiguous:
+            return AddJoint(reporter, bands, result, sizes);
+        case SizeAndWeightFlaw::WeightNotContiguous:
+            return AddJoint(reporter, bands, result, weights);
+        case SizeAndWeightFlaw::NoBands:
+            return reporter.AddAboutValues<FindingCode::NoCompleteBand>(kNoRow);
+        case SizeAndWeightFlaw::MissingOrZero:
+            return reporter.AddAboutValues<FindingCode::ZeroInBand>(kNoRow, result.nRow);
+        case SizeAndWeightFlaw::SizeIncomplete:
+            return reporter.AddAboutValues<FindingCode::SizeMissing>(kNoRow, result.nRow);
+        case SizeAndWeightFlaw::WeightIncomplete:
+            return reporter.AddAboutValues<FindingCode::WeightMissing>(kNoRow, result.nRow);
+        case SizeAndWeightFlaw::SizeAndWeightIncomplete:
+            return reporter.AddAboutValues<FindingCode::SizeAndWeightMissing>(kNoRow, result.nRow);
+        case SizeAndWeightFlaw::ThicknessMissing:
+            return reporter.AddAboutValues<FindingCode::ThicknessMissing>(kNoRow, result.nRow);
+        case SizeAndWeightFlaw::IncompleteWhileTyping:
+        case SizeAndWeightFlaw::None:
+            break;
+    }
+}
+
+void HintAtThinnerWalls(const Reporter& reporter, const Bands& bands) {
+    for (std::size_t i = 1; i < bands.size(); ++i) {
+        const double thickness = bands[i].band.thickness, before = bands[i - 1].band.thickness;
+        if (thickness != kValueNotGiven && thickness < before - kTolerance)
+            reporter.OfParameter(kThicknessId)
+                .AddAboutValues<FindingCode::ThinnerWall>(Reporter::kNoRow, bands[i].nRow);
+    }
+}
+
+}  // namespace
+
+void CheckGroupBands(const RuleToCheck& rule) {
+    if (!FindParameter(rule.Rule().m_paramArray, kMassUnitId)) return;
+    const RuleUnits units = UnitsOf(rule.Rule());
+    using Band = CastSizeAndWeightBand;
+    const BandRange sizes{&Band::sizeMin, &Band::sizeMax, "size band", "sizes",
+                          UnitSymbol(Quantity::Length, units)};
+    const BandRange weights{&Band::weightMin, &Band::weightMax, "weight band", "weights",
+                            UnitSymbol(Quantity::Mass, units)};
+    const auto& groups = rule.Rule().m_constraintArray;
+    for (int i = 0; i < groups.GetCount(); ++i) {
+        if (!rule.IsRead(i, {kSizeMinId, kSizeMaxId, kWeightMinId, kWeightMaxId, kThicknessId})) continue;
+        const Bands bands = BandsOf(*groups[i]);
+        const Reporter reporter = rule.reporter.InConstraint(i);
+        AddFlaw(reporter, bands, CheckSizeAndWeightBands(bands), sizes, weights);
+        HintAtThinnerWalls(reporter, bands);
+    }
+}

@@ -1,0 +1,102 @@
+#include "ParameterCheck.h"
+
+#include "CriteriaCheck.h"
+#include "DraftRowCheck.h"
+#include "ElementCheck.h"
+#include "MassUnits.h"
+#include "ParameterXml.h"
+#include "RecordNames.h"
+#include "RuleParameters.h"
+#include "Text.h"
+#include "Units.h"
+#include "XmlNumber.h"
+
+#include <set>
+
+namespace {
+
+bool IsOlderTable(long paramId) {
+    return paramId == kLegacyMaterialTableId || paramId == kLegacyMaterialSwitchId;
+}
+
+int CountValues(const CMfxParamStorage& storage) {
+    return std::visit([](const auto& values) { return values.GetCount(); }, storage.m_values);
+}
+
+void CheckNumberElements(const Reporter& reporter, const MfxXMLNode& parameter, const CString& tag) {
+    parameter.ForEachChild(tag, [&](const MfxXMLNode& number) {
+        const CString text = number.GetNodeValue();
+        if (!IsInteger(text))
+            reporter.Add<FindingCode::NotAWholeNumber>(number, ToUtf8(tag) + ": " + Quoted(text));
+    });
+}
+
+// With an unsuitable operator or type the rule would not write the parameter, or its values, again.
+void CheckOperatorAndType(const Reporter& reporter, const MfxXMLNode& parameter,
+                          const CMfxParamStorage& storage) {
+    if (!storage.IsSaved()) reporter.Add<FindingCode::UnsavedOperator>(parameter);
+    if ((storage.GetType() == TypeTableRow) != (storage.m_paramType == ParamTable))
+        reporter.Add<FindingCode::UnsuitableParameterType>(parameter);
+    for (const CString* tag : {&kOperatorTag, &kOperatorOptionTag, &kParameterTypeTag})
+        CheckNumberElements(reporter, parameter, *tag);
+    const int count = CountValues(storage);
+    if (storage.m_operator == OperatorRanges && count % 2 != 0 && count % 3 != 0)
+        reporter.Add<FindingCode::UnpairedRangeValues>(parameter);
+}
+
+void CheckNumbers(const Reporter& reporter, const MfxXMLNode& parameter) {
+    const int count = CheckReals(reporter, parameter);
+    const long paramId = reporter.GetParamId();
+    if (paramId != kThicknessMinId && paramId != kThicknessMaxId) return;
+    if (count > 2) reporter.Add<FindingCode::TooManyLimitValues>(parameter);
+    if (count == 0) reporter.Add<FindingCode::MissingLimitValue>(parameter);
+}
+
+void CheckKnownParameter(const Reporter& reporter, const MfxXMLNode& parameter,
+                         const CMfxParamStorage& storage) {
+    CString status;
+    if (!parameter.GetAttributeValue(kStatusAttribute, status))
+        reporter.Add<FindingCode::MissingParameterStatus>(parameter);
+    CheckStatus(reporter, parameter);
+    CheckOperatorAndType(reporter, parameter, storage);
+    const bool isTable = storage.m_paramType == ParamTable;
+    if (storage.GetType() == TypeTableRow && isTable)
+        CheckDraftRows(reporter, parameter, storage.GetValues<MfxTableRow>());
+    if (storage.GetType() == TypeDouble && !isTable) CheckNumbers(reporter, parameter);
+    if (const auto criteria = parameter.FindChild(kCriteriaTag)) CheckCriteria(reporter, *criteria);
+}
+
+void CheckParameter(const Reporter& reporter, const MfxXMLNode& parameter, const CMfxParamStorage* storage,
+                    bool isFirst) {
+    if (storage && isFirst)
+        CheckKnownParameter(reporter, parameter, *storage);
+    else if (storage)
+        reporter.Add<FindingCode::RepeatedParameter>(parameter);
+    else if (!IsOlderTable(reporter.GetParamId()))
+        reporter.Add<FindingCode::UnknownParameter>(parameter);
+    else if (!isFirst)
+        reporter.Add<FindingCode::RepeatedOlderTable>(parameter);
+}
+
+}  // namespace
+
+void CheckParameters(const Reporter& reporter, const MfxXMLNode& parent, const MfxParamArray& params) {
+    std::set<long> seen;
+    parent.ForEachChild(kParameterTag, [&](const MfxXMLNode& parameter) {
+        const long paramId = ParameterIdOf(parameter);
+        CheckParameter(reporter.OfParameter(paramId), parameter, FindParameter(params, paramId),
+                       seen.insert(paramId).second);
+    });
+    for (const MfxParamRecord& record : params)
+        if (const long paramId = record.m_pStorage->m_nParamId; !seen.contains(paramId))
+            reporter.OfParameter(paramId).Add<FindingCode::MissingParameter>(parent);
+}
+
+void CheckMassUnit(const Reporter& reporter) {
+    const CMfxParamStorage* storage = FindParameter(reporter.GetRule().m_paramArray, kMassUnitId);
+    if (!storage || storage->GetValues<CString>().IsEmpty()) return;
+    const CString& label = storage->GetValues<CString>()[0];
+    if (FindMassUnit(label) == 0)
+        reporter.OfParameter(kMassUnitId)
+            .Add<FindingCode::UnknownMassUnit>(*reporter.GetEntry().record, Quoted(label), MassUnitLabels());
+}

@@ -1,0 +1,57 @@
+#include "NumberText.h"
+#include "ParameterXml.h"
+#include "RecordNames.h"
+#include "RuleParameters.h"
+#include "ValueCheck.h"
+#include "ValueContent.h"
+
+namespace {
+
+constexpr int kDigits = 10;  // of limits that differ by little both are named
+
+bool IsOn(const CMfxParamStorage& limit) {
+    return limit.m_bStatus && !limit.GetValues<double>().IsEmpty();
+}
+
+void CheckPair(const RuleToCheck& rule, int constraint, const MfxParamArray& params) {
+    const CMfxParamStorage* minimum = FindParameter(params, kThicknessMinId);
+    const CMfxParamStorage* maximum = FindParameter(params, kThicknessMaxId);
+    if (!minimum || !maximum || !rule.IsRead(constraint, {kThicknessMinId, kThicknessMaxId}) ||
+        !rule.IsRead(-1, {kLegacyMaterialTableId}))
+        return;
+    const Reporter reporter = rule.reporter.InConstraint(constraint);
+    for (const CMfxParamStorage* limit : {minimum, maximum})
+        if (IsOn(*limit) && limit->GetValues<double>()[0] <= 0.0)
+            reporter.OfParameter(limit->m_nParamId)
+                .AddAboutValues<FindingCode::LimitNotPositive>(Reporter::kNoRow);
+    if (!IsOn(*minimum) || !IsOn(*maximum)) return;
+    const double lower = minimum->GetValues<double>()[0], upper = maximum->GetValues<double>()[0];
+    if (lower > upper + kTolerance)
+        reporter.OfParameter(kThicknessMinId)
+            .AddAboutValues<FindingCode::MinimumAboveMaximum>(Reporter::kNoRow, FormatNumber(lower, kDigits),
+                                                              FormatNumber(upper, kDigits));
+}
+
+void HintAtOlderForms(const RuleToCheck& rule) {
+    const MfxXMLNode& record = *rule.reporter.GetEntry().record;
+    if (FindParameterElement(record, kLegacyMaterialTableId))
+        rule.reporter.OfParameter(kLegacyMaterialTableId)
+            .AddAboutValues<FindingCode::OlderMaterialTable>(Reporter::kNoRow);
+    for (const long paramId : {kThicknessMinId, kThicknessMaxId}) {
+        const auto limit = FindParameterElement(record, static_cast<std::int32_t>(paramId));
+        const auto first = limit ? limit->FindChild(kValueTag) : std::nullopt;
+        if (first && first->FindNext(kValueTag))
+            rule.reporter.OfParameter(paramId).AddAboutValues<FindingCode::OlderSwitchedLimit>(2);
+    }
+}
+
+}  // namespace
+
+void CheckThicknessLimits(const RuleToCheck& rule) {
+    const MfxParamArray& params = rule.Rule().m_paramArray;
+    if (!FindParameter(params, kThicknessMinId)) return;
+    CheckPair(rule, -1, params);
+    const auto& constraints = rule.Rule().m_constraintArray;
+    for (int i = 0; i < constraints.GetCount(); ++i) CheckPair(rule, i, constraints[i]->m_paramArray);
+    HintAtOlderForms(rule);
+}

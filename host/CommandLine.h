@@ -1,0 +1,42 @@
+#pragma once
+
+#include "ExitCode.h"
+#include "RuleModule.h"
+
+#include <CLI/CLI.hpp>
+
+#include <functional>
+#include <string>
+
+// The command line: the commands with their options, of which it runs the one that is named.
+class CommandLine {
+  public:
+    using Command = std::function<ExitCode(const RuleModule&)>;
+
+    CommandLine();
+
+    // Adds a command without options.
+    CLI::App& Add(const char* name, const char* description, Command command);
+
+    // Runs the named command. Throws CommandError for a wrong command line, and what the command throws.
+    ExitCode Run(int argc, const char* const* argv);
+
+  private:
+    std::string WrongUsage(const CLI::ParseError& error, int argc, const char* const* argv) const;
+    std::string CommandNames() const;
+
+    CLI::App m_cli;
+    Command m_command;
+    std::string m_language;
+};
+
+// Adds a file name, or several, to a command; an empty one is a slip of whoever wrote the command line, not the
+// absence of the option.
+template <class Path>
+CLI::Option* AddFile(CLI::App& command, const char* name, Path& path, const char* description) {
+    const auto findFault = [](const std::string& text) { return text.empty() ? "the file name is empty" : ""; };
+    return command.add_option(name, path, description)->type_name("")->check(CLI::Validator(findFault, ""));
+}
+
+// Adds a document to read and one to write instead of replacing it.
+void AddInputAndOutput(CLI::App& command, std::string& input, std::string& output);

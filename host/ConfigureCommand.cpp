@@ -1,0 +1,80 @@
+#include "Commands.h"
+#include "Console.h"
+#include "DocumentCheck.h"
+#include "DocumentOutput.h"
+#include "Text.h"
+
+#include <algorithm>
+#include <iterator>
+#include <memory>
+
+namespace {
+
+struct ConfigureOptions {
+    std::string input;
+    std::string output;  // empty: the input is replaced
+    int ruleId = 0;
+};
+
+// The other rules' dialogs are not there yet; their operation would do nothing, and say nothing.
+constexpr int kRulesWithDialog[] = {19030};
+
+const RuleDocument::Entry& FindRule(const RuleDocument& document, int ruleId) {
+    const auto found = std::ranges::find_if(document.GetEntries(), [=](const auto& entry) {
+        return entry.rule && entry.rule->GetRuleId() == ruleId;
+    });
+    if (found == document.GetEntries().end())
+        throw CommandError(ExitCode::WrongUsage, ToUtf8(document.GetPath()) + " has no rule " +
+                                                     std::to_string(ruleId) +
+                                                     "; mfxhost show tells the ids");
+    if (std::ranges::find(kRulesWithDialog, ruleId) == std::end(kRulesWithDialog))
+        throw CommandError(ExitCode::WrongUsage, ToUtf8(found->rule->m_strDisplayName) + " has no dialog yet");
+    return *found;
+}
+
+void RequireDisplay() {
+    const HWND hWindow =
+        CreateWindowW(L"STATIC", L"", WS_POPUP, 0, 0, 1, 1, nullptr, nullptr, nullptr, nullptr);
+    if (!hWindow)
+        throw CommandError(ExitCode::NotPossible, "there is no display on which a dialog can be shown");
+    DestroyWindow(hWindow);
+}
+
+// The dialog would drop what the module ignores of the rule.
+bool HasIgnoredContent(const RuleDocument& document, int ruleId) {
+    std::vector<Finding> ignored = FindIgnoredContent(document);
+    std::erase_if(ignored, [=](const Finding& finding) { return finding.ruleId != ruleId; });
+    return PrintFindings(document, ignored);
+}
+
+ExitCode Configure(const RuleModule& module, const ConfigureOptions& options) {
+    RuleDocument document(module, FromUtf8(options.input), PrintReadingProgress);
+    const RuleDocument::Entry& entry = FindRule(document, options.ruleId);
+    if (HasIgnoredContent(document, options.ruleId)) {
+        PrintError("mfxhost: " + options.input + " was not changed\n");
+        return ExitCode::Findings;
+    }
+    RequireDisplay();
+    const std::string rule = ToUtf8(entry.rule->m_strDisplayName);
+    if (!document.ConfigureRule(entry)) {
+        Print(rule + " was not changed\n");
+        return ExitCode::Done;
+    }
+    const std::string& output = options.output.empty() ? options.input : options.output;
+    document.Save(FromUtf8(output));
+    Print(output + ": " + rule + " changed\n");
+    return ExitCode::Done;
+}
+
+}  // namespace
+
+void AddConfigure(CommandLine& commandLine) {
+    const auto options = std::make_shared<ConfigureOptions>();
+    CLI::App& command =
+        commandLine.Add("configure", "Open the dialog of a rule and save what is changed in it",
+                        [options](const RuleModule& module) { return Configure(module, *options); });
+    command.add_option("--rule", options->ruleId, "Id of the rule, as list and show print it")
+        ->type_name("ID")
+        ->required();
+    AddInputAndOutput(command, options->input, options->output);
+}

@@ -1,0 +1,61 @@
+#include "Console.h"
+
+#include "Text.h"
+
+#include <windows.h>
+
+#include <fcntl.h>
+#include <io.h>
+
+#include <cstdio>
+
+std::string Escaped(const std::string& text) {
+    std::string escaped;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        auto code = static_cast<unsigned char>(text[i]);
+        const auto next = i + 1 < text.size() ? static_cast<unsigned char>(text[i + 1]) : 0;
+        const bool twoBytes = code == 0xC2 && next >= 0x80 && next < 0xA0;
+        if (twoBytes) code = static_cast<unsigned char>(text[++i]);
+        char escape[8];
+        if (code == '\n')
+            escaped += "\\n";
+        else if (code < 0x20 || code == 0x7F || twoBytes)
+            escaped.append(escape, static_cast<std::size_t>(snprintf(escape, sizeof escape, "\\u%04x", code)));
+        else
+            escaped += text[i];
+    }
+    return escaped;
+}
+
+void Print(const std::string& text) {
+    fwrite(text.data(), 1, text.size(), stdout);
+}
+
+void PrintError(const std::string& text) {
+    fwrite(text.data(), 1, text.size(), stderr);
+}
+
+bool FlushOutput() {
+    return fflush(stdout) == 0 && ferror(stdout) == 0;
+}
+
+void PrintProgress(std::size_t done, std::size_t total, const std::string& noun) {
+    constexpr ULONGLONG kBetweenMs = 500;
+    static ULONGLONG lastMs = GetTickCount64();
+    static std::size_t shown = 0;
+    const bool isEnd = done == total;
+    if ((!isEnd && GetTickCount64() - lastMs < kBetweenMs) || (isEnd && shown == 0)) return;
+    lastMs = GetTickCount64();
+    const std::string text =
+        isEnd ? std::string(shown, ' ') : std::to_string(done) + " of " + Count(total, noun);
+    shown = isEnd ? 0 : text.size();
+    if (_isatty(_fileno(stderr))) PrintError(text + "\r");
+}
+
+void PrepareConsole() {
+    SetConsoleOutputCP(CP_UTF8);
+    // The same bytes on the console, in a file and in a pipe.
+    _setmode(_fileno(stdout), _O_BINARY);
+    _setmode(_fileno(stderr), _O_BINARY);
+}
+

@@ -1,0 +1,21 @@
+// Standard output and standard error, in UTF-8.
+#pragma once
+
+#include <cstddef>
+#include <string>
+
+// Control characters as "\n" or "\u001b", for texts of documents on lines of the console.
+std::string Escaped(const std::string& text);
+
+void Print(const std::string& text);
+void PrintError(const std::string& text);
+
+// Ends the output; false when not all of it could be written.
+bool FlushOutput();
+
+// Shows on the terminal how far a long command has come, twice a second, and nothing where standard error is
+// a pipe: there it would end up among the messages.
+void PrintProgress(std::size_t done, std::size_t total, const std::string& noun);
+
+// Puts the console in a state in which it shows what Print writes.
+void PrepareConsole();

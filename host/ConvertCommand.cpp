@@ -1,0 +1,116 @@
+#include "Commands.h"
+#include "Console.h"
+#include "Conversion.h"
+#include "DocumentOutput.h"
+#include "Text.h"
+#include "Units.h"
+
+#include <memory>
+#include <optional>
+
+namespace {
+
+constexpr int kDigits = 10;
+
+struct ConvertOptions {
+    std::string input;
+    std::string output;                     // empty: the input is replaced
+    std::optional<std::string> lengthUnit;  // as typed; nothing: the document's own
+    std::optional<std::string> angleUnit;
+    bool allLosses = false;
+};
+
+int UnitOrThrow(std::optional<int> unit, const std::string& option, const std::string& name,
+                const std::string& known) {
+    if (!unit)
+        throw CommandError(
+            ExitCode::WrongUsage,
+            option + ": \"" + name + "\" is not a unit that a rule document can be in; those are " + known);
+    return *unit;
+}
+
+UnitPair TargetUnits(const UnitPair& own, const ConvertOptions& options) {
+    UnitPair units = own;
+    if (options.lengthUnit)
+        units.m_nLengthUnit = UnitOrThrow(FindLengthUnit(*options.lengthUnit), "--length",
+                                          *options.lengthUnit, LengthUnitSymbols());
+    if (options.angleUnit)
+        units.m_nAngleUnit =
+            UnitOrThrow(FindAngleUnit(*options.angleUnit), "--angle", *options.angleUnit, AngleUnitSymbols());
+    return units;
+}
+
+// "Variable Draft Angle: parameter 29183, row 2, angle 1: "
+std::string ValueName(const ValueLoss& loss) {
+    const RuleValue& value = loss.before;
+    return loss.rule + ": parameter " + std::to_string(value.location.paramId) + ", " +
+           (value.constraint.empty() ? "" : value.constraint + ": ") +
+           (value.row ? "row " + std::to_string(value.row) + ", " : "") + value.label + ": ";
+}
+
+void PrintLoss(const RuleDocument& document, const ValueLoss& loss, const std::string& sentence) {
+    PrintError(LinePrefix(document.GetPath(), loss.line) + Escaped(ValueName(loss) + sentence) + "\n");
+}
+
+// "3 deg became 0.05236 rad instead of 0.05235987756 rad"
+std::string LossSentence(const ValueLoss& loss) {
+    if (!std::holds_alternative<double>(loss.before.content))
+        return "an empty cell became " + FormatRuleValue(loss.after, kDigits);
+    return FormatRuleValue(loss.before, kDigits) + " became " + FormatRuleValue(loss.after, kDigits) +
+           " instead of " + FormatRuleValue(loss.exact, kDigits);
+}
+
+void PrintLosses(const RuleDocument& document, const std::vector<ValueLoss>& losses, bool all) {
+    constexpr std::size_t kMostLines = 10;
+    const std::size_t lines = all ? losses.size() : std::min(losses.size(), kMostLines);
+    for (std::size_t i = 0; i < lines; ++i) PrintLoss(document, losses[i], LossSentence(losses[i]));
+    if (lines < losses.size())
+        PrintError("and " + std::to_string(losses.size() - lines) + " more, with smaller losses\n");
+}
+
+void PrintRefusal(const RuleDocument& document, const Conversion& conversion) {
+    PrintFindings(document, conversion.ignored);
+    for (const ValueLoss& loss : conversion.tooLarge)
+        PrintLoss(document, loss,
+                  FormatRuleValue(loss.before, kDigits) + " is too large a number in " + loss.exact.unit);
+    PrintError("mfxhost: " + ToUtf8(document.GetPath()) + " was not converted\n");
+}
+
+ExitCode Convert(const RuleModule& module, const ConvertOptions& options) {
+    if (!options.lengthUnit && !options.angleUnit)
+        throw CommandError(ExitCode::WrongUsage, "convert: give the new units by --length, --angle or both");
+    RuleDocument document(module, FromUtf8(options.input), PrintReadingProgress);
+    const UnitPair from = document.GetUnits(), to = TargetUnits(from, options);
+    const Conversion conversion = ConvertDocument(document, to);
+    if (!conversion.IsDone()) {
+        PrintRefusal(document, conversion);
+        return ExitCode::Findings;
+    }
+    if (from == to && options.output.empty()) {
+        Print(options.input + " is in " + UnitWords(to) + " already\n");
+        return ExitCode::Done;
+    }
+    const std::string& output = options.output.empty() ? options.input : options.output;
+    document.Save(FromUtf8(output));
+    Print(output + ": " + Count(document.GetEntries().size(), "rule") + " converted from " + UnitWords(from) +
+          " to " + UnitWords(to) + "\n");
+    PrintLosses(document, conversion.losses, options.allLosses);
+    return ExitCode::Done;
+}
+
+}  // namespace
+
+void AddConvert(CommandLine& commandLine) {
+    const auto options = std::make_shared<ConvertOptions>();
+    CLI::App& command = commandLine.Add(
+        "convert",
+        "Convert a rule document to other units; names on standard error the values that lose digits",
+        [options](const RuleModule& module) { return Convert(module, *options); });
+    command.add_option("--length", options->lengthUnit, "New length unit: " + LengthUnitSymbols())
+        ->type_name("UNIT");
+    command.add_option("--angle", options->angleUnit, "New angle unit: " + AngleUnitSymbols())
+        ->type_name("UNIT");
+    command.add_flag("--losses", options->allLosses,
+                     "Name every value that loses digits, not only the ten with the largest losses");
+    AddInputAndOutput(command, options->input, options->output);
+}

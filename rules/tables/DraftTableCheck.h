@@ -1,0 +1,39 @@
+// The check of a table of size bands with draft angles, as its dialog holds it. Needs no windows.
+#pragma once
+
+#include "MfxTypes.h"
+#include "RuleParameters.h"
+
+#include <span>
+#include <vector>
+
+// The cells of a row: two bounds, then the angles.
+namespace DraftCell {
+enum Index : std::size_t { LowerBound, UpperBound, FirstAngle, SecondAngle, ThirdAngle, Count };
+}
+
+constexpr Quantity QuantityOfDraftCell(std::size_t cell) {
+    return cell < DraftCell::FirstAngle ? Quantity::Length : Quantity::Angle;
+}
+
+enum class DraftTableFlaw {
+    None,
+    NoBands,             // no row has anything in it
+    IncompleteRow,       // a row is missing, or a value that a band must have is missing or zero
+    UpperNotAboveLower,  // a band ends before it begins
+    NotContiguous,       // a band does not begin where the one before it ends
+};
+
+struct DraftTableResult {
+    DraftTableFlaw flaw = DraftTableFlaw::None;
+    int nRow = 0;           // from 1; 0 for NoBands
+    double expected = 0.0;  // NotContiguous: the lower bound that the row should have
+
+    // Without a flaw: the bands, their texts as FormatDouble writes them, the last one's empty upper bound
+    // still empty.
+    std::vector<MfxTableRow> bands;
+};
+
+// Checks rows of five texts. Rows without any text
+// are skipped, but not between bands. The upper bound of the last band and every third angle may be empty.
+DraftTableResult CheckDraftTable(std::span<const MfxTableRow> rows);
