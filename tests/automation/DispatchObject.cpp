@@ -1,12 +1,11 @@
 #include "DispatchObject.h"
 
-DispatchObject::DispatchObject(Journal& journal, std::vector<Member> members)
-    : m_journal(journal), m_members(std::move(members)) {
-    ++m_journal.m_nObjects;
-}
-
-DispatchObject::~DispatchObject() {
-    if (--m_journal.m_nObjects == 0) PostQuitMessage(0);
+HRESULT CallLog::Note(const std::wstring& member, const std::wstring& argument) {
+    lines.push_back(argument.empty() ? member : member + L" " + argument);
+    if (fault.nCall > 0 && member == fault.member) --fault.nCall;
+    if (fault.nCall > 0 || fault.nTimes == 0) return S_OK;
+    --fault.nTimes;
+    return fault.result;
 }
 
 HRESULT DispatchObject::QueryInterface(REFIID iid, void** ppObject) {
@@ -23,7 +22,8 @@ ULONG DispatchObject::Release() {
 }
 
 HRESULT DispatchObject::GetIDsOfNames(REFIID, LPOLESTR* ppszNames, UINT nNames, LCID, DISPID* pIds) {
-    m_journal.Note(std::wstring(L"id ") + ppszNames[0]);
+    const HRESULT noted = m_log.Note(L"id", ppszNames[0]);
+    if (FAILED(noted)) return noted;
     for (std::size_t i = 0; i < m_members.size() && nNames == 1; ++i)
         if (lstrcmpiW(ppszNames[0], m_members[i].name.c_str()) == 0) {
             pIds[0] = static_cast<DISPID>(i + 1);
@@ -38,15 +38,14 @@ HRESULT DispatchObject::Invoke(DISPID nId, REFIID, LCID, WORD nKinds, DISPPARAMS
     if (nMember >= m_members.size() || !(m_members[nMember].nKind & nKinds)) return DISP_E_MEMBERNOTFOUND;
     const Member& member = m_members[nMember];
     if (pArguments->cArgs != member.nArguments) return DISP_E_BADPARAMCOUNT;
-    const VARIANT* const pText = member.nArguments ? pArguments->rgvarg : nullptr;
-    if (pText && V_VT(pText) != VT_BSTR) return DISP_E_TYPEMISMATCH;
     try {
-        const std::wstring argument(pText ? V_BSTR(pText) : L"", pText ? SysStringLen(V_BSTR(pText)) : 0);
-        m_journal.NoteCall(member.name, argument);
+        const _variant_t argument = member.nArguments ? _variant_t(pArguments->rgvarg[0]) : _variant_t(L"");
+        const HRESULT noted = m_log.Note(member.name, static_cast<LPCWSTR>(_bstr_t(argument)));
+        if (FAILED(noted)) return noted;
         _variant_t result = member.call(argument);
         if (pResult) *pResult = result.Detach();
         return S_OK;
     } catch (...) {
-        return static_cast<HRESULT>(0x800A03EC);  // as Excel says for whatever goes wrong in it
+        return kExcelError;
     }
 }
