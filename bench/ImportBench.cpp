@@ -22,10 +22,10 @@ void ReadBySheet(benchmark::State& state, IDispatch* pSheet) {
     }
 }
 
-DISPID IdOf(IDispatch* pObject, LPCWSTR pszName) {
+DISPID IdOf(IDispatch* object, LPCWSTR name) {
     DISPID id = DISPID_UNKNOWN;
-    auto* pszMember = const_cast<LPOLESTR>(pszName);
-    pObject->GetIDsOfNames(IID_NULL, &pszMember, 1, LOCALE_USER_DEFAULT, &id);
+    auto* member = const_cast<LPOLESTR>(name);
+    object->GetIDsOfNames(IID_NULL, &member, 1, LOCALE_USER_DEFAULT, &id);
     return id;
 }
 
@@ -33,8 +33,8 @@ void ReadByBareLoop(benchmark::State& state, IDispatch* pSheet) {
     const DISPID range = IdOf(pSheet, L"Range");
     DISPID value = DISPID_UNKNOWN;
     for (auto _ : state)
-        for (int nRow = 1; nRow <= kRows; ++nRow) {
-            Variant address((L"A" + std::to_wstring(nRow)).c_str()), cell, text;
+        for (int row = 1; row <= kRows; ++row) {
+            Variant address((L"A" + std::to_wstring(row)).c_str()), cell, text;
             DISPPARAMS one{&address, nullptr, 1, 0}, none{};
             pSheet->Invoke(range, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_PROPERTYGET, &one, &cell, nullptr,
                            nullptr);
@@ -77,7 +77,7 @@ int wmain(int argc, wchar_t** argv) {
     InstallCrashReport();
     const AutomationServer server;
     CoInitialize(nullptr);
-    const int nExitCode = RunInExcel(argc, argv);
+    const int exitCode = RunInExcel(argc, argv);
     CoUninitialize();
-    return nExitCode;
+    return exitCode;
 }

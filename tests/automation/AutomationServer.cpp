@@ -22,8 +22,8 @@ _variant_t NewObject(Session& session, Members members) {
 
 // The value at an address such as "B12". Throws where the sheet has no such cell.
 _variant_t ValueAt(const CellRows& rows, const std::wstring& address) {
-    const std::size_t nColumn = address.at(0) - L'A', nRow = std::stoul(address.substr(1)) - 1;
-    return nRow < rows.size() && nColumn < rows[nRow].size() ? rows[nRow][nColumn] : _variant_t();
+    const std::size_t column = address.at(0) - L'A', row = std::stoul(address.substr(1)) - 1;
+    return row < rows.size() && column < rows[row].size() ? rows[row][column] : _variant_t();
 }
 
 Members Range(Session& session, const std::wstring& address) {
@@ -63,21 +63,21 @@ class Factory : public IClassFactory {
     explicit Factory(CallLog& log) : m_session{log, {}} {}
     virtual ~Factory() = default;
 
-    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** ppObject) override {
-        const bool bKnown = iid == IID_IUnknown || iid == IID_IClassFactory;
-        *ppObject = bKnown ? this : nullptr;
-        return bKnown ? S_OK : E_NOINTERFACE;
+    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** object) override {
+        const bool known = iid == IID_IUnknown || iid == IID_IClassFactory;
+        *object = known ? this : nullptr;
+        return known ? S_OK : E_NOINTERFACE;
     }
     ULONG STDMETHODCALLTYPE AddRef() override { return 2; }
     ULONG STDMETHODCALLTYPE Release() override { return 1; }
     HRESULT STDMETHODCALLTYPE LockServer(BOOL) override { return S_OK; }
 
-    HRESULT STDMETHODCALLTYPE CreateInstance(IUnknown*, REFIID iid, void** ppObject) override {
-        *ppObject = nullptr;
+    HRESULT STDMETHODCALLTYPE CreateInstance(IUnknown*, REFIID iid, void** object) override {
+        *object = nullptr;
         const HRESULT noted = m_session.log.Note(L"Create");
         if (FAILED(noted)) return noted;
         const _variant_t application = NewObject(m_session, Application(m_session));
-        return application.pdispVal->QueryInterface(iid, ppObject);
+        return application.pdispVal->QueryInterface(iid, object);
     }
 
   private:
@@ -87,12 +87,12 @@ class Factory : public IClassFactory {
 // Answers clients until the thread is told to quit. The promise is the thread's id, once clients may call.
 void Serve(CallLog& log, std::promise<DWORD> threadId) {
     Factory factory(log);
-    DWORD dwCookie = 0;
+    DWORD cookie = 0;
     CoInitialize(nullptr);
-    CoRegisterClassObject(kClassId, &factory, CLSCTX_LOCAL_SERVER, REGCLS_MULTI_SEPARATE, &dwCookie);
+    CoRegisterClassObject(kClassId, &factory, CLSCTX_LOCAL_SERVER, REGCLS_MULTI_SEPARATE, &cookie);
     threadId.set_value(GetCurrentThreadId());
     for (MSG message; GetMessageW(&message, nullptr, 0, 0) > 0;) DispatchMessageW(&message);
-    CoRevokeClassObject(dwCookie);
+    CoRevokeClassObject(cookie);
     CoUninitialize();
 }
 
@@ -103,10 +103,10 @@ AutomationServer::AutomationServer() : m_hMutex(CreateMutexW(nullptr, FALSE, L"m
     CLSID id;
     if (SUCCEEDED(CLSIDFromProgID(L"Excel.Application", &id)) && id != kClassId)
         throw std::runtime_error("Excel is installed here");
-    wchar_t szId[40];
-    const int nLength = StringFromGUID2(kClassId, szId, static_cast<int>(std::size(szId)));
+    wchar_t idText[40];
+    const int length = StringFromGUID2(kClassId, idText, static_cast<int>(std::size(idText)));
     if (RegSetKeyValueW(HKEY_LOCAL_MACHINE, (std::wstring(kApplicationKey) + L"\\CLSID").c_str(), nullptr,
-                        REG_SZ, szId, static_cast<DWORD>(nLength) * sizeof(wchar_t)) != ERROR_SUCCESS)
+                        REG_SZ, idText, static_cast<DWORD>(length) * sizeof(wchar_t)) != ERROR_SUCCESS)
         throw std::runtime_error("the automation server can't be registered");
     std::promise<DWORD> threadId;
     std::future<DWORD> ready = threadId.get_future();

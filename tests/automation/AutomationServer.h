@@ -7,11 +7,11 @@
 #include <thread>
 #include <utility>
 
-// Stands in for Excel while it lives: a COM server on a thread of this program, which is registered as
-// "Excel.Application" for the whole machine (Wine reads no other classes). What it opens are files of cells
-// (CellFile.h). Its sheet has the columns A to Z.
-// One at a time in all test programs: the constructor waits for the others. A test program that is killed
-// leaves the registration behind. Members are called while no client calls, and throw std::runtime_error.
+// Stands in for Excel while it lives: a COM server on a thread of this program. It is registered as
+// "Excel.Application" for the whole machine, since Wine reads no other classes. The workbooks that it opens
+// are files of cells (CellFile.h); its sheet has the columns A to Z. There is one at a time in all test
+// programs: the constructor waits for the others, and throws std::runtime_error when it can't register. A
+// test program that is killed leaves the registration behind. Members are called while no client calls.
 class AutomationServer {
   public:
     AutomationServer();
@@ -20,13 +20,12 @@ class AutomationServer {
     AutomationServer(const AutomationServer&) = delete;
     AutomationServer& operator=(const AutomationServer&) = delete;
 
-    // The n-th call from now on of "Create", "Workbooks", "Open", "ActiveSheet", "Range", "value", "Close",
-    // "Quit" or "id" (the look-up of a name) fails, and so do the calls after it until as many as told have
-    // failed.
+    // As many calls fail as told, of whatever member. The first is the n-th call from now on of "Create",
+    // "Workbooks", "Open", "ActiveSheet", "Range", "value", "Close", "Quit" or "id" (the look-up of a name).
     void FailAt(const std::wstring& member, int nCall = 1, HRESULT result = kExcelError, int nTimes = 1) {
         m_log.fault = {member, nCall, nTimes, result};
     }
-    // As if the process of the server ended in that call.
+    // From that call on, all fail as they do when the process of the server has ended.
     void DieAt(const std::wstring& member, int nCall = 1) {
         FailAt(member, nCall, HRESULT_FROM_WIN32(RPC_S_SERVER_UNAVAILABLE), INT_MAX);
     }
@@ -34,8 +33,7 @@ class AutomationServer {
     // From now on there is no Excel on the machine.
     void Unregister();
 
-    // The calls since the last time, each with its argument: "Create", "id Open", "Open C:\a.xls", "Range
-    // A1".
+    // The calls since the last time, each with its argument: "Create", "id Open", "Open C:\a.xls", "value".
     std::vector<std::wstring> TakeCalls() { return std::exchange(m_log.lines, {}); }
     // Objects that clients have not released.
     int ObjectsInUse() const { return m_log.nObjects; }

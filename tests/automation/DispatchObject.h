@@ -44,15 +44,15 @@ class DispatchObject : public IDispatch {
         ++m_log.nObjects;
     }
 
-    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** ppObject) override;
+    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** object) override;
     ULONG STDMETHODCALLTYPE AddRef() override { return ++m_nReferences; }
     ULONG STDMETHODCALLTYPE Release() override;
     HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT*) override { return E_NOTIMPL; }
     HRESULT STDMETHODCALLTYPE GetTypeInfo(UINT, LCID, ITypeInfo**) override { return E_NOTIMPL; }
-    HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID, LPOLESTR* ppszNames, UINT nNames, LCID,
-                                            DISPID* pIds) override;
-    HRESULT STDMETHODCALLTYPE Invoke(DISPID nId, REFIID, LCID, WORD nKinds, DISPPARAMS* pArguments,
-                                     VARIANT* pResult, EXCEPINFO*, UINT*) override;
+    HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID, LPOLESTR* names, UINT nameCount, LCID,
+                                            DISPID* ids) override;
+    HRESULT STDMETHODCALLTYPE Invoke(DISPID id, REFIID, LCID, WORD kinds, DISPPARAMS* arguments,
+                                     VARIANT* result, EXCEPINFO*, UINT*) override;
 
   private:
     virtual ~DispatchObject() { --m_log.nObjects; }

@@ -56,20 +56,13 @@ TEST(ExcelSheetTest, ShowsNumbersAndTextsAndNothingElse) {
         _variant_t value;
         LPCWSTR text;
     } kCases[] = {{short{-7}, L"-7"},
-                  {100000L, L"100000"},
                   {0.5f, L"0.5"},
-                  {10.0, L"10"},
-                  {0.125, L"0.125"},
                   {0.0, L"0"},
                   {-1e-7, L"-0"},
                   {1e20, L"100000000000000000000"},
                   {1.0000005, L"1.000001"},
                   {L"2,50", L"2,50"},
-                  {CY{{125000, 0}}, L""},
-                  {{45351.0, VT_DATE}, L""},
-                  {true, L""},
-                  {5LL, L""},
-                  {{}, L""}};
+                  {5LL, L""}};
     for (const auto& [value, text] : kCases) EXPECT_STREQ(CellText(value), text) << value.vt;
     setlocale(LC_ALL, "C");
 }
@@ -137,15 +130,11 @@ TEST_F(ExcelImportTest, EndsInOrderWhateverFails) {
         {L"Workbooks", 1, Fails, NotOpened, "Quit"},
         {L"Open", 1, Fails, NotOpened, "Quit"},
         {L"ActiveSheet", 1, Fails, NotOpened, "ActiveSheetCloseQuit"},
-        {L"value", 2, Fails, CellUnreadable, "ActiveSheet"},  // neither Close nor Quit
-        {L"value", 6, Fails, CellUnreadable, "ActiveSheet"},
+        {L"value", 6, Fails, CellUnreadable, "ActiveSheet"},  // neither Close nor Quit
         {L"Close", 1, Fails, None, "ActiveSheetCloseQuit"},
         {L"Quit", 1, Fails, ExcelNotQuit, "ActiveSheetCloseQuit"},
         {L"Open", 1, Dies, NotOpened, ""},
-        {L"ActiveSheet", 1, Dies, NotOpened, "ActiveSheet"},
         {L"Range", 6, Dies, ExcelNotQuit, "ActiveSheet"},
-        {L"value", 6, Dies, CellUnreadable, "ActiveSheet"},
-        {L"Quit", 1, Dies, ExcelNotQuit, "ActiveSheetCloseQuit"},
         {L"Range", 3, Fails, None, "ActiveSheetCloseQuit"},  // taken for the end of the sheet
     };
     for (const auto& [member, call, kind, fault, end] : kCases) {
