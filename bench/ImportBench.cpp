@@ -14,8 +14,8 @@ namespace {
 
 constexpr int kRows = 6;  // the last one is empty
 
-void ReadBySheet(benchmark::State& state, IDispatch* pSheet) {
-    ExcelSheet sheet(pSheet);
+void ReadBySheet(benchmark::State& state, IDispatch* dispatch) {
+    ExcelSheet sheet(dispatch);
     for (auto _ : state) {
         std::vector<CString> texts;
         if (!sheet.ReadColumn(L"A", texts) || texts.size() != kRows - 1) state.SkipWithError("a wrong text");
@@ -29,15 +29,15 @@ DISPID IdOf(IDispatch* object, LPCWSTR name) {
     return id;
 }
 
-void ReadByBareLoop(benchmark::State& state, IDispatch* pSheet) {
-    const DISPID range = IdOf(pSheet, L"Range");
+void ReadByBareLoop(benchmark::State& state, IDispatch* dispatch) {
+    const DISPID range = IdOf(dispatch, L"Range");
     DISPID value = DISPID_UNKNOWN;
     for (auto _ : state)
         for (int row = 1; row <= kRows; ++row) {
             Variant address((L"A" + std::to_wstring(row)).c_str()), cell, text;
             DISPPARAMS one{&address, nullptr, 1, 0}, none{};
-            pSheet->Invoke(range, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_PROPERTYGET, &one, &cell, nullptr,
-                           nullptr);
+            dispatch->Invoke(range, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_PROPERTYGET, &one, &cell, nullptr,
+                             nullptr);
             if (value == DISPID_UNKNOWN) value = IdOf(cell.pdispVal, L"value");
             cell.pdispVal->Invoke(value, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_PROPERTYGET, &none, &text,
                                   nullptr, nullptr);
@@ -45,8 +45,8 @@ void ReadByBareLoop(benchmark::State& state, IDispatch* pSheet) {
 }
 
 template <class Read>
-void Register(const char* name, Read read, IDispatch* pSheet) {
-    benchmark::RegisterBenchmark(name, read, pSheet)
+void Register(const char* name, Read read, IDispatch* dispatch) {
+    benchmark::RegisterBenchmark(name, read, dispatch)
         ->UseRealTime()
         ->Unit(benchmark::kMicrosecond)
         ->MinTime(0.05)

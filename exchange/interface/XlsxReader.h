@@ -6,8 +6,8 @@
 inline constexpr wchar_t kXlsxReaderLibrary[] = L"MFXCLRMangedHelper.dll";
 inline constexpr char kXlsxReaderExport[] = "ReadExcelAndFillTableColByCol";
 
-// Fills the table, which is empty, as Excel's automation would. False when it can't, with a text for the
-// user. Table and text cross the library's border, so library and import are built with the same MFC and C++
-// runtime. The library declares its export as: extern "C" ReadXlsxFunction ReadExcelAndFillTableColByCol;
+// Fills the table, which is empty, as an import through Excel would. False when it can't, with a text for the
+// user. Table and text belong to both sides, which are therefore built with the same MFC and C++ runtime.
+// The library declares its export as: extern "C" ReadXlsxFunction ReadExcelAndFillTableColByCol;
 using ReadXlsxFunction = bool(const std::wstring path, const WorkbookColumns& columns, WorkbookTable& table,
                               CString& error);
