@@ -9,7 +9,7 @@
 class Variant : public VARIANT {
   public:
     Variant() : VARIANT{} {}
-    explicit Variant(LPCWSTR pszText) : Variant() { vt = VT_BSTR, bstrVal = SysAllocString(pszText); }
+    explicit Variant(LPCWSTR text) : Variant() { vt = VT_BSTR, bstrVal = SysAllocString(text); }
     ~Variant() { VariantClear(this); }
     Variant(const Variant&) = delete;
     Variant& operator=(const Variant&) = delete;
@@ -18,8 +18,8 @@ class Variant : public VARIANT {
     Microsoft::WRL::ComPtr<IDispatch> Object() const { return vt == VT_DISPATCH ? pdispVal : nullptr; }
 };
 
-// A member of one kind of object, by its name. Whoever calls it more than once keeps it: the dispatch id is
-// looked up with the first object, which takes as long as the call itself.
+// A member of automation objects, by its name. The first call looks up its dispatch id, which takes as long
+// as the call itself. Later calls use that id again, so keep the member, but only for objects of one kind.
 struct AutoMember {
     AutoMember(LPCWSTR pszMember) : pszName(pszMember) {}
 
@@ -29,7 +29,7 @@ struct AutoMember {
 
 enum AutoKind : WORD { AutoMethod = DISPATCH_METHOD, AutoPropertyGet = DISPATCH_PROPERTYGET };
 
-// Calls a member, a name or a kept AutoMember, with nArguments arguments of the type VARIANT, which stay the
-// caller's. The result, which is empty before, may be null.
-HRESULT AutoInvoke(AutoKind kind, VARIANT* pResult, IDispatch* pObject, const AutoMember& member,
-                   int nArguments, ...);
+// Calls a member, given by name or as an AutoMember that is kept. The arguments, argumentCount of them, have
+// the type VARIANT and stay the caller's. The result may be null; what it points to is empty before the call.
+HRESULT AutoInvoke(AutoKind kind, VARIANT* result, IDispatch* object, const AutoMember& member,
+                   int argumentCount, ...);

@@ -11,21 +11,19 @@ CString CellText(const VARIANT& value) {
     return CString();
 }
 
-bool ExcelSheet::ReadColumn(const std::wstring& letter, std::vector<CString>& texts) {
-    const bool bDecides = letter == L"A";
-    for (std::size_t nRow = 1; bDecides || nRow <= m_nRows; ++nRow) {
-        CString strAddress;
-        strAddress.Format(L"%s%d", letter.c_str(), static_cast<int>(nRow));
-        const Variant address(strAddress);
+bool ExcelSheet::ReadColumn(const std::wstring& letters, std::vector<CString>& texts) {
+    const bool decidesRows = letters == L"A";
+    for (std::size_t row = 1; decidesRows || row <= m_nRows; ++row) {
+        const Variant address((letters + std::to_wstring(row)).c_str());
         Variant range, value;
         if (FAILED(AutoInvoke(AutoPropertyGet, &range, m_pSheet.Get(), m_range, 1,
                               static_cast<VARIANT>(address))))
             break;  // behind the sheet's last row
         if (FAILED(AutoInvoke(AutoPropertyGet, &value, range.Object().Get(), m_value, 0))) return false;
-        const CString strText = CellText(value);
-        if (bDecides && strText.IsEmpty()) break;
-        texts.push_back(strText);
+        const CString text = CellText(value);
+        if (decidesRows && text.IsEmpty()) break;
+        texts.push_back(text);
     }
-    if (bDecides) m_nRows = texts.size();
+    if (decidesRows) m_nRows = texts.size();
     return true;
 }

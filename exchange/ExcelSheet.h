@@ -3,20 +3,18 @@
 #include "AutoInvoke.h"
 #include "WorkbookTable.h"
 
-#include <cstdint>
-
-// Text of a cell's value: numbers with at most six decimals and always a point (10.0 gives "10"), texts as
-// they are, nothing for all else: dates, currencies, logical values, errors.
+// The text of a cell's value. Numbers have at most six decimals and always a point (10.0 gives "10"). Texts
+// stay as they are. Dates, currencies, logical values, errors and all else give an empty text.
 CString CellText(const VARIANT& value);
 
 // A sheet of a workbook that Excel has opened.
 class ExcelSheet {
   public:
-    explicit ExcelSheet(Microsoft::WRL::ComPtr<IDispatch> pSheet) : m_pSheet(std::move(pSheet)) {}
+    explicit ExcelSheet(Microsoft::WRL::ComPtr<IDispatch> sheet) : m_pSheet(std::move(sheet)) {}
 
-    // Appends a column's texts. Column "A" ends at its first empty cell, and there end the columns read
-    // later. False when a cell's value can't be had.
-    bool ReadColumn(const std::wstring& letter, std::vector<CString>& texts);
+    // Appends the texts of a column. Column "A" is read first: it ends at its first empty cell, and no other
+    // column is read below that row. False when a cell has no value that can be read.
+    bool ReadColumn(const std::wstring& letters, std::vector<CString>& texts);
 
   private:
     Microsoft::WRL::ComPtr<IDispatch> m_pSheet;

@@ -7,37 +7,36 @@
 #include <cwchar>
 #include <memory>
 
-WorkbookFault FindPathFault(const CString& strPath) {
-    if (strPath.IsEmpty()) return WorkbookFault::NotFound;
-    wchar_t* pszFolder = nullptr;
-    if (!GetFolderOfPath(strPath, pszFolder)) return WorkbookFault::PathWithoutFolder;
-    const std::unique_ptr<wchar_t[]> folder(pszFolder);
-    const FolderProbe probe = ProbeFolderWritable(folder.get());
+WorkbookFault FindPathFault(const CString& path) {
+    if (path.IsEmpty()) return WorkbookFault::NotFound;
+    wchar_t* folder = nullptr;
+    if (!GetFolderOfPath(path, folder)) return WorkbookFault::PathWithoutFolder;
+    const std::unique_ptr<wchar_t[]> owner(folder);
+    const FolderProbe probe = ProbeFolderWritable(folder);
     constexpr int kExists = 0;
-    if (probe == NoFolder || (probe == FolderWritable && _waccess(strPath, kExists) != 0))
+    if (probe == NoFolder || (probe == FolderWritable && _waccess(path, kExists) != 0))
         return WorkbookFault::NotFound;
     return WorkbookFault::None;
 }
 
-bool GetFolderOfPath(LPCWSTR pszPath, wchar_t*& pszFolder) {
-    pszFolder = nullptr;
-    const wchar_t* pEnd = pszPath ? std::wcsrchr(pszPath, L'\\') : nullptr;
-    if (!pEnd) return false;
-    const auto nLength = static_cast<std::size_t>(pEnd - pszPath);
-    pszFolder = new wchar_t[nLength + 1]{};
-    std::wmemcpy(pszFolder, pszPath, nLength);
+bool GetFolderOfPath(LPCWSTR path, wchar_t*& folder) {
+    folder = nullptr;
+    const wchar_t* end = path ? std::wcsrchr(path, L'\\') : nullptr;
+    if (!end) return false;
+    const auto length = static_cast<std::size_t>(end - path);
+    folder = new wchar_t[length + 1]{};
+    std::wmemcpy(folder, path, length);
     return true;
 }
 
-FolderProbe ProbeFolderWritable(LPCWSTR pszFolder) {
-    const DWORD dwAttributes = pszFolder ? GetFileAttributesW(pszFolder) : INVALID_FILE_ATTRIBUTES;
-    if (dwAttributes == INVALID_FILE_ATTRIBUTES || !(dwAttributes & FILE_ATTRIBUTE_DIRECTORY))
-        return NoFolder;
-    CString strProbe;
-    strProbe.Format(L"%s\\%s", pszFolder, L"MFX.log");
-    std::FILE* pProbe = _wfsopen(strProbe, L"w", _SH_DENYNO);
-    if (!pProbe) return FolderReadOnly;
-    std::fclose(pProbe);
-    DeleteFileW(strProbe);
+FolderProbe ProbeFolderWritable(LPCWSTR folder) {
+    const DWORD attributes = folder ? GetFileAttributesW(folder) : INVALID_FILE_ATTRIBUTES;
+    if (attributes == INVALID_FILE_ATTRIBUTES || !(attributes & FILE_ATTRIBUTE_DIRECTORY)) return NoFolder;
+    CString probe;
+    probe.Format(L"%s\\%s", folder, L"MFX.log");
+    std::FILE* file = _wfsopen(probe, L"w", _SH_DENYNO);
+    if (!file) return FolderReadOnly;
+    std::fclose(file);
+    DeleteFileW(probe);
     return FolderWritable;
 }

@@ -9,7 +9,7 @@
 
 namespace {
 
-// COM for this thread; one that has it in another mode keeps that.
+// Starts COM for this thread; a thread that has it in another mode keeps that mode.
 struct ComScope {
     ~ComScope() {
         if (SUCCEEDED(m_result)) CoUninitialize();
@@ -28,62 +28,61 @@ LibraryPtr LoadReader() {
     return pLibrary;
 }
 
-WorkbookFault ReadByLibrary(const CString& strPath, const WorkbookColumns& columns, WorkbookTable& table,
-                            CString& strError) {
-    const LibraryPtr pLibrary = LoadReader();
-    const FARPROC address = pLibrary ? GetProcAddress(pLibrary.get(), kXlsxReaderExport) : nullptr;
+WorkbookFault ReadByLibrary(const CString& path, const WorkbookColumns& columns, WorkbookTable& table,
+                            CString& error) {
+    const LibraryPtr library = LoadReader();
+    const FARPROC address = library ? GetProcAddress(library.get(), kXlsxReaderExport) : nullptr;
     if (!address) return WorkbookFault::ReaderMissing;
-    auto* pRead = reinterpret_cast<ReadXlsxFunction*>(reinterpret_cast<void (*)()>(address));
-    bool bRead = false;
-    // Here, because an exception can't outlive the library that threw it.
-    NoThrow([&] { bRead = pRead(strPath.GetString(), columns, table, strError); });
-    return bRead ? WorkbookFault::None : WorkbookFault::ReaderFailed;
+    auto* read = reinterpret_cast<ReadXlsxFunction*>(reinterpret_cast<void (*)()>(address));
+    bool done = false;
+    // An exception can't outlive the library that threw it, so it ends here.
+    NoThrow([&] { done = read(path.GetString(), columns, table, error); });
+    return done ? WorkbookFault::None : WorkbookFault::ReaderFailed;
 }
 
-WorkbookFault ReadActiveSheet(IDispatch* pExcel, const WorkbookColumns& columns, WorkbookTable& table) {
+WorkbookFault ReadActiveSheet(IDispatch* excel, const WorkbookColumns& columns, WorkbookTable& table) {
     Variant active;
-    AutoInvoke(AutoPropertyGet, &active, pExcel, L"ActiveSheet", 0);
+    AutoInvoke(AutoPropertyGet, &active, excel, L"ActiveSheet", 0);
     if (!active.Object()) return WorkbookFault::NotOpened;
     ExcelSheet sheet(active.Object());
-    for (const std::wstring& letter : columns)
-        if (!sheet.ReadColumn(letter, table.emplace_back())) return WorkbookFault::CellUnreadable;
+    for (const std::wstring& letters : columns)
+        if (!sheet.ReadColumn(letters, table.emplace_back())) return WorkbookFault::CellUnreadable;
     return WorkbookFault::None;
 }
 
-WorkbookFault ReadInExcel(IDispatch* pExcel, const CString& strPath, const WorkbookColumns& columns,
+WorkbookFault ReadInExcel(IDispatch* excel, const CString& path, const WorkbookColumns& columns,
                           WorkbookTable& table) {
-    const Variant path(strPath);
+    const Variant book(path);
     Variant workbooks, workbook;
-    AutoInvoke(AutoPropertyGet, &workbooks, pExcel, L"Workbooks", 0);
-    AutoInvoke(AutoMethod, &workbook, workbooks.Object().Get(), L"Open", 1, static_cast<VARIANT>(path));
+    AutoInvoke(AutoPropertyGet, &workbooks, excel, L"Workbooks", 0);
+    AutoInvoke(AutoMethod, &workbook, workbooks.Object().Get(), L"Open", 1, static_cast<VARIANT>(book));
     if (!workbook.Object()) return WorkbookFault::NotOpened;
-    const WorkbookFault fault = ReadActiveSheet(pExcel, columns, table);
+    const WorkbookFault fault = ReadActiveSheet(excel, columns, table);
     if (fault != WorkbookFault::CellUnreadable)
         AutoInvoke(AutoMethod, nullptr, workbook.Object().Get(), L"Close", 0);
     return fault;
 }
 
-WorkbookFault ReadThroughExcel(const CString& strPath, const WorkbookColumns& columns, WorkbookTable& table) {
+WorkbookFault ReadThroughExcel(const CString& path, const WorkbookColumns& columns, WorkbookTable& table) {
     const ComScope com;
     CLSID classId;
     if (FAILED(CLSIDFromProgID(L"Excel.Application", &classId))) return WorkbookFault::ExcelNotInstalled;
-    Microsoft::WRL::ComPtr<IDispatch> pExcel;
-    if (FAILED(CoCreateInstance(classId, nullptr, CLSCTX_LOCAL_SERVER, IID_PPV_ARGS(&pExcel))))
+    Microsoft::WRL::ComPtr<IDispatch> excel;
+    if (FAILED(CoCreateInstance(classId, nullptr, CLSCTX_LOCAL_SERVER, IID_PPV_ARGS(&excel))))
         return WorkbookFault::ExcelNotStarted;
-    const WorkbookFault fault = ReadInExcel(pExcel.Get(), strPath, columns, table);
+    const WorkbookFault fault = ReadInExcel(excel.Get(), path, columns, table);
     if (fault == WorkbookFault::CellUnreadable) return fault;
-    const HRESULT quit = AutoInvoke(AutoMethod, nullptr, pExcel.Get(), L"Quit", 0);
+    const HRESULT quit = AutoInvoke(AutoMethod, nullptr, excel.Get(), L"Quit", 0);
     return FAILED(quit) && fault == WorkbookFault::None ? WorkbookFault::ExcelNotQuit : fault;
 }
 
 }  // namespace
 
-WorkbookFault ReadWorkbook(const CString& strPath, const WorkbookColumns& columns, WorkbookTable& table,
-                           CString& strReaderError) {
+WorkbookFault ReadWorkbook(const CString& path, const WorkbookColumns& columns, WorkbookTable& table,
+                           CString& readerError) {
     table.clear();
-    const WorkbookFault fault = FindPathFault(strPath);
+    const WorkbookFault fault = FindPathFault(path);
     if (fault != WorkbookFault::None) return fault;
-    return strPath.Right(5).CompareNoCase(L".xlsx") == 0
-               ? ReadByLibrary(strPath, columns, table, strReaderError)
-               : ReadThroughExcel(strPath, columns, table);
+    return path.Right(5).CompareNoCase(L".xlsx") == 0 ? ReadByLibrary(path, columns, table, readerError)
+                                                      : ReadThroughExcel(path, columns, table);
 }

@@ -113,7 +113,7 @@ inline constexpr FindingKind kFindingKinds[] = {
     {FindingCode::StrayText, "stray-text", Severity::Error, true, "{}: the text {} is not read"},
 
     {FindingCode::MissingParameter, "missing-parameter", Severity::Error, true, "it is missing"},
-    {FindingCode::UnknownParameter, "unknown-parameter", Severity::Warning, true,
+    {FindingCode::UnknownParameter, "unknown-parameter", Severity::Warning, false,
      "unknown to the rule, left unchanged"},
     {FindingCode::RepeatedParameter, "repeated-parameter", Severity::Error, true,
      "it is repeated; only the first one is read"},

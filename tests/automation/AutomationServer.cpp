@@ -1,90 +1,127 @@
 #include "AutomationServer.h"
 
-#include "support/Process.h"
-
-#include <tlhelp32.h>
-
-#include <filesystem>
-#include <memory>
-#include <sstream>
+#include <future>
 #include <stdexcept>
 
 namespace {
 
-constexpr wchar_t kProgram[] = L"mfx_automation_server.exe";
-constexpr DWORD kEndMs = 10000;
+constexpr CLSID kClassId = {0x19D4B5AB, 0xCC0E, 0x4750, {0x95, 0xAA, 0x0A, 0x79, 0x8D, 0x7D, 0x37, 0x60}};
+constexpr wchar_t kApplicationKey[] = L"Software\\Classes\\Excel.Application";
+constexpr WORD kMethod = DISPATCH_METHOD, kProperty = DISPATCH_PROPERTYGET;
 
-const std::wstring kApplicationKey = L"Software\\Classes\\Excel.Application";
-const std::wstring kClassKey = std::wstring(L"Software\\Classes\\CLSID\\") + AutomationServer::kClassId;
+using Members = std::vector<Member>;
 
-void SetDefault(const std::wstring& key, const std::wstring& text) {
-    const DWORD dwBytes = static_cast<DWORD>((text.size() + 1) * sizeof(wchar_t));
-    if (RegSetKeyValueW(HKEY_LOCAL_MACHINE, key.c_str(), nullptr, REG_SZ, text.c_str(), dwBytes) !=
-        ERROR_SUCCESS)
-        throw std::runtime_error("the automation server can't be registered");
+struct Session {
+    CallLog& log;
+    CellRows rows;  // of the open workbook
+};
+
+_variant_t NewObject(Session& session, Members members) {
+    return {new DispatchObject(session.log, std::move(members)), false};
 }
 
-using Handle = std::unique_ptr<void, decltype(&CloseHandle)>;
+// The value at an address such as "B12". Throws where the sheet has no such cell.
+_variant_t ValueAt(const CellRows& rows, const std::wstring& address) {
+    const std::size_t column = address.at(0) - L'A', row = std::stoul(address.substr(1)) - 1;
+    return row < rows.size() && column < rows[row].size() ? rows[row][column] : _variant_t();
+}
 
-std::vector<Handle> Servers() {
-    std::vector<Handle> processes;
-    const Handle list(CreateToolhelp32Snapshot(TH32CS_SNAPPROCESS, 0), CloseHandle);
-    PROCESSENTRY32W entry{};
-    entry.dwSize = sizeof entry;
-    for (BOOL bMore = Process32FirstW(list.get(), &entry); bMore; bMore = Process32NextW(list.get(), &entry))
-        if (lstrcmpiW(entry.szExeFile, kProgram) == 0)
-            if (void* pProcess = OpenProcess(SYNCHRONIZE | PROCESS_TERMINATE, FALSE, entry.th32ProcessID))
-                processes.emplace_back(pProcess, CloseHandle);
-    return processes;
+Members Range(Session& session, const std::wstring& address) {
+    ValueAt(session.rows, address);
+    return {{L"value", kProperty, 0, [=, &session](const auto&) { return ValueAt(session.rows, address); }}};
+}
+
+Members Sheet(Session& session) {
+    return {{L"Range", kProperty, 1, [&session](const auto& address) {
+                 return NewObject(session, Range(session, address.bstrVal));
+             }}};
+}
+
+Members Workbook(Session& session) {
+    return {{L"Close", kMethod, 0, [&session](const auto&) {
+                 session.rows.clear();
+                 return _variant_t();
+             }}};
+}
+
+Members Workbooks(Session& session) {
+    return {{L"Open", kMethod, 1, [&session](const auto& path) {
+                 session.rows = ReadCellFile(path.bstrVal);
+                 return NewObject(session, Workbook(session));
+             }}};
+}
+
+Members Application(Session& session) {
+    return {{L"Workbooks", kProperty, 0, [&](const auto&) { return NewObject(session, Workbooks(session)); }},
+            {L"ActiveSheet", kProperty, 0, [&](const auto&) { return NewObject(session, Sheet(session)); }},
+            {L"Quit", kMethod, 0, [](const auto&) { return _variant_t(); }}};
+}
+
+// Lives as long as the thread of the server.
+class Factory : public IClassFactory {
+  public:
+    explicit Factory(CallLog& log) : m_session{log, {}} {}
+    virtual ~Factory() = default;
+
+    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** object) override {
+        const bool known = iid == IID_IUnknown || iid == IID_IClassFactory;
+        *object = known ? this : nullptr;
+        return known ? S_OK : E_NOINTERFACE;
+    }
+    ULONG STDMETHODCALLTYPE AddRef() override { return 2; }
+    ULONG STDMETHODCALLTYPE Release() override { return 1; }
+    HRESULT STDMETHODCALLTYPE LockServer(BOOL) override { return S_OK; }
+
+    HRESULT STDMETHODCALLTYPE CreateInstance(IUnknown*, REFIID iid, void** object) override {
+        *object = nullptr;
+        const HRESULT noted = m_session.log.Note(L"Create");
+        if (FAILED(noted)) return noted;
+        const _variant_t application = NewObject(m_session, Application(m_session));
+        return application.pdispVal->QueryInterface(iid, object);
+    }
+
+  private:
+    Session m_session;
+};
+
+// Answers clients until the thread is told to quit. The promise is the thread's id, once clients may call.
+void Serve(CallLog& log, std::promise<DWORD> threadId) {
+    Factory factory(log);
+    DWORD cookie = 0;
+    CoInitialize(nullptr);
+    CoRegisterClassObject(kClassId, &factory, CLSCTX_LOCAL_SERVER, REGCLS_MULTI_SEPARATE, &cookie);
+    threadId.set_value(GetCurrentThreadId());
+    for (MSG message; GetMessageW(&message, nullptr, 0, 0) > 0;) DispatchMessageW(&message);
+    CoRevokeClassObject(cookie);
+    CoUninitialize();
 }
 
 }  // namespace
 
-AutomationServer::AutomationServer()
-    : m_hMutex(CreateMutexW(nullptr, FALSE, L"mfx_automation_server")),
-      m_hEnd(CreateEventW(nullptr, TRUE, FALSE, kEndEvent)) {
+AutomationServer::AutomationServer() : m_hMutex(CreateMutexW(nullptr, FALSE, L"mfx_automation_server")) {
     WaitForSingleObject(m_hMutex, INFINITE);
-    CLSID id, ownId;
-    CLSIDFromString(kClassId, &ownId);
-    if (SUCCEEDED(CLSIDFromProgID(L"Excel.Application", &id)) && id != ownId)
+    CLSID id;
+    if (SUCCEEDED(CLSIDFromProgID(L"Excel.Application", &id)) && id != kClassId)
         throw std::runtime_error("Excel is installed here");
-    EndServers();  // of a test that crashed
-    Register();
+    wchar_t idText[40];
+    const int length = StringFromGUID2(kClassId, idText, static_cast<int>(std::size(idText)));
+    if (RegSetKeyValueW(HKEY_LOCAL_MACHINE, (std::wstring(kApplicationKey) + L"\\CLSID").c_str(), nullptr,
+                        REG_SZ, idText, static_cast<DWORD>(length) * sizeof(wchar_t)) != ERROR_SUCCESS)
+        throw std::runtime_error("the automation server can't be registered");
+    std::promise<DWORD> threadId;
+    std::future<DWORD> ready = threadId.get_future();
+    m_thread = std::thread(Serve, std::ref(m_log), std::move(threadId));
+    m_dwThreadId = ready.get();
 }
 
 AutomationServer::~AutomationServer() {
     Unregister();
-    EndServers();
-    CloseHandle(m_hEnd);
+    PostThreadMessageW(m_dwThreadId, WM_QUIT, 0, 0);
+    m_thread.join();
     ReleaseMutex(m_hMutex);
     CloseHandle(m_hMutex);
 }
 
-void AutomationServer::Register(const std::wstring& fault) {
-    const std::wstring quote = L"\"";
-    SetDefault(kClassKey + L"\\LocalServer32", quote + ProgramFolder() + L"\\" + kProgram + L"\" \"" +
-                                                   m_folder.Path(L"journal") + L"\" " + fault);
-    SetDefault(kApplicationKey + L"\\CLSID", kClassId);
-}
-
 void AutomationServer::Unregister() {
-    RegDeleteTreeW(HKEY_LOCAL_MACHINE, kApplicationKey.c_str());
-    RegDeleteTreeW(HKEY_LOCAL_MACHINE, kClassKey.c_str());
-}
-
-void AutomationServer::EndServers() {
-    SetEvent(m_hEnd);
-    for (const Handle& process : Servers())
-        if (WaitForSingleObject(process.get(), kEndMs) != WAIT_OBJECT_0) TerminateProcess(process.get(), 1);
-    ResetEvent(m_hEnd);
-}
-
-std::vector<std::string> AutomationServer::Journal() {
-    EndServers();
-    std::vector<std::string> lines;
-    if (!std::filesystem::exists(m_folder.Path(L"journal"))) return lines;
-    std::istringstream text(m_folder.Read(L"journal"));
-    for (std::string line; std::getline(text, line);) lines.push_back(line);
-    std::filesystem::remove(m_folder.Path(L"journal"));
-    return lines;
+    RegDeleteTreeW(HKEY_LOCAL_MACHINE, kApplicationKey);
 }

@@ -1,49 +1,46 @@
 #pragma once
 
-#include "support/TempFolder.h"
+#include "CellFile.h"
+#include "DispatchObject.h"
 
-#include <windows.h>
+#include <climits>
+#include <thread>
+#include <utility>
 
-#include <string>
-#include <vector>
-
-// Stands in for Excel while it lives: registers mfx_automation_server.exe, from the test program's folder,
-// for "Excel.Application", for the whole machine (Wine reads no other classes). One at a time in all test
-// programs: the constructor waits for the others. A test program that is killed leaves the registration
-// behind. Members throw std::runtime_error.
+// Stands in for Excel while it lives: a COM server on a thread of this program. It is registered as
+// "Excel.Application" for the whole machine, since Wine reads no other classes. The workbooks that it opens
+// are files of cells (CellFile.h); its sheet has the columns A to Z. There is one at a time in all test
+// programs: the constructor waits for the others, and throws std::runtime_error when it can't register. A
+// test program that is killed leaves the registration behind. Members are called while no client calls.
 class AutomationServer {
   public:
     AutomationServer();
-    // Ends what still runs and takes the registration back.
+    // Takes the registration back.
     ~AutomationServer();
     AutomationServer(const AutomationServer&) = delete;
     AutomationServer& operator=(const AutomationServer&) = delete;
 
-    // In servers started from now on, the n-th call of "Create", "Workbooks", "Open", "ActiveSheet", "Range",
-    // "value", "Close" or "Quit" fails, or ends the process instead.
-    void FailAt(const std::wstring& member, int nCall = 1) {
-        Register(L"fail " + member + L" " + std::to_wstring(nCall));
+    // As many calls fail as told, of whatever member. The first is the n-th call from now on of "Create",
+    // "Workbooks", "Open", "ActiveSheet", "Range", "value", "Close", "Quit" or "id" (the look-up of a name).
+    void FailAt(const std::wstring& member, int nCall = 1, HRESULT result = kExcelError, int nTimes = 1) {
+        m_log.fault = {member, nCall, nTimes, result};
     }
+    // From that call on, all fail as they do when the process of the server has ended.
     void DieAt(const std::wstring& member, int nCall = 1) {
-        Register(L"die " + member + L" " + std::to_wstring(nCall));
+        FailAt(member, nCall, HRESULT_FROM_WIN32(RPC_S_SERVER_UNAVAILABLE), INT_MAX);
     }
 
     // From now on there is no Excel on the machine.
     void Unregister();
 
-    // Ends the servers that still run and returns what was noted since the last time, a line each: "Create",
-    // calls with their argument ("Open C:\a.xls", "Range A1", "value"), "id NAME" for the lookup of a name,
-    // and at a server's end "objects N", those that its client had not released.
-    std::vector<std::string> Journal();
-
-    // For the server.
-    static constexpr wchar_t kClassId[] = L"{19D4B5AB-CC0E-4750-95AA-0A798D7D3760}";
-    static constexpr wchar_t kEndEvent[] = L"mfx_automation_server.end";
+    // The calls since the last time, each with its argument: "Create", "id Open", "Open C:\a.xls", "value".
+    std::vector<std::wstring> TakeCalls() { return std::exchange(m_log.lines, {}); }
+    // Objects that clients have not released.
+    int ObjectsInUse() const { return m_log.nObjects; }
 
   private:
-    void Register(const std::wstring& fault = L"");
-    void EndServers();
-
-    const TempFolder m_folder;
-    HANDLE m_hMutex, m_hEnd;
+    const HANDLE m_hMutex;
+    CallLog m_log;
+    std::thread m_thread;
+    DWORD m_dwThreadId = 0;
 };

@@ -1,52 +1,51 @@
 #include "DispatchObject.h"
 
-DispatchObject::DispatchObject(Journal& journal, std::vector<Member> members)
-    : m_journal(journal), m_members(std::move(members)) {
-    ++m_journal.m_nObjects;
+HRESULT CallLog::Note(const std::wstring& member, const std::wstring& argument) {
+    lines.push_back(argument.empty() ? member : member + L" " + argument);
+    if (fault.nCall > 0 && member == fault.member) --fault.nCall;
+    if (fault.nCall > 0 || fault.nTimes == 0) return S_OK;
+    --fault.nTimes;
+    return fault.result;
 }
 
-DispatchObject::~DispatchObject() {
-    if (--m_journal.m_nObjects == 0) PostQuitMessage(0);
-}
-
-HRESULT DispatchObject::QueryInterface(REFIID iid, void** ppObject) {
-    const bool bKnown = iid == IID_IUnknown || iid == IID_IDispatch;
-    *ppObject = bKnown ? this : nullptr;
-    if (bKnown) AddRef();
-    return bKnown ? S_OK : E_NOINTERFACE;
+HRESULT DispatchObject::QueryInterface(REFIID iid, void** object) {
+    const bool known = iid == IID_IUnknown || iid == IID_IDispatch;
+    *object = known ? this : nullptr;
+    if (known) AddRef();
+    return known ? S_OK : E_NOINTERFACE;
 }
 
 ULONG DispatchObject::Release() {
-    const ULONG nReferences = --m_nReferences;
-    if (nReferences == 0) delete this;
-    return nReferences;
+    const ULONG references = --m_nReferences;
+    if (references == 0) delete this;
+    return references;
 }
 
-HRESULT DispatchObject::GetIDsOfNames(REFIID, LPOLESTR* ppszNames, UINT nNames, LCID, DISPID* pIds) {
-    m_journal.Note(std::wstring(L"id ") + ppszNames[0]);
-    for (std::size_t i = 0; i < m_members.size() && nNames == 1; ++i)
-        if (lstrcmpiW(ppszNames[0], m_members[i].name.c_str()) == 0) {
-            pIds[0] = static_cast<DISPID>(i + 1);
+HRESULT DispatchObject::GetIDsOfNames(REFIID, LPOLESTR* names, UINT nameCount, LCID, DISPID* ids) {
+    const HRESULT noted = m_log.Note(L"id", names[0]);
+    if (FAILED(noted)) return noted;
+    for (std::size_t i = 0; i < m_members.size() && nameCount == 1; ++i)
+        if (lstrcmpiW(names[0], m_members[i].name.c_str()) == 0) {
+            ids[0] = static_cast<DISPID>(i + 1);
             return S_OK;
         }
     return DISP_E_UNKNOWNNAME;
 }
 
-HRESULT DispatchObject::Invoke(DISPID nId, REFIID, LCID, WORD nKinds, DISPPARAMS* pArguments,
-                               VARIANT* pResult, EXCEPINFO*, UINT*) {
-    const auto nMember = static_cast<std::size_t>(nId) - 1;
-    if (nMember >= m_members.size() || !(m_members[nMember].nKind & nKinds)) return DISP_E_MEMBERNOTFOUND;
-    const Member& member = m_members[nMember];
-    if (pArguments->cArgs != member.nArguments) return DISP_E_BADPARAMCOUNT;
-    const VARIANT* const pText = member.nArguments ? pArguments->rgvarg : nullptr;
-    if (pText && V_VT(pText) != VT_BSTR) return DISP_E_TYPEMISMATCH;
+HRESULT DispatchObject::Invoke(DISPID id, REFIID, LCID, WORD kinds, DISPPARAMS* arguments, VARIANT* result,
+                               EXCEPINFO*, UINT*) {
+    const auto index = static_cast<std::size_t>(id) - 1;
+    if (index >= m_members.size() || !(m_members[index].nKind & kinds)) return DISP_E_MEMBERNOTFOUND;
+    const Member& member = m_members[index];
+    if (arguments->cArgs != member.nArguments) return DISP_E_BADPARAMCOUNT;
     try {
-        const std::wstring argument(pText ? V_BSTR(pText) : L"", pText ? SysStringLen(V_BSTR(pText)) : 0);
-        m_journal.NoteCall(member.name, argument);
-        _variant_t result = member.call(argument);
-        if (pResult) *pResult = result.Detach();
+        const _variant_t argument = member.nArguments ? _variant_t(arguments->rgvarg[0]) : _variant_t(L"");
+        const HRESULT noted = m_log.Note(member.name, static_cast<LPCWSTR>(_bstr_t(argument)));
+        if (FAILED(noted)) return noted;
+        _variant_t value = member.call(argument);
+        if (result) *result = value.Detach();
         return S_OK;
     } catch (...) {
-        return static_cast<HRESULT>(0x800A03EC);  // as Excel says for whatever goes wrong in it
+        return kExcelError;
     }
 }

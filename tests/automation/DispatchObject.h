@@ -1,7 +1,5 @@
 #pragma once
 
-#include "Journal.h"
-
 #include <windows.h>
 #include <comdef.h>
 
@@ -9,34 +7,57 @@
 #include <string>
 #include <vector>
 
-struct Member {
-    std::wstring name;
-    WORD nKind;           // DISPATCH_METHOD or DISPATCH_PROPERTYGET
-    unsigned nArguments;  // none or a text
-    // Throws whatever it likes when the call is to fail.
-    std::function<_variant_t(const std::wstring& argument)> call;
+// As Excel says for whatever goes wrong in it.
+constexpr HRESULT kExcelError = static_cast<HRESULT>(0x800A03EC);
+
+// What clients asked of the objects of a server, and which of their calls go wrong.
+struct CallLog {
+    // Notes a call and returns what has to come of it.
+    HRESULT Note(const std::wstring& member, const std::wstring& argument = L"");
+
+    std::vector<std::wstring> lines;
+    int nObjects = 0;  // that clients hold
+
+    // Calls that go wrong, of whatever member: the first is the nCall-th of the member named.
+    struct {
+        std::wstring member;
+        int nCall = 0;
+        int nTimes = 0;
+        HRESULT result = S_OK;
+    } fault;
 };
 
-// An object that clients drive by the names of its members, in any case of letters. It notes lookups and
-// calls in the journal. Starts with one reference; the last object to go ends the message loop.
+// A member of an object, with one argument or none.
+struct Member {
+    std::wstring name;
+    WORD nKind;  // DISPATCH_METHOD, DISPATCH_PROPERTYGET or DISPATCH_PROPERTYPUT
+    unsigned nArguments;
+    // Throws whatever it likes when the call is to fail.
+    std::function<_variant_t(const _variant_t& argument)> call;
+};
+
+// An object that clients drive by the names of its members, in any case of letters. Look-ups of names are
+// noted as calls of "id". Starts with one reference.
 class DispatchObject : public IDispatch {
   public:
-    DispatchObject(Journal& journal, std::vector<Member> members);
+    DispatchObject(CallLog& log, std::vector<Member> members) : m_log(log), m_members(std::move(members)) {
+        ++m_log.nObjects;
+    }
 
-    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** ppObject) override;
+    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** object) override;
     ULONG STDMETHODCALLTYPE AddRef() override { return ++m_nReferences; }
     ULONG STDMETHODCALLTYPE Release() override;
     HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT*) override { return E_NOTIMPL; }
     HRESULT STDMETHODCALLTYPE GetTypeInfo(UINT, LCID, ITypeInfo**) override { return E_NOTIMPL; }
-    HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID, LPOLESTR* ppszNames, UINT nNames, LCID,
-                                            DISPID* pIds) override;
-    HRESULT STDMETHODCALLTYPE Invoke(DISPID nId, REFIID, LCID, WORD nKinds, DISPPARAMS* pArguments,
-                                     VARIANT* pResult, EXCEPINFO*, UINT*) override;
+    HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID, LPOLESTR* names, UINT nameCount, LCID,
+                                            DISPID* ids) override;
+    HRESULT STDMETHODCALLTYPE Invoke(DISPID id, REFIID, LCID, WORD kinds, DISPPARAMS* arguments,
+                                     VARIANT* result, EXCEPINFO*, UINT*) override;
 
   private:
-    virtual ~DispatchObject();
+    virtual ~DispatchObject() { --m_log.nObjects; }
 
-    Journal& m_journal;
+    CallLog& m_log;
     const std::vector<Member> m_members;  // a member's id is its place, from 1
     ULONG m_nReferences = 1;
 };

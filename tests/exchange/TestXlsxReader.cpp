@@ -8,9 +8,10 @@
 extern "C" __declspec(dllexport) ReadXlsxFunction ReadExcelAndFillTableColByCol;
 
 bool ReadExcelAndFillTableColByCol(const std::wstring path, const WorkbookColumns& columns,
-                                   WorkbookTable& table, CString& strError) {
+                                   WorkbookTable& table, CString& error) {
     if (path.find(L"throw") != std::wstring::npos) throw std::runtime_error("thrown");
     for (const std::wstring& letters : columns) table.push_back({path.c_str(), letters.c_str()});
-    strError = L"from the reader";
-    return path.find(L"refuse") == std::wstring::npos;
+    if (path.find(L"refuse") == std::wstring::npos) return true;
+    error = L"from the reader";
+    return false;
 }

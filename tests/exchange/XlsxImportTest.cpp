@@ -1,64 +1,41 @@
-#include "WorkbookImport.h"
+#include "LibraryPtr.h"
+#include "WorkbookReader.h"
 #include "XlsxReader.h"
-#include "module/ModuleTestSupport.h"
 #include "support/Process.h"
 #include "support/TempFolder.h"
 
-#include <gmock/gmock.h>
+#include <gtest/gtest.h>
 
 #include <filesystem>
-#include <utility>
 
 namespace fs = std::filesystem;
-using namespace testing;
 
-namespace {
-
-struct XlsxImportTest : Test {
-    ~XlsxImportTest() override {
-        if (m_hLoaded) FreeLibrary(m_hLoaded);
-    }
-
-    // A library that is loaded already is taken before the real one, which stands beside this program.
-    void Load(const std::wstring& path) {
-        m_hLoaded = LoadLibraryW(fs::path(path).make_preferred().c_str());
-        ASSERT_TRUE(m_hLoaded);
-    }
-
-    bool Read(const std::wstring& name) {
-        return ReadWorkbookTable(m_folder.Write(name, "").c_str(), {L"A", L"C"}, m_table, m_strError);
-    }
-
-    const StartedApp m_app{L"english"};
-    const TempFolder m_folder;
-    HMODULE m_hLoaded = nullptr;
-    WorkbookTable m_table{{L"left over"}};
-    CString m_strError = L"left over";
-};
-
-}  // namespace
-
-TEST_F(XlsxImportTest, HandsTheWorkbookToTheLibrary) {
-    Load(Wide(MFX_READER_FOLDER) + L"\\" + kXlsxReaderLibrary);
+// A library that is loaded already is taken before the real one, which stands beside this program.
+TEST(XlsxImportTest, HandsTheWorkbookToTheLibraryAndLetsGoOfIt) {
+    const TempFolder folder;
+    WorkbookTable table{{L"left over"}};
+    CString readerError;
+    const auto read = [&](const std::wstring& name) {
+        return ReadWorkbook(folder.Write(name, "").c_str(), {L"A", L"C"}, table, readerError);
+    };
+    fs::path file = fs::path(Wide(MFX_READER_FOLDER)) / kXlsxReaderLibrary;
+    LibraryPtr library(LoadLibraryW(file.make_preferred().c_str()));
+    ASSERT_TRUE(library);
     for (const std::wstring name : {L"日本 語.xlsx", L"B.XlSX"}) {
-        EXPECT_TRUE(Read(name));
-        const CString strPath = m_folder.Path(name).c_str();
-        EXPECT_EQ(m_table, (WorkbookTable{{strPath, L"A"}, {strPath, L"C"}}));
+        EXPECT_EQ(read(name), WorkbookFault::None);
+        const CString path = folder.Path(name).c_str();
+        EXPECT_EQ(table, (WorkbookTable{{path, L"A"}, {path, L"C"}}));
     }
-    EXPECT_FALSE(Read(L"refuse.xlsx"));
-    EXPECT_STREQ(m_strError, L"from the reader");
-    EXPECT_FALSE(Read(L"throw.xlsx"));
-    EXPECT_STREQ(m_strError, L"");
-    FreeLibrary(std::exchange(m_hLoaded, nullptr));
-    EXPECT_FALSE(GetModuleHandleW(kXlsxReaderLibrary));
-    EXPECT_FALSE(ReadWorkbookTable(m_folder.Path(L"none.xlsx").c_str(), {L"A"}, m_table, m_strError));
-    EXPECT_TRUE(m_table.empty());  // the library was not even asked
-}
-
-TEST_F(XlsxImportTest, FailsWithoutTheExport) {
-    const std::wstring library = m_folder.Path(kXlsxReaderLibrary);
-    fs::copy_file(ProgramFolder() + L"\\MfxKitu.dll", library);
-    Load(library);
-    EXPECT_FALSE(Read(L"b.xlsx"));
-    EXPECT_TRUE(m_table.empty() && m_strError.IsEmpty());
+    EXPECT_EQ(read(L"throw.xlsx"), WorkbookFault::ReaderFailed);
+    EXPECT_STREQ(readerError, L"");
+    EXPECT_EQ(read(L"refuse.xlsx"), WorkbookFault::ReaderFailed);
+    EXPECT_STREQ(readerError, L"from the reader");
+    library.reset();
+    EXPECT_FALSE(GetModuleHandleW(kXlsxReaderLibrary));  // the import let go of it
+    EXPECT_EQ(ReadWorkbook(L"C:\\none.xlsx", {L"A"}, table, readerError), WorkbookFault::NotFound);
+    EXPECT_TRUE(table.empty());
+    fs::copy_file(ProgramFolder() + L"\\MfxKitu.dll", folder.Path(kXlsxReaderLibrary));  // without the export
+    library.reset(LoadLibraryW(folder.Path(kXlsxReaderLibrary).c_str()));
+    EXPECT_TRUE(library);
+    EXPECT_EQ(read(L"b.xlsx"), WorkbookFault::ReaderMissing);
 }

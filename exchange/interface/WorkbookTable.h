@@ -1,3 +1,4 @@
+// What an import of a workbook asks for and what comes of it.
 #pragma once
 
 #include "resource.h"
@@ -21,7 +22,7 @@ enum class WorkbookFault : UINT {
     ReaderFailed,   // that library may have said why
     CellUnreadable,
     ExcelNotQuit,
-    // These have a text, and its id.
+    // A text in the resource libraries says these to the user; the value is its id.
     NotFound = IDS_WORKBOOK_NOT_FOUND,
     NotOpened = IDS_WORKBOOK_NOT_OPENED,
     ExcelNotStarted = IDS_EXCEL_NOT_STARTED,
