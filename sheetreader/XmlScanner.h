@@ -51,7 +51,6 @@ class XmlScanner {
     Token ReadStartTag();
     bool ParseStartTag();
     bool ParseAttribute(char*& p);
-    bool ParseValue(char*& p, std::string_view& value);
     void ResolveValues();
     void NoteRoot();
     void OpenElement();

@@ -2,8 +2,6 @@
 
 #include <zip.h>
 
-#include <array>
-#include <initializer_list>
 #include <stdexcept>
 
 namespace {
@@ -11,6 +9,15 @@ namespace {
 constexpr char kWorkbook[] =
     "<workbook><bookViews><workbookView activeTab='0'/></bookViews>"
     "<sheets><sheet name='Bands' sheetId='1' r:id='rId1'/></sheets></workbook>";
+
+constexpr char kPackageLinks[] =
+    "<Relationships><Relationship Id='rId1' Type='a/officeDocument' "
+    "Target='xl/workbook.xml'/></Relationships>";
+
+constexpr char kWorkbookLinks[] =
+    "<Relationships><Relationship Id='rId1' Type='a/worksheet' Target='worksheets/sheet1.xml'/>"
+    "<Relationship Id='rId2' Type='a/sharedStrings' Target='sharedStrings.xml'/>"
+    "<Relationship Id='rId3' Type='a/styles' Target='styles.xml'/></Relationships>";
 
 constexpr char kStrings[] =
     "<sst><si><t>plain</t></si>"
@@ -24,14 +31,6 @@ constexpr char kStyles[] =
     "</numFmts><cellXfs><xf/><xf numFmtId='9'/><xf numFmtId='14'/><xf "
     "numFmtId='164'/></cellXfs></styleSheet>";
 
-std::string Relationships(std::initializer_list<std::array<std::string, 2>> typesAndTargets) {
-    std::string list = "<Relationships>";
-    for (int nId = 1; const auto& [type, target] : typesAndTargets)
-        list += "<Relationship Id='rId" + std::to_string(nId++) + "' Type='http://any/" + type +
-                "' Target='" + target + "'/>";
-    return list + "</Relationships>";
-}
-
 }  // namespace
 
 std::string Repeated(const std::string& text, std::size_t nTimes) {
@@ -43,11 +42,9 @@ std::string Repeated(const std::string& text, std::size_t nTimes) {
 Parts MakeParts(const std::string& rows) {
     return {
         {"[Content_Types].xml", "<Types/>"},
-        {"_rels/.rels", Relationships({{"officeDocument", "xl/workbook.xml"}})},
+        {"_rels/.rels", kPackageLinks},
         {"xl/workbook.xml", kWorkbook},
-        {"xl/_rels/workbook.xml.rels", Relationships({{"worksheet", "worksheets/sheet1.xml"},
-                                                      {"sharedStrings", "sharedStrings.xml"},
-                                                      {"styles", "styles.xml"}})},
+        {"xl/_rels/workbook.xml.rels", kWorkbookLinks},
         {"xl/sharedStrings.xml", kStrings},
         {"xl/styles.xml", kStyles},
         {"xl/worksheets/sheet1.xml", "<worksheet><sheetData>" + rows + "</sheetData></worksheet>"},

@@ -109,14 +109,6 @@ TEST(XlsxColumnsTest, PutsCellsInTheirPlaces) {
         (Table{{L"1"}, {L"1"}, {}, {}, {}, {L"1"}, {L""}}));
 }
 
-TEST(XlsxColumnsTest, ReadsElementsWithPrefix) {
-    Parts parts = MakeParts("<row><c t='s'><v>0</v></c><c s='2'><v>1</v></c></row>");
-    for (auto& [name, part] : parts)
-        for (std::size_t nAt = 0; (nAt = part.find('<', nAt)) != part.npos; ++nAt)
-            if (part[nAt + 1] != '!') part.insert(nAt + (part[nAt + 1] == '/' ? 2 : 1), "p:");
-    EXPECT_EQ(Read(parts), (Table{{L"plain"}, {L""}}));
-}
-
 TEST(XlsxColumnsTest, RefusesDamagedWorkbooks) {
     const std::string at = "r='A1'";
     const struct {

@@ -48,32 +48,19 @@ TEST(XmlScannerTest, ReadsLongTokens) {
 }
 
 TEST(XmlScannerTest, RefusesWhatIsNotWellFormed) {
-    const std::string documents[] = {
-        "",
-        "<other/>",
-        "<list>",
-        "<list></listing>",
-        "<list></lis>",
-        "</list>",
-        "<list/><list/>",
-        "<list/>x",
-        "x<list/>",
-        "<![CDATA[x]]><list/>",
-        "<!DOCTYPE list [<!ENTITY one '1'>]><list/>",
-        "<list a/>",
-        "<list a=1/>",
-        "<list a='<'/>",
-        "<list / >",
-        "<list><item>&one;</item></list>",
-        "<list><item>&#xD800;</item></list>",
-        "<list><item>&#0;</item></list>",
-        "<list><item>&amp</item></list>",
-        "<list><!-- </list>",
-        std::string("<list>\0</list>", 14),
-        ToUtf16("<list/>", false, true) + "\n",            // half a character
-        ToUtf16("<list/>", false, true) + "\x01\xD8\n\0",  // half a surrogate pair
-        "<list>" + Repeated("<a>", 300) + Repeated("</a>", 300) + "</list>",
-        "<list a='" + std::string(34 << 20, '>') + "'/>"};
-    for (const std::string& document : documents)
+    const auto expectRefused = [](const std::string& document) {
         EXPECT_THROW(Describe(document, 4096), std::runtime_error) << document.substr(0, 60);
+    };
+    for (const std::string document :
+         {"", "<other/>", "<list>", "<list></listing>", "<list></lis>", "</list>", "<list/><list/>",
+          "<list/>x", "x<list/>", "<![CDATA[x]]><list/>", "<!DOCTYPE list [<!ENTITY one '1'>]><list/>",
+          "<list a/>", "<list a=1/>", "<list a='<'/>", "<list / >", "<list><!-- </list>"})
+        expectRefused(document);
+    for (const std::string text : {"&one;", "&#xD800;", "&#0;", "&amp"})
+        expectRefused("<list><item>" + text + "</item></list>");
+    expectRefused(std::string("<list>\0</list>", 14));
+    expectRefused(ToUtf16("<list/>", false, true) + "\n");                            // half a character
+    expectRefused(ToUtf16("<list/>", false, true) + std::string("\x01\xD8\n\0", 4));  // half a pair
+    expectRefused("<list>" + Repeated("<a>", 300) + Repeated("</a>", 300) + "</list>");
+    expectRefused("<list a='" + std::string(34 << 20, '>') + "'/>");
 }
