@@ -14,11 +14,11 @@ class Inflater {
   public:
     using File = std::unique_ptr<zip_file, int (*)(zip_file*)>;
 
-    // Takes what it inflates from the bytes that are left, which have to live as long.
+    // Counts nBytesLeft down by what it inflates. The count has to live as long.
     Inflater(File pFile, std::uint64_t& nBytesLeft) : m_pFile(std::move(pFile)), m_nBytesLeft(nBytesLeft) {}
 
     // The next chunk, valid until the next call; empty at the part's end. Throws std::runtime_error when the
-    // part is damaged or no bytes are left.
+    // part is damaged or has more bytes than are left.
     std::string_view Next();
 
   private:

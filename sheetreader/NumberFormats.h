@@ -5,15 +5,15 @@
 #include <string_view>
 #include <vector>
 
-// The number formats of a workbook. They tell numbers that automation gives as plain ones from dates, such as
-// "yyyy\-mm\-dd", and currencies, such as "[$€-40C] 0.00". Currencies of all countries count. "0.00%" and
-// "[$-409]0.0" are plain.
+// The number formats of a workbook's styles. A format shows a date, "yyyy\-mm\-dd", a currency of any
+// country,
+// "[$€-40C] 0.00", or a plain number, "0.00%" or "[$-409]0.0".
 class NumberFormats {
   public:
     NumberFormats() = default;
-    explicit NumberFormats(XmlScanner styles);
+    explicit NumberFormats(XmlScanner xml);
 
-    // Whether a cell of this style shows plain numbers. It does when there is no such style.
+    // Whether cells of this style show plain numbers. Those of an unknown style do.
     bool IsPlain(std::size_t nStyle) const { return nStyle >= m_isPlain.size() || m_isPlain[nStyle]; }
 
   private:
