@@ -1,5 +1,5 @@
-// Reading columns of .xlsx workbooks against the least that it takes: inflating the same parts and passing
-// over their bytes once.
+// Reads columns of .xlsx workbooks. The reference is the least that this takes: it inflates the same parts
+// and passes over their bytes once.
 
 #include "CrashReport.h"
 #include "RatioReport.h"
@@ -26,12 +26,11 @@ struct Book {
     std::size_t nRows, nColumns;
 };
 
-// How many different texts the cells share.
-std::size_t CountTexts(const Book& book) {
+std::size_t CountSharedStrings(const Book& book) {
     return book.nRows / 5;
 }
 
-// Every other column has measured numbers, the others texts.
+// Columns of texts and of measured numbers take turns.
 std::string MakeRows(const Book& book, bool bInline) {
     std::mt19937 random(1);
     std::string rows;
@@ -45,21 +44,21 @@ std::string MakeRows(const Book& book, bool bInline) {
             else if (bInline)
                 rows += "<c r=\"" + at + "\" t=\"inlineStr\"><is><t>band " + at + "</t></is></c>";
             else
-                rows += "<c r=\"" + at + "\" t=\"s\"><v>" + std::to_string(random() % CountTexts(book)) +
-                        "</v></c>";
+                rows += "<c r=\"" + at + "\" t=\"s\"><v>" +
+                        std::to_string(random() % CountSharedStrings(book)) + "</v></c>";
         }
         rows += "</row>";
     }
     return rows;
 }
 
-// In a process of its own, so that the peak memory of this one is that of reading.
+// Runs in a process of its own: the peak memory of this one is then that of reading.
 int MakeBook(const Book& book, bool bInline) {
     Parts parts = MakeParts(MakeRows(book, bInline));
-    std::string& texts = parts["xl/sharedStrings.xml"] = "<sst>";
-    for (std::size_t i = 0; i < CountTexts(book); ++i)
-        texts += "<si><t>band " + std::to_string(i) + "</t></si>";
-    texts += "</sst>";
+    std::string& strings = parts["xl/sharedStrings.xml"] = "<sst>";
+    for (std::size_t i = 0; i < CountSharedStrings(book); ++i)
+        strings += "<si><t>band " + std::to_string(i) + "</t></si>";
+    strings += "</sst>";
     std::ofstream file(std::filesystem::path(book.path), std::ios::binary);
     return file << MakeZip(parts) << std::flush ? EXIT_SUCCESS : EXIT_FAILURE;
 }
@@ -81,7 +80,7 @@ void Inflate(benchmark::State& state, const Book& book) {
     }
 }
 
-// Columns from A on, by the reader alone or with the table that its export gives.
+// Reads the columns from A on, and makes the table that the export gives when asked to.
 void Read(benchmark::State& state, const Book& book, std::size_t nColumns, bool bTable) {
     std::vector<std::wstring> letters;
     for (std::size_t i = 0; i < nColumns; ++i) letters.emplace_back(1, static_cast<wchar_t>(L'A' + i));

@@ -9,7 +9,7 @@
 
 namespace {
 
-// Of a number that is out of range: whether it is too small, "1E-400".
+// Tells a number out of range that is too small, "1E-400", from one that is too large.
 bool IsTiny(std::string_view number) {
     const std::size_t nExponent = number.find_first_of("eE");
     return nExponent != number.npos && number.substr(nExponent + 1).starts_with('-');
@@ -27,12 +27,12 @@ Number Parse(std::string_view text) {
     return 0;
 }
 
-// With six decimals, where it is beyond doubt which are nearest to the value; empty elsewhere. Several times
-// as fast as the exact conversion.
+// Six decimals, several times as fast as the exact conversion. Empty where the fast way could round wrongly.
 std::string_view WriteMillionths(double value, Digits& digits) {
     const double millionths = std::abs(value) * 1e6, whole = std::floor(millionths),
                  rest = millionths - whole;
-    if (millionths > 1e12 || std::abs(rest - 0.5) < 0.001) return {};  // the product is off by less
+    if (millionths > 1e12 || std::abs(rest - 0.5) < 0.001)
+        return {};  // less than the product's error is safe
     auto nLeft = static_cast<std::uint64_t>(whole) + (rest > 0.5);
     char* p = std::end(digits);
     const auto write = [&] { *--p = static_cast<char>('0' + nLeft % 10), nLeft /= 10; };

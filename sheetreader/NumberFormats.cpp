@@ -1,6 +1,7 @@
 #include "NumberFormats.h"
 
 #include "CellNumber.h"
+#include "Limits.h"
 
 #include <algorithm>
 #include <map>
@@ -14,7 +15,7 @@ bool IsIn(std::uint32_t nFormat, const std::pair<unsigned, unsigned> (&ranges)[N
                        [=](const auto& range) { return nFormat >= range.first && nFormat <= range.second; });
 }
 
-// Of the formats that are built in. Their codes differ between countries.
+// The codes of built-in currencies differ between countries.
 bool IsBuiltInCurrency(std::uint32_t nFormat) {
     return IsIn(nFormat, {{5, 8}, {42, 42}, {44, 44}});
 }
@@ -24,17 +25,25 @@ bool IsBuiltInDate(std::uint32_t nFormat) {
     return IsIn(nFormat, {{14, 22}, {27, 36}, {45, 47}, {50, 58}, {71, 81}});
 }
 
-// Whether a sign is shown: not "_€", a gap as wide, nor "*€", which fills the cell. "[$-" opens a language;
-// other brackets with a dollar sign have a currency, "[$CHF-807]".
+// Whether the sign at this place shows a currency. "_€" is a gap as wide as the sign, "*€" fills the cell
+// with it. "[$-409]" is a language, "[$CHF-807]" a currency.
+bool ShowsCurrency(std::string_view code, std::string_view sign, std::size_t nAt) {
+    const char before = nAt > 0 ? code[nAt - 1] : '\0';
+    const bool bLanguage = sign == "$" && code.substr(nAt + 1).starts_with('-');
+    return before != '_' && before != '*' && !bLanguage;
+}
+
 bool HasCurrency(std::string_view code) {
     for (const std::string_view sign :
          {"$", "€", "£", "¥", "₩", "₤", "₨", "₪", "₫", "₱", "₴", "₹", "₺", "₽", "฿", "￡", "￥", "￦"})
-        for (std::size_t nAt = 0; (nAt = code.find(sign, nAt)) != code.npos; nAt += sign.size()) {
-            const char before = nAt > 0 ? code[nAt - 1] : '\0';
-            const bool bLanguage = sign == "$" && code.substr(nAt + 1).starts_with('-');
-            if (before != '_' && before != '*' && !bLanguage) return true;
-        }
+        for (std::size_t nAt = 0; (nAt = code.find(sign, nAt)) != code.npos; nAt += sign.size())
+            if (ShowsCurrency(code, sign, nAt)) return true;
     return false;
+}
+
+// Brackets hold an elapsed time, "[hh]", or else a language, a colour or a condition.
+bool IsElapsedTime(std::string_view inBrackets) {
+    return !inBrackets.empty() && inBrackets.find_first_not_of("hmsHMS") == inBrackets.npos;
 }
 
 bool HasDate(std::string_view code) {
@@ -45,9 +54,8 @@ bool HasDate(std::string_view code) {
         } else if (ch == '"') {
             nAt = std::min(code.find('"', nAt + 1), code.size());
         } else if (ch == '[') {
-            // An elapsed time [hh], or else a language, colour or condition.
             const std::size_t nEnd = std::min(code.find(']', nAt), code.size());
-            if (nEnd > nAt + 1 && code.find_first_not_of("hmsHMS", nAt + 1) == nEnd) return true;
+            if (IsElapsedTime(code.substr(nAt + 1, nEnd - nAt - 1))) return true;
             nAt = nEnd;
         } else if (std::string_view("ymdhsYMDHS").find(ch) != std::string_view::npos) {
             return true;
@@ -56,32 +64,41 @@ bool HasDate(std::string_view code) {
     return false;
 }
 
-bool IsPlainCode(std::string_view code) {
-    return !HasCurrency(code) && !HasDate(code);
+// What a workbook's styles say, by their numbers.
+struct Styles {
+    std::map<std::uint32_t, bool> isPlainFormat;  // of the formats that the workbook defines
+    std::vector<std::uint32_t> formats;           // of the styles of cells
+};
+
+// Reads the element that was just entered in the list.
+void ReadEntry(const XmlScanner& xml, std::string_view list, std::string_view name, Styles& styles) {
+    const std::string_view id = xml.Attribute("numFmtId");
+    if (list == "numFmts" && name == "numFmt") {
+        const std::string_view code = xml.Attribute("formatCode");
+        styles.isPlainFormat[ParseIndex(id)] = !HasCurrency(code) && !HasDate(code);
+    } else if (list == "cellXfs" && name == "xf") {
+        styles.formats.push_back(id.empty() ? 0 : ParseIndex(id));
+    }
+    if (styles.formats.size() > kMaxListEntries || styles.isPlainFormat.size() > kMaxListEntries)
+        throw std::runtime_error("too many formats");
+}
+
+bool IsPlainFormat(std::uint32_t nFormat, const std::map<std::uint32_t, bool>& isPlainFormat) {
+    if (IsBuiltInCurrency(nFormat)) return false;
+    const auto own = isPlainFormat.find(nFormat);
+    return own == isPlainFormat.end() ? !IsBuiltInDate(nFormat) : own->second;
 }
 
 }  // namespace
 
-NumberFormats::NumberFormats(XmlScanner styles) {
-    std::map<std::uint32_t, bool> ownFormats;
-    std::vector<std::uint32_t> cellFormats;
-    styles.EnterRoot("styleSheet");
-    styles.ForEachChild([&](std::string_view list) {
-        const bool bOwn = list == "numFmts", bCells = list == "cellXfs";
-        styles.ForEachChild([&](std::string_view name) {
-            const std::string_view id = styles.Attribute("numFmtId");
-            if (bOwn && name == "numFmt")
-                ownFormats[ParseIndex(id)] = IsPlainCode(styles.Attribute("formatCode"));
-            else if (bCells && name == "xf")
-                cellFormats.push_back(id.empty() ? 0 : ParseIndex(id));
-            if (cellFormats.size() == kTooManyEntries || ownFormats.size() == kTooManyEntries)
-                throw std::runtime_error("too many formats");
-        });
+NumberFormats::NumberFormats(XmlScanner xml) {
+    Styles styles;
+    xml.EnterRoot("styleSheet");
+    xml.ForEachChild([&](std::string_view child) {
+        const std::string list(child);  // the view ends with the first entry
+        xml.ForEachChild([&](std::string_view name) { ReadEntry(xml, list, name, styles); });
     });
-    styles.Finish();
-    for (const std::uint32_t nFormat : cellFormats) {
-        const auto own = ownFormats.find(nFormat);
-        m_plain.push_back(!IsBuiltInCurrency(nFormat) &&
-                          (own == ownFormats.end() ? !IsBuiltInDate(nFormat) : own->second));
-    }
+    xml.Finish();
+    for (const std::uint32_t nFormat : styles.formats)
+        m_isPlain.push_back(IsPlainFormat(nFormat, styles.isPlainFormat));
 }

@@ -11,32 +11,34 @@
 struct zip;
 struct zip_source;
 
-// What a part refers to: Id="rId1" Type="http://schemas.openxmlformats.org/…/worksheet" Target="sheet1.xml".
-struct Relation {
-    std::string id, kind;  // the last word of the type, which the strict variant of the format shares
-    std::string part;      // full name; empty when it is outside of the package
+// A reference of a part to another one:
+//     <Relationship Id="rId1" Type="http://schemas.openxmlformats.org/…/worksheet" Target="sheet1.xml"/>
+struct Relationship {
+    std::string id;
+    std::string type;  // its last word, "worksheet": the rest differs between variants of the format
+    std::string part;  // full name of the target; empty when that is outside of the package
 };
 
-// The parts of a workbook, by names such as "xl/workbook.xml" in any case; escaped ("a%20b.xml") they are
-// found in either form. All members throw std::runtime_error when a part is missing, damaged or encrypted, or
-// when what was read by then inflates past 1 GB, or past 64 MB and 250 times the size of the file.
+// The zip archive of a workbook and its parts. Names are such as "xl/workbook.xml", in any case; escaped ones
+// ("a%20b.xml") are found in either form. All members throw std::runtime_error when a part is missing,
+// damaged or encrypted, or when the parts inflate too far (kMaxInflation).
 class Package {
   public:
     // Takes over the source, also when it throws.
     explicit Package(zip_source* pSource);
 
     // The package has to live as long as the scanner.
-    XmlScanner Open(const std::string& part);
+    XmlScanner OpenPart(const std::string& part);
 
-    // In the order of the file; those of the package itself for "". None when there is no list.
-    std::vector<Relation> Relations(const std::string& part);
-
-    // The part that the first relation of this kind names; empty without one.
-    static std::string FindPart(const std::vector<Relation>& relations, std::string_view kind);
+    // Those of a part, or of the package itself for "", in the order of the file; none when there is no list.
+    std::vector<Relationship> ReadRelationships(const std::string& part);
 
   private:
-    std::optional<std::uint64_t> Find(const std::string& part) const;
+    std::optional<std::uint64_t> FindEntry(const std::string& part) const;
 
     std::unique_ptr<zip, void (*)(zip*)> m_pZip;
-    std::uint64_t m_nMayInflate;
+    std::uint64_t m_nBytesLeft;  // that the parts may still inflate to
 };
+
+// The target of the first relationship of this type; empty when there is none.
+std::string FindTarget(const std::vector<Relationship>& relationships, std::string_view type);

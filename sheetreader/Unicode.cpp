@@ -19,6 +19,15 @@ void AppendUtf8(std::string& utf8, char32_t ch) {
 
 namespace {
 
+bool IsSurrogate(char32_t unit) {
+    return unit >= 0xD800 && unit <= 0xDFFF;
+}
+
+char32_t JoinSurrogates(char32_t high, char32_t low) {
+    if (high > 0xDBFF || low < 0xDC00 || low > 0xDFFF) throw std::runtime_error("no UTF-16");
+    return 0x10000 + ((high & 0x3FF) << 10 | (low & 0x3FF));
+}
+
 // The character whose first byte is at nAt, which moves behind it.
 char32_t Decode(std::string_view utf8, std::size_t& nAt) {
     constexpr char32_t kLeast[] = {0x80, 0x800, 0x10000};  // of each length; less is an overlong form
@@ -37,6 +46,21 @@ char32_t Decode(std::string_view utf8, std::size_t& nAt) {
 }
 
 }  // namespace
+
+std::size_t AppendUtf16(std::string& utf8, std::string_view utf16, bool bBigEndian) {
+    const auto byte = [&](std::size_t nAt) { return static_cast<unsigned char>(utf16[nAt]); };
+    const auto unit = [&](std::size_t nAt) -> char32_t {
+        const unsigned nFirst = byte(nAt), nSecond = byte(nAt + 1);
+        return bBigEndian ? nFirst << 8 | nSecond : nSecond << 8 | nFirst;
+    };
+    for (std::size_t nAt = 0;;) {
+        const std::size_t nLeft = utf16.size() - nAt;
+        const bool bPair = nLeft >= 2 && IsSurrogate(unit(nAt));
+        if (nLeft < (bPair ? 4 : 2)) return nAt;
+        AppendUtf8(utf8, bPair ? JoinSurrogates(unit(nAt), unit(nAt + 2)) : unit(nAt));
+        nAt += bPair ? 4 : 2;
+    }
+}
 
 void ToWide(std::string_view utf8, std::wstring& wide) {
     // Most texts are ASCII, whose characters need not be told apart.

@@ -1,7 +1,9 @@
 #include "XlsxColumns.h"
 
 #include "CellNumber.h"
+#include "Limits.h"
 #include "NumberFormats.h"
+#include "RichText.h"
 #include "Workbook.h"
 
 #include <algorithm>
@@ -9,9 +11,8 @@
 
 namespace {
 
-constexpr std::uint32_t kMaxRow = 1 << 20, kMaxColumn = 1 << 14;
-constexpr std::size_t kMaxCells = 1 << 24, kMaxText = 1 << 28;
-constexpr std::uint32_t kNoText = 0, kColumnA = 1;  // text, and slot
+constexpr std::uint32_t kEmptyString = 0;
+constexpr std::uint16_t kUnreadSlot = 0, kColumnASlot = 1;
 
 // 1 for "A"; 0 when the letters are those of no column.
 template <class Char>
@@ -25,57 +26,64 @@ std::uint32_t ColumnNumber(std::basic_string_view<Char> letters) {
     return nNumber > kMaxColumn ? 0 : nNumber;
 }
 
-struct Place {
+struct CellReference {
     std::uint32_t nRow, nColumn;
 };
 
-// Of a reference such as "B12".
-Place ParseReference(std::string_view reference) {
+// "B12" is row 12, column 2.
+CellReference ParseCellReference(std::string_view reference) {
     std::size_t nLetters = 0;
     while (nLetters < reference.size() && (reference[nLetters] < '0' || reference[nLetters] > '9'))
         ++nLetters;
     return {ParseIndex(reference.substr(nLetters)), ColumnNumber(reference.substr(0, nLetters))};
 }
 
+bool IsInSheet(const CellReference& cell) {
+    return cell.nRow > 0 && cell.nRow <= kMaxRow && cell.nColumn > 0 && cell.nColumn <= kMaxColumn;
+}
+
 }  // namespace
 
 XlsxColumns::XlsxColumns(zip_source* pSource, const std::vector<std::wstring>& letters) {
     Workbook workbook(pSource);
-    m_columns.resize(2);
+    RequestColumns(letters);
+    const std::optional<std::string> sheet = workbook.FindActiveSheet();
+    if (!sheet) return;
+    m_strings = workbook.ReadSharedStrings();
+    m_nSharedStrings = m_strings.size() - 1;
+    const NumberFormats formats = workbook.ReadNumberFormats();
+    ReadSheet(workbook.OpenPart(*sheet), formats);
+    m_nRows = CountRows();
+    CheckTableSize();
+}
+
+void XlsxColumns::RequestColumns(const std::vector<std::wstring>& letters) {
+    m_columns.resize(kColumnASlot + 1);
     m_slots.resize(kMaxColumn + 1);
-    m_slots[1] = kColumnA;
+    m_slots[1] = kColumnASlot;
     for (const std::wstring& letter : letters) {
         const std::uint32_t nNumber = ColumnNumber(std::wstring_view(letter));
-        if (nNumber && !m_slots[nNumber]) {
+        if (nNumber && m_slots[nNumber] == kUnreadSlot) {
             m_slots[nNumber] = static_cast<std::uint16_t>(m_columns.size());
             m_columns.emplace_back();
         }
-        m_asked.push_back(m_slots[nNumber]);
+        m_requestedSlots.push_back(m_slots[nNumber]);
     }
-    const std::optional<std::string> sheet = workbook.FindActiveSheet();
-    if (!sheet) return;
-    m_texts = workbook.ReadSharedTexts();
-    m_nSharedTexts = m_texts.size();
-    const NumberFormats formats = workbook.ReadFormats();
-    ReadSheet(workbook.OpenPart(*sheet), formats);
-    m_nRows = CountRows();
-    CheckSize();
 }
 
-// A text that cells share counts for each of them.
-void XlsxColumns::CheckSize() const {
-    std::size_t nText = 0;
-    if (m_nRows * m_asked.size() > kMaxCells) throw std::length_error("too large a table");
-    for (const std::uint16_t nSlot : m_asked)
+void XlsxColumns::CheckTableSize() const {
+    std::size_t nBytes = 0;
+    if (m_nRows * m_requestedSlots.size() > kMaxTableCells) throw std::length_error("too large a table");
+    for (const std::uint16_t nSlot : m_requestedSlots)
         for (const Cell& cell : m_columns[nSlot])
-            if (cell.nRow <= m_nRows) nText += m_texts[cell.nText].size();
-    if (nText > kMaxText) throw std::length_error("too large a table");
+            if (cell.nRow <= m_nRows) nBytes += m_strings[cell.nString].size();
+    if (nBytes > kMaxTableBytes) throw std::length_error("too large a table");
 }
 
 void XlsxColumns::ReadSheet(XmlScanner xml, const NumberFormats& formats) {
     std::uint32_t nRow = 0;
-    xml.EnterRoot("worksheet");
     bool bData = false;
+    xml.EnterRoot("worksheet");
     xml.ForEachChild([&](std::string_view name) {
         if (name != "sheetData") return;
         bData = true;
@@ -90,69 +98,73 @@ void XlsxColumns::ReadSheet(XmlScanner xml, const NumberFormats& formats) {
     if (!bData) throw std::runtime_error("a sheet without data");
 }
 
+// A cell without a reference stands beside the one before it.
 void XlsxColumns::ReadRow(XmlScanner& xml, const NumberFormats& formats, std::uint32_t nRow) {
-    Place place{nRow, 0};
+    CellReference cell{nRow, 0};
     xml.ForEachChild([&](std::string_view name) {
         if (name != "c") return;
         const std::string_view reference = xml.Attribute("r");
-        place = reference.empty() ? Place{nRow, place.nColumn + 1} : ParseReference(reference);
-        if (place.nRow == 0 || place.nRow > kMaxRow || place.nColumn == 0 || place.nColumn > kMaxColumn)
-            throw std::runtime_error("a cell outside of the sheet");
-        const std::uint16_t nSlot = m_slots[place.nColumn];
-        if (nSlot == 0) return;
-        if (m_nCells++ == kMaxCells) throw std::length_error("too many cells");
-        m_columns[nSlot].push_back({place.nRow, ReadCell(xml, formats)});
+        cell = reference.empty() ? CellReference{nRow, cell.nColumn + 1} : ParseCellReference(reference);
+        if (!IsInSheet(cell)) throw std::runtime_error("a cell outside of the sheet");
+        const std::uint16_t nSlot = m_slots[cell.nColumn];
+        if (nSlot == kUnreadSlot) return;
+        if (m_nCells++ == kMaxTableCells) throw std::length_error("too many cells");
+        m_columns[nSlot].push_back({cell.nRow, ReadCell(xml, formats)});
     });
 }
 
-// Logical values, errors and dates are no text to automation.
+// Automation's clients get no text for logical values, errors and dates.
 XlsxColumns::CellType XlsxColumns::ParseCellType(std::string_view type) {
     if (type.empty() || type == "n") return CellType::Number;
-    if (type == "s") return CellType::SharedText;
-    if (type == "inlineStr") return CellType::InlineText;
-    if (type == "str") return CellType::FormulaText;
+    if (type == "s") return CellType::SharedString;
+    if (type == "inlineStr") return CellType::InlineString;
+    if (type == "str") return CellType::FormulaString;
     if (type == "b" || type == "e" || type == "d") return CellType::NoText;
     throw std::runtime_error("a cell of an unknown type");
 }
 
+// Returns the number of the cell's string; so do the next three.
 std::uint32_t XlsxColumns::ReadCell(XmlScanner& xml, const NumberFormats& formats) {
     const CellType type = ParseCellType(xml.Attribute("t"));
     const std::string_view style = xml.Attribute("s");
     const bool bPlain = formats.IsPlain(style.empty() ? 0 : ParseIndex(style));
-    std::uint32_t nText = kNoText;
+    std::uint32_t nString = kEmptyString;
     xml.ForEachChild([&](std::string_view name) {
-        if (name == "v" && (type != CellType::Number || bPlain)) nText = ReadValue(xml, type);
-        if (name == "is" && type == CellType::InlineText) nText = ReadText(xml, ReadRichText);
+        if (name == "v" && (type != CellType::Number || bPlain)) nString = ReadValue(xml, type);
+        if (name == "is" && type == CellType::InlineString) nString = ReadString(xml, ReadRichText);
     });
-    return nText;
+    return nString;
 }
 
 std::uint32_t XlsxColumns::ReadValue(XmlScanner& xml, CellType type) {
-    if (type == CellType::FormulaText || type == CellType::InlineText) return ReadText(xml, ReadPlainText);
+    if (type == CellType::FormulaString || type == CellType::InlineString)
+        return ReadString(xml, ReadPlainText);
     const std::string_view value = xml.ReadText(m_text);
-    if (value.empty()) return kNoText;
-    if (type == CellType::SharedText) {
-        const std::uint32_t nText = ParseIndex(value);
-        if (nText >= m_nSharedTexts - 1) throw std::runtime_error("no such text");
-        return nText + 1;
-    }
-    if (type != CellType::Number) return kNoText;
+    if (value.empty() || type == CellType::NoText) return kEmptyString;
+    if (type == CellType::SharedString) return SharedString(value);
     Digits digits;
-    return m_texts.Add(FormatCellNumber(value, digits));
+    return m_strings.Add(FormatCellNumber(value, digits));
 }
 
-std::uint32_t XlsxColumns::ReadText(XmlScanner& xml, void (*read)(XmlScanner&, std::string&)) {
+std::uint32_t XlsxColumns::ReadString(XmlScanner& xml, void (*read)(XmlScanner&, std::string&)) {
     m_text.clear();
     read(xml, m_text);
-    return m_texts.Add(m_text);
+    return m_strings.Add(m_text);
 }
 
+std::uint32_t XlsxColumns::SharedString(std::string_view index) const {
+    const std::uint32_t nIndex = ParseIndex(index);
+    if (nIndex >= m_nSharedStrings) throw std::runtime_error("no such shared string");
+    return nIndex + 1;
+}
+
+// Rows of column A above its first empty cell.
 std::size_t XlsxColumns::CountRows() const {
-    std::vector<std::uint32_t> texts;
-    for (const auto& [nRow, nText] : m_columns[kColumnA]) {
-        if (nRow > texts.size()) texts.resize(nRow);
-        texts[nRow - 1] = nText;
+    std::vector<std::uint32_t> strings;
+    for (const auto& [nRow, nString] : m_columns[kColumnASlot]) {
+        if (nRow > strings.size()) strings.resize(nRow);
+        strings[nRow - 1] = nString;
     }
-    const auto empty = [this](std::uint32_t nText) { return m_texts[nText].empty(); };
-    return static_cast<std::size_t>(std::find_if(texts.begin(), texts.end(), empty) - texts.begin());
+    const auto isEmpty = [this](std::uint32_t nString) { return m_strings[nString].empty(); };
+    return static_cast<std::size_t>(std::find_if(strings.begin(), strings.end(), isEmpty) - strings.begin());
 }

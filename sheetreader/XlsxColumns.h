@@ -1,6 +1,6 @@
 #pragma once
 
-#include "TextPool.h"
+#include "StringPool.h"
 #include "Unicode.h"
 #include "XmlScanner.h"
 
@@ -10,54 +10,58 @@
 struct zip_source;
 class NumberFormats;
 
-// Columns of the sheet that is active when Excel opens an .xlsx workbook, with the texts that its automation
-// would give: numbers with at most six decimals (10.0 gives "10"), texts, results of formulas; nothing for
-// dates, currencies, logical values and errors. Column A ends at its first empty cell, and there end all.
+// Columns of the sheet that Excel shows when it opens an .xlsx workbook. Texts of the cells are those that
+// Excel's automation would give: numbers with at most six decimals (10.0 gives "10"), texts, results of
+// formulas; nothing for dates, currencies, logical values and errors. The first empty cell of column A ends
+// all columns.
 class XlsxColumns {
   public:
-    // Reads the columns of these letters; what is no column of a sheet stays empty. Takes over the source.
-    // Throws std::exception when there is no workbook, when it is damaged (as far as these columns need it),
-    // or too large: see Package, and more than 16 million cells or 256 MB of text in the table.
+    // Reads the columns of these letters. A column that no sheet has is empty. Takes over the source. Throws
+    // std::exception when there is no workbook, when a part of it that these columns need is damaged, or when
+    // it is too large (Limits.h).
     XlsxColumns(zip_source* pSource, const std::vector<std::wstring>& letters);
 
-    // Texts of the nth column asked for, from row 1 down. Text is made of const wchar_t* and Length.
+    // Texts of the nth requested column, from row 1 down. Text is constructible from const wchar_t* and
+    // Length.
     template <class Text, class Length = std::size_t>
     std::vector<Text> Texts(std::size_t nColumn) const;
 
   private:
-    // A column's cells as they come. A later one at the same row replaces an earlier one.
     struct Cell {
-        std::uint32_t nRow, nText;
+        std::uint32_t nRow, nString;
     };
+    // Cells in the order of the file. A later one in the same row replaces an earlier one.
     using Column = std::vector<Cell>;
-    enum class CellType { Number, SharedText, InlineText, FormulaText, NoText };
+    enum class CellType { Number, SharedString, InlineString, FormulaString, NoText };
 
+    void RequestColumns(const std::vector<std::wstring>& letters);
     void ReadSheet(XmlScanner xml, const NumberFormats& formats);
     void ReadRow(XmlScanner& xml, const NumberFormats& formats, std::uint32_t nRow);
     static CellType ParseCellType(std::string_view type);
     std::uint32_t ReadCell(XmlScanner& xml, const NumberFormats& formats);
     std::uint32_t ReadValue(XmlScanner& xml, CellType type);
-    std::uint32_t ReadText(XmlScanner& xml, void (*read)(XmlScanner&, std::string&));
+    std::uint32_t ReadString(XmlScanner& xml, void (*read)(XmlScanner&, std::string&));
+    std::uint32_t SharedString(std::string_view index) const;
     std::size_t CountRows() const;
-    void CheckSize() const;
+    void CheckTableSize() const;
 
-    std::vector<Column> m_columns;  // those that are read: none, column A, and what else is asked for
-    std::vector<std::uint16_t>
-        m_slots;  // in m_columns, of each column of a sheet from number 1; 0 for others
-    std::vector<std::uint16_t> m_asked;  // slot of each column asked for
-    TextPool m_texts;
-    std::size_t m_nSharedTexts = 0, m_nCells = 0, m_nRows = 0;
-    std::string m_text;  // of the cell being read; kept for its memory
+    // Slot 0 stands for columns that are not read, slot 1 for column A.
+    std::vector<Column> m_columns;                // by slot
+    std::vector<std::uint16_t> m_slots;           // by a column's number in the sheet, from 1
+    std::vector<std::uint16_t> m_requestedSlots;  // in the order of the request
+    StringPool m_strings;                         // the shared ones, then those of cells
+    std::size_t m_nSharedStrings = 0, m_nCells = 0, m_nRows = 0;
+    std::string m_text;  // of the cell being read; a member to reuse its memory
 };
 
 template <class Text, class Length>
 std::vector<Text> XlsxColumns::Texts(std::size_t nColumn) const {
-    const std::uint16_t nSlot = m_asked[nColumn];
+    const std::uint16_t nSlot = m_requestedSlots[nColumn];
     std::vector<Text> texts(nSlot ? m_nRows : 0);
     std::wstring wide;
-    for (const auto& [nRow, nText] : m_columns[nSlot]) {
+    for (const auto& [nRow, nString] : m_columns[nSlot]) {
         if (nRow > texts.size()) continue;
-        ToWide(m_texts[nText], wide);
+        ToWide(m_strings[nString], wide);
         texts[nRow - 1] = Text(wide.data(), static_cast<Length>(wide.size()));
     }
     return texts;

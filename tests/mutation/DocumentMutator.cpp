@@ -54,12 +54,6 @@ std::pair<std::size_t, std::size_t> FindElement(const std::string& text, std::si
     return Between(nAt, nClose == std::string::npos ? nClose : nClose + close.size());
 }
 
-// Behind the XML declaration.
-std::size_t FindRoot(const std::string& text) {
-    const std::size_t nAt = text.find('<', 1);
-    return text.starts_with("<?") && nAt != std::string::npos ? nAt : 0;
-}
-
 }  // namespace
 
 std::string DocumentMutator::MakeDocument() {
@@ -71,7 +65,7 @@ std::string DocumentMutator::MakeDocument() {
         text.replace(nAt, nLength, Replacement(text.substr(nAt, nLength), kind));
     }
     const std::size_t nChange = Below(16);
-    if (nChange == 0) text.insert(FindRoot(text), kEntities);
+    if (nChange == 0) text.insert(text.find("?>") == text.npos ? 0 : text.find("?>") + 2, kEntities);
     if (nChange == 1) text.resize(Below(text.size()));
     return nChange == 2 ? ToUtf16(text, Below(2) != 0, true) : text;
 }

@@ -6,50 +6,48 @@
 
 namespace {
 
-#define MAIN "http://schemas.openxmlformats.org/spreadsheetml/2006/main"
-#define DOCUMENT "http://schemas.openxmlformats.org/officeDocument/2006/relationships"
-#define PACKAGE "http://schemas.openxmlformats.org/package/2006/relationships"
+constexpr char kWorkbook[] =
+    "<workbook><bookViews><workbookView activeTab='0'/></bookViews>"
+    "<sheets><sheet name='Bands' sheetId='1' r:id='rId1'/></sheets></workbook>";
 
-std::string Relation(const std::string& id, const std::string& kind, const std::string& target) {
-    return "<Relationship Id='" + id + "' Type='" DOCUMENT "/" + kind + "' Target='" + target + "'/>";
-}
+constexpr char kPackageLinks[] =
+    "<Relationships><Relationship Id='rId1' Type='a/officeDocument' "
+    "Target='xl/workbook.xml'/></Relationships>";
 
-std::string Relations(const std::string& relations) {
-    return "<Relationships xmlns='" PACKAGE "'>" + relations + "</Relationships>";
-}
+constexpr char kWorkbookLinks[] =
+    "<Relationships><Relationship Id='rId1' Type='a/worksheet' Target='worksheets/sheet1.xml'/>"
+    "<Relationship Id='rId2' Type='a/sharedStrings' Target='sharedStrings.xml'/>"
+    "<Relationship Id='rId3' Type='a/styles' Target='styles.xml'/></Relationships>";
 
-constexpr char kTexts[] =
-    "<sst xmlns='" MAIN
-    "'><si><t>plain</t></si>"
+constexpr char kStrings[] =
+    "<sst><si><t>plain</t></si>"
     "<si><r><t>Ab</t></r><r><rPr><b/></rPr><t xml:space='preserve'>c d</t></r>"
     "<rPh sb='0' eb='1'><t>guide</t></rPh><phoneticPr fontId='1'/></si>"
     "<si><t>a_x000D_b_x005F_x000D_c_x00e9_d_x12</t></si><si><t> in blanks\n</t></si>"
     "<si><t xml:space='preserve'> in blanks\n</t></si><si><t>&lt;&#x62;&#10;<![CDATA[&amp;]]></t></si></sst>";
 
 constexpr char kStyles[] =
-    "<styleSheet xmlns='" MAIN
-    "'><numFmts count='4'><numFmt numFmtId='164' formatCode='yyyy\\-mm'/>"
-    "<numFmt numFmtId='165' formatCode='#,##0\\ [$CHF-807]'/><numFmt numFmtId='166' "
-    "formatCode='[Red][$-409]&quot;dmy&quot;0.0\\d'/><numFmt numFmtId='167' formatCode='[hh]'/></numFmts>"
-    "<cellXfs><xf/><xf numFmtId='9'/><xf numFmtId='14'/><xf numFmtId='164'/><xf numFmtId='44'/>"
-    "<xf numFmtId='165'/><xf numFmtId='166'/><xf numFmtId='167'/></cellXfs></styleSheet>";
+    "<styleSheet><numFmts count='1'><numFmt numFmtId='164' formatCode='[Red][$-409]&quot;dmy&quot;0.0\\d'/>"
+    "</numFmts><cellXfs><xf/><xf numFmtId='9'/><xf numFmtId='14'/><xf "
+    "numFmtId='164'/></cellXfs></styleSheet>";
 
 }  // namespace
+
+std::string Repeated(const std::string& text, std::size_t nTimes) {
+    std::string all;
+    for (; nTimes > 0; --nTimes) all += text;
+    return all;
+}
 
 Parts MakeParts(const std::string& rows) {
     return {
         {"[Content_Types].xml", "<Types/>"},
-        {"_rels/.rels", Relations(Relation("rId1", "officeDocument", "xl/workbook.xml"))},
-        {"xl/workbook.xml", "<workbook xmlns='" MAIN "' xmlns:r='" DOCUMENT
-                            "'><bookViews><workbookView activeTab='0'/></bookViews>"
-                            "<sheets><sheet name='Bands' sheetId='1' r:id='rId1'/></sheets></workbook>"},
-        {"xl/_rels/workbook.xml.rels", Relations(Relation("rId1", "worksheet", "worksheets/sheet1.xml") +
-                                                 Relation("rId2", "sharedStrings", "sharedStrings.xml") +
-                                                 Relation("rId3", "styles", "styles.xml"))},
-        {"xl/sharedStrings.xml", kTexts},
+        {"_rels/.rels", kPackageLinks},
+        {"xl/workbook.xml", kWorkbook},
+        {"xl/_rels/workbook.xml.rels", kWorkbookLinks},
+        {"xl/sharedStrings.xml", kStrings},
         {"xl/styles.xml", kStyles},
-        {"xl/worksheets/sheet1.xml",
-         "<worksheet xmlns='" MAIN "'><sheetData>" + rows + "</sheetData></worksheet>"},
+        {"xl/worksheets/sheet1.xml", "<worksheet><sheetData>" + rows + "</sheetData></worksheet>"},
     };
 }
 

@@ -8,13 +8,15 @@ struct zip_source;
 // The parts of a package, by name.
 using Parts = std::map<std::string, std::string>;
 
-// A workbook whose only sheet has these rows. Shared texts: "plain", a rich one "Abc d", one with escapes,
-// one in blanks, the same with them preserved, one with entities. Styles: general, percent, date (built in
-// and its own), currency (built in and its own), a text and a number, elapsed time.
+// A workbook whose only sheet has these rows. Shared strings: 0 "plain", 1 a rich text "Abc d", 2 escapes, 3
+// in blanks, 4 in blanks to preserve, 5 references. Styles: 0 general, 1 percent, 2 a date, 3 a format of its
+// own that is neither date nor currency.
 Parts MakeParts(const std::string& rows);
 
-// An archive of the parts. Throws std::runtime_error.
+std::string Repeated(const std::string& text, std::size_t nTimes);
+
+// A zip archive of the parts. Throws std::runtime_error.
 std::string MakeZip(const Parts& parts);
 
-// The bytes, which have to live as long, as a source.
+// The bytes as a source. They have to live as long as the source.
 zip_source* OpenBytes(const std::string& bytes);

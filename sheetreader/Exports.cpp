@@ -9,16 +9,24 @@
 
 extern "C" __declspec(dllexport) ReadXlsxFunction ReadExcelAndFillTableColByCol;
 
+namespace {
+
+WorkbookTable ReadTable(zip_source_t* pSource, const WorkbookColumns& columns) {
+    const XlsxColumns sheet(pSource, columns);
+    WorkbookTable table;
+    for (std::size_t i = 0; i < columns.size(); ++i) table.push_back(sheet.Texts<CString, int>(i));
+    return table;
+}
+
+}  // namespace
+
 bool ReadExcelAndFillTableColByCol(const std::wstring path, const WorkbookColumns& columns,
                                    WorkbookTable& table, CString& strError) {
     bool bRead = false;
     NoThrow([&] {
-        if (path.size() >= MAX_PATH) return;  // nor does Excel
+        if (path.size() >= MAX_PATH) return;  // Excel does not open it either
         if (zip_source_t* const pSource = zip_source_win32w_create(path.c_str(), 0, 0, nullptr)) {
-            const XlsxColumns sheet(pSource, columns);
-            WorkbookTable texts;
-            for (std::size_t i = 0; i < columns.size(); ++i) texts.push_back(sheet.Texts<CString, int>(i));
-            table = std::move(texts);
+            table = ReadTable(pSource, columns);
             bRead = true;
         }
     });
