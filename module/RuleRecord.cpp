@@ -11,8 +11,7 @@ namespace {
 
 MfxXMLDocument* g_pRuleDocument = nullptr;
 
-// Attributes of the "Rule" element. Strings, as the node operations take them: records are read by the
-// thousand.
+// Attributes of the "Rule" element. They are made into strings once, since records are read by the thousand.
 const CString kNameAttribute = L"Name";
 const CString kStatusAttribute = L"Status";
 const CString kLifeStatusAttribute = L"LifeStatus";
@@ -39,7 +38,7 @@ void WriteAttributes(MfxXMLNode& node, const CMfxRule& rule) {
     node.AddAttribute(kRuleCategoryAttribute, rule.m_strRuleCategory);
 }
 
-// The others are still written after one whose type is unknown.
+// Leaves out a parameter of an unknown type and goes on with the next one.
 void WriteParameters(MfxXMLNode& node, const CMfxRule& rule) {
     for (const MfxParamRecord& record : rule.m_paramArray) {
         if (!record.m_pStorage->IsSaved()) continue;
