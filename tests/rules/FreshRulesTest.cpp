@@ -8,9 +8,48 @@
 
 namespace {
 
-using FreshRulesTest = RuleTest;
-
 const CString kVariation = L"Variation admise de l'épaisseur de paroi\u00a0: ";
+
+struct FreshRule {
+    CMfxRule& rule;
+    bool bOwnHeader;  // of this module, or the one given
+    int nRuleId;
+    UINT nNameId;
+    CString strSummary, strParameters;  // their kinds show in the host's default document
+    int nExecute, nExecuteAlternate, nMaterialStatus, nStatusAfterFive;
+};
+
+struct FreshRulesTest : RuleTest {
+    void ExpectHeader(const FreshRule& fresh) {
+        const CMfxRule& rule = fresh.rule;
+        EXPECT_STREQ(rule.m_strName, m_app.LoadDefaultLanguageString(fresh.nNameId));
+        EXPECT_STREQ(rule.m_strDisplayName, m_app.LoadLocalizedString(fresh.nNameId));
+        EXPECT_STREQ(rule.m_processList.GetHead(), fresh.bOwnHeader ? L"Moulage en sable" : L"P");
+        EXPECT_STREQ(rule.m_strModule, fresh.bOwnHeader ? L"MFXSandCastingRulesValidator" : L"M");
+        EXPECT_EQ(rule.GetRuleCategoryEnum(), fresh.bOwnHeader ? 19 : 9);
+        EXPECT_EQ(rule.GetRuleId(), fresh.nRuleId);
+        EXPECT_STREQ(rule.m_strSummary, fresh.strSummary);
+        EXPECT_EQ(rule.m_nSeverity, 2);
+        EXPECT_EQ(rule.m_nStatus, 0);
+    }
+    void ExpectParameters(const FreshRule& fresh) {
+        EXPECT_STREQ(Values(fresh.rule), fresh.strParameters);
+        for (const auto& param : fresh.rule.m_paramArray)
+            EXPECT_STREQ(param.m_pStorage->m_strName,
+                         m_app.LoadLocalizedString(static_cast<UINT>(param.m_pStorage->m_nParamId)));
+        EXPECT_EQ(Units(fresh.rule), (UnitPair{1, 0}));
+        EXPECT_TRUE(fresh.rule.m_bParametersCreated);
+        EXPECT_FALSE(fresh.rule.m_bPopulated);
+    }
+    static void ExpectAnswers(const FreshRule& fresh) {
+        EXPECT_TRUE(fresh.rule.AcceptRuleData(nullptr));
+        EXPECT_EQ(fresh.rule.Execute({}, {}, {}, 0), fresh.nExecute);
+        EXPECT_EQ(fresh.rule.ExecuteAlternate({}, {}, {}, 0), fresh.nExecuteAlternate);
+        EXPECT_EQ(fresh.rule.GetMaterialStatus(), fresh.nMaterialStatus);
+        fresh.rule.SetRuleStatusForAssemblyModel(5);
+        EXPECT_EQ(fresh.rule.m_nStatus, fresh.nStatusAfterFive);
+    }
+};
 
 }  // namespace
 
@@ -23,14 +62,7 @@ TEST_F(FreshRulesTest, AreAsDocumented) {
     const CString strLow = L"Épaisseur de paroi minimale\u00a0: ",
                   strHigh = L" mm  Épaisseur de paroi maximale\u00a0: ",
                   strBands = m_app.LoadLocalizedString(10123), strDraft = m_app.LoadLocalizedString(29193);
-    const struct {
-        CMfxRule& rule;
-        bool bOwnHeader;  // of this module, or the one given
-        int nRuleId;
-        UINT nNameId;
-        CString strSummary, strParameters;  // their kinds show in the host's default document
-        int nExecute, nExecuteAlternate, nMaterialStatus, nStatusAfterFive;
-    } kCases[] = {
+    const FreshRule kCases[] = {
         {uniform, true, 7, 10063, strLow + L"6.0" + strHigh + L"16.0 mm", L" 10067: 6 10068: 16", -3, 0, 0,
          0},
         {otherUniform, false, 8, 10063, strLow + L"2.0" + strHigh + L"3.0 mm", L" 10067: 2 10068: 3", -3, 0,
@@ -41,31 +73,11 @@ TEST_F(FreshRulesTest, AreAsDocumented) {
         {variation, true, 7, 29168, kVariation + L"25.0", L" 29167: 25", -3, 0, -1, 0},
         {otherVariation, false, 8, 29168, kVariation + L"25.0", L" 29167: 25", -3, 0, -1, 0},
     };
-    for (const auto& test : kCases) {
-        SCOPED_TRACE(testing::Message() << test.nNameId << ", id " << test.nRuleId);
-        CMfxRule& rule = test.rule;
-        EXPECT_STREQ(rule.m_strName, m_app.LoadDefaultLanguageString(test.nNameId));
-        EXPECT_STREQ(rule.m_strDisplayName, m_app.LoadLocalizedString(test.nNameId));
-        EXPECT_STREQ(rule.m_processList.GetHead(), test.bOwnHeader ? L"Moulage en sable" : L"P");
-        EXPECT_STREQ(rule.m_strModule, test.bOwnHeader ? L"MFXSandCastingRulesValidator" : L"M");
-        EXPECT_EQ(rule.GetRuleCategoryEnum(), test.bOwnHeader ? 19 : 9);
-        EXPECT_EQ(rule.GetRuleId(), test.nRuleId);
-        EXPECT_STREQ(rule.m_strSummary, test.strSummary);
-        EXPECT_STREQ(Values(rule), test.strParameters);
-        for (const auto& param : rule.m_paramArray)
-            EXPECT_STREQ(param.m_pStorage->m_strName,
-                         m_app.LoadLocalizedString(static_cast<UINT>(param.m_pStorage->m_nParamId)));
-        EXPECT_EQ(rule.m_nSeverity, 2);
-        EXPECT_EQ(rule.m_nStatus, 0);
-        EXPECT_EQ(Units(rule), (UnitPair{1, 0}));
-        EXPECT_TRUE(rule.m_bParametersCreated);
-        EXPECT_FALSE(rule.m_bPopulated);
-        EXPECT_TRUE(rule.AcceptRuleData(nullptr));
-        EXPECT_EQ(rule.Execute({}, {}, {}, 0), test.nExecute);
-        EXPECT_EQ(rule.ExecuteAlternate({}, {}, {}, 0), test.nExecuteAlternate);
-        EXPECT_EQ(rule.GetMaterialStatus(), test.nMaterialStatus);
-        rule.SetRuleStatusForAssemblyModel(5);
-        EXPECT_EQ(rule.m_nStatus, test.nStatusAfterFive);
+    for (const FreshRule& fresh : kCases) {
+        SCOPED_TRACE(testing::Message() << fresh.nNameId << ", id " << fresh.nRuleId);
+        ExpectHeader(fresh);
+        ExpectParameters(fresh);
+        ExpectAnswers(fresh);
     }
     EXPECT_STREQ(variation.m_strDescription, m_app.LoadLocalizedString(29170));
     EXPECT_STREQ(variation.m_strHelpFilePath, L"\\lang\\french\\lang\\english\\mfxkit.chm");
