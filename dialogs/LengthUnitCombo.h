@@ -5,8 +5,8 @@
 
 void FillLengthUnits(CComboBox& combo);
 
-// Selects a unit (MfxLengthUnit_e); nothing for a unit that dialogs do not offer.
+// Selects a unit (MfxLengthUnit_e), or none when dialogs do not offer it.
 void SelectLengthUnit(CComboBox& combo, int nLengthUnit);
 
-// The unit selected; 0 for none.
+// The selected unit (MfxLengthUnit_e); 0 when none is selected.
 int GetSelectedLengthUnit(const CComboBox& combo);

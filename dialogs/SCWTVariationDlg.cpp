@@ -29,7 +29,7 @@ BOOL CMFXSCWTVariationDlg::OnInitDialog() {
     if (!pVariation || !m_editVariation.GetSafeHwnd() || !m_comboLengthUnit.GetSafeHwnd())
         return RefuseToEdit();
     const MfxArray<double>& values = pVariation->GetValues<double>();
-    constexpr UINT kLongestNumber = 260;  // with more digits a number could be infinite
+    constexpr UINT kLongestNumber = 260;  // a double could not hold a number of many more digits
     m_editVariation.SetLimitText(kLongestNumber);
     if (!values.IsEmpty()) m_editVariation.SetWindowText(FormatDouble(values[0]));
     SelectLengthUnit(m_comboLengthUnit, m_pRule->m_nLengthUnit);
@@ -40,7 +40,7 @@ void CMFXSCWTVariationDlg::OnNcLButtonDown(UINT nHitTest, CPoint point) {
     CMFXRuleDlgBase::OnNcLButtonDown(nHitTest, point);
 }
 
-// The unit is stored even when the value is then refused, on purpose.
+// Stores the unit even when the value is refused afterwards; this is on purpose.
 void CMFXSCWTVariationDlg::OnOK() {
     if (!FindVariation() || !m_comboLengthUnit.GetSafeHwnd()) return;
     StoreLengthUnit();
@@ -51,7 +51,7 @@ CMfxParamStorage* CMFXSCWTVariationDlg::FindVariation() const {
     return m_pRule ? m_pRule->FindParameterInArray(kVariationId) : nullptr;
 }
 
-// Another unit only relabels the number, which has none.
+// The number has no unit, so another unit does not change it.
 void CMFXSCWTVariationDlg::StoreLengthUnit() {
     if (const int nLengthUnit = GetSelectedLengthUnit(m_comboLengthUnit))
         m_pRule->m_nLengthUnit = nLengthUnit;
@@ -59,7 +59,7 @@ void CMFXSCWTVariationDlg::StoreLengthUnit() {
         SelectLengthUnit(m_comboLengthUnit, m_pRule->m_nLengthUnit);
 }
 
-// False, and a message, for a zero.
+// Refuses a zero: shows a message and returns false.
 bool CMFXSCWTVariationDlg::StoreVariation() {
     CString strValue;
     m_editVariation.GetWindowText(strValue);
@@ -70,7 +70,7 @@ bool CMFXSCWTVariationDlg::StoreVariation() {
     }
     MfxArray<double>& values = FindVariation()->GetValues<double>();
     if (values.IsEmpty()) values.Add(0.0);
-    // A value that is only shown with fewer digits than it has stays as it is.
+    // The box shows six decimals. A text that was not changed must not cut the value's other digits.
     if (strValue != FormatDouble(values[0])) values[0] = value;
     return true;
 }

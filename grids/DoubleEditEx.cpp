@@ -14,7 +14,8 @@ void CDoubleEditEx::SetLastValidText(const CString& strText) {
     m_strLastValid = strText;
 }
 
-// A single-line box notifies of the texts set here too; one that is set again as it is ends the recursion.
+// A single-line box also notifies of the texts set here. The recursion ends when the text is the last valid
+// one.
 void CDoubleEditEx::OnChange() {
     CString strText;
     GetWindowText(strText);
@@ -26,7 +27,7 @@ void CDoubleEditEx::OnChange() {
     if (nValid == strText.GetLength()) {
         m_strLastValid = strText;
     } else if (nValid == 0) {
-        SetWindowText(L"");  // not the last valid text, on purpose: who starts with a letter starts over
+        SetWindowText(L"");  // on purpose not the last valid text: a text that starts wrong is dropped
     } else if (strText != m_strLastValid) {
         SetWindowText(m_strLastValid);
         SetSel(m_strLastValid.GetLength(), m_strLastValid.GetLength());

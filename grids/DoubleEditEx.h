@@ -2,17 +2,17 @@
 
 #include <afxwin.h>
 
-// Text box for decimal numbers: a change that brings in another character is taken back. Only characters are
-// checked, so "1.2.3" stays, and is read as 1.2.
+// Text box that takes the characters of decimal numbers only. It does not check the number itself: "1.2.3"
+// stays and is read as 1.2.
 class CDoubleEditEx : public CEdit {
   public:
-    // Whether a minus sign is accepted; it is not at first.
+    // Minus signs are refused until they are allowed here.
     void SetAllowNegative(bool bAllowNegative);
 
     bool IsModified() const { return m_bModified; }
 
-    // The text to go back to. A multi-line box does not notify of a text set by code, so whoever sets one
-    // says it here.
+    // The text that the box goes back to after a refused character. Call it after SetWindowText on a
+    // multi-line box, which does not notify of texts set by code.
     void SetLastValidText(const CString& strText);
 
   protected:
@@ -20,7 +20,7 @@ class CDoubleEditEx : public CEdit {
     DECLARE_MESSAGE_MAP()
 
   private:
-    bool m_bModified = false;  // by any change that left some text
+    bool m_bModified = false;  // true after any change that left some text
     CString m_strLastValid;
     bool m_bAllowNegative = false;
 };

@@ -16,7 +16,7 @@ class IGridParent {
   public:
     virtual void OnGridNotify(const CString& strText, int nCode) = 0;
 
-    // Asks for the material groups that the grid offers; called when it has none.
+    // The grid has no material groups to offer and asks the dialog for them.
     virtual void SupplyMaterialGroups(CMFXListCtrl& grid) = 0;
 
   protected:

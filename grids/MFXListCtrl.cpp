@@ -25,7 +25,7 @@ int CMFXListCtrl::ScaleForDpi(int nPixels) const {
     return MulDiv(nPixels, static_cast<int>(GetDpiForWindow(m_hWnd)), USER_DEFAULT_SCREEN_DPI);
 }
 
-// Wine and Windows give rectangles of rows that do not exist, too.
+// Checks the row itself: the list view also gives rectangles of rows that do not exist.
 bool CMFXListCtrl::GetEditorRect(int nRow, int nCol, CRect& rect) {
     const int nColumns = GetHeaderCtrl() ? GetHeaderCtrl()->GetItemCount() : 0;
     if (nRow < 0 || nRow >= GetItemCount() || nCol < 0 || nCol >= nColumns) return false;
@@ -60,7 +60,7 @@ void CMFXListCtrl::BeginCellEdit(int nRow, int nCol, int nTextLimit) {
         m_editCell.MoveWindow(rect);
         m_editCell.ShowWindow(SW_SHOW);
     }
-    m_editCell.SetFont(GetFont());  // another one on a monitor with another dpi
+    m_editCell.SetFont(GetFont());  // the list's font changes with the monitor's dpi
     m_editCell.SetWindowText(strText);
     m_editCell.SetLastValidText(strText);
     m_editCell.SetSel(0, -1);
@@ -219,7 +219,7 @@ BOOL CMFXListCtrl::DeleteSelectedRows() {
     return TRUE;
 }
 
-// A floating editor stays where it is.
+// An editor that is shown stays where it is.
 void CMFXListCtrl::OnVScroll(UINT nSBCode, UINT nPos, CScrollBar* pScrollBar) {
     CListCtrl::OnVScroll(nSBCode, nPos, pScrollBar);
     Invalidate();

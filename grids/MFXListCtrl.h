@@ -7,18 +7,18 @@
 #include <vector>
 
 // Report-style list view whose cells are edited in place: a text box or a drop-down list floats over one cell
-// at a time. Cells hold text. The editors are made when they are first needed and only hidden afterwards:
-// cell editing counts as active from then on, and ending it again writes the hidden editor's text again, on
-// purpose. Whoever refills the grid calls ForgetEditedCell first, so that no old text is written over new.
+// at a time. Cells hold text. An editor is created on its first use and only hidden afterwards. From then on
+// cell editing counts as active, and each EndCellEdit writes the hidden editor's text again, on purpose. Call
+// ForgetEditedCell before you refill the grid, or old text is written over new.
 class CMFXListCtrl : public CListCtrl {
   public:
-    // Shows the text editor over a cell, its text selected. The limit of the first editing stays in force for
-    // all. A cell that the grid does not show gets no editor.
+    // Shows the text editor over a cell, with all its text selected. The text limit of the first call stays
+    // in force. Does nothing for a cell that does not exist.
     void BeginCellEdit(int nRow, int nCol, int nTextLimit);
-    // Hides the text editor and writes its text into the cell; FALSE when there never was one.
+    // Hides the text editor and writes its text into the cell; FALSE when no cell has been edited yet.
     BOOL EndCellEdit(CString& strText);
-    // Hide an editor without writing, and take back what was typed or chosen in it, lest a later ending write
-    // it; FALSE when there never was one.
+    // Hide an editor and drop what was typed or chosen in it, so that no later EndCellEdit writes it. FALSE
+    // when the editor has not been used yet.
     BOOL CancelCellEdit();
     BOOL CancelComboEdit();
     // Whether a cell has been edited since the grid was made.
@@ -26,8 +26,9 @@ class CMFXListCtrl : public CListCtrl {
 
     // Shows the drop-down list over a cell, filled with the combo items.
     void BeginComboEdit(int nRow, int nCol, int nTextLimit);
-    // Hides the drop-down list and writes the choice into the cell. FALSE when there never was one, or, after
-    // a message of the choice and the given text, when another row has the choice in column 0.
+    // Hides the drop-down list and writes the choice into the cell. FALSE when the list has not been used
+    // yet. Also FALSE when another row has the choice in column 0: then a message shows the choice and the
+    // given text.
     BOOL EndComboEdit(CString& strText, const CString& strDuplicateMessage);
 
     void SetCellText(int nRow, int nCol, const CString& strText);
@@ -42,13 +43,14 @@ class CMFXListCtrl : public CListCtrl {
     void SetComboItems(const std::vector<CString>& items);
     BOOL IsValueInFirstColumn(const CString& strText) const;
 
-    // Ends editing of a minimum (column 1) or maximum (column 2): what is no number, or contradicts the other
-    // of the row, is emptied.
+    // Ends editing of a minimum (column 1) or maximum (column 2). The cell is emptied when its text is no
+    // number, or when the maximum is below the minimum.
     void CommitNumericCell(int nRow, int nCol);
     // FALSE, after a message, when the row's maximum is below its minimum.
     BOOL CheckMinMaxCells(int nRow, int nCol);
 
-    // Keys while a cell is edited; TRUE when the message is consumed. The dialog offers every message.
+    // Handles a key while a cell is edited; TRUE when the message is consumed. The dialog passes every
+    // message here before it translates it.
     BOOL HandleKeyDown(MSG* pMsg);
     // Blanks the selected rows; their number stays, since the dialogs' tables have a fixed length.
     BOOL DeleteSelectedRows();
@@ -59,10 +61,10 @@ class CMFXListCtrl : public CListCtrl {
     afx_msg void OnVScroll(UINT nSBCode, UINT nPos, CScrollBar* pScrollBar);
     DECLARE_MESSAGE_MAP()
 
-    // Creates the columns unless there are some; all but the first can be edited by keyboard. Widths in
-    // pixels at 96 dpi, the last one for all further columns.
+    // Creates the columns unless the grid has some. The keyboard moves the editor to all but the first.
+    // Widths are pixels at 96 dpi; the last one holds for all further columns.
     void CreateColumns(const std::vector<CString>& headers, const std::vector<int>& widths, int nFormat);
-    // Commits the cell, then edits another one if asked to.
+    // Commits the cell, then moves the editor by so many rows and columns if bMove.
     BOOL CommitAndMove(int nRows, int nCols, bool bMove = true);
     struct Cell {
         int nRow, nCol;  // -1 for none

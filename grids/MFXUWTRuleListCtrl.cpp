@@ -37,8 +37,8 @@ void CMFXUWTRuleListCtrl::SetMaterialDefaults(const std::vector<CString>& names,
     }
 }
 
-// Of the last edited cell, also when its editor is hidden: a chosen material is so applied again by every
-// click, until another cell is edited, on purpose. FALSE when there is no editor.
+// Commits the last edited cell, also when its editor is hidden. So every click applies a chosen material
+// again until another cell is edited; this is on purpose. FALSE when there is no editor.
 BOOL CMFXUWTRuleListCtrl::CommitEditedCell() {
     if (m_nEditCol == kMaterialCol) {
         CommitMaterial();

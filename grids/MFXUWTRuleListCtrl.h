@@ -9,7 +9,7 @@ class CMFXUWTRuleListCtrl : public CMFXListCtrl {
   public:
     void InitColumns(const std::vector<CString>& headers);
 
-    // The limits that choosing a material brings; of a name given twice the first ones count.
+    // The limits that are filled in when a material is chosen. For a name given twice the first limits count.
     void SetMaterialDefaults(const std::vector<CString>& names, const std::vector<CString>& minimums,
                              const std::vector<CString>& maximums);
 

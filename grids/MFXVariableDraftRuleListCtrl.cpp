@@ -3,9 +3,8 @@
 #include "NumberText.h"
 #include "RuleParameters.h"
 #include "SandCastingRulesApp.h"
+#include "XmlNumber.h"
 #include "resource.h"
-
-#include <cwchar>
 
 namespace {
 
@@ -42,7 +41,9 @@ BOOL CMFXVariableDraftRuleListCtrl::IsNotDefaultText(const CString& strText) con
 }
 
 BOOL CMFXVariableDraftRuleListCtrl::IsNonNegativeText(const CString& strText) const {
-    return !strText.IsEmpty() && std::wcstod(strText, nullptr) >= -kTolerance;
+    double value = 0.0;
+    ParseReal(strText, value);
+    return !strText.IsEmpty() && value >= -kTolerance;
 }
 
 void CMFXVariableDraftRuleListCtrl::OnLButtonDown(UINT nFlags, CPoint point) {

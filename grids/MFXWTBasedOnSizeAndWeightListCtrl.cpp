@@ -55,7 +55,7 @@ void CMFXWTBasedOnSizeAndWeightListCtrl::CommitCell(int nRow, int nCol) {
     if (EndCellEdit(strText) && !IsNumericText(strText)) SetCellText(nRow, nCol, L"");
 }
 
-// Once only: a name that was refused, or is known already, must not be told again by the next click.
+// Forgets the cell: the next click must not report the same name, or refuse it, again.
 CString CMFXWTBasedOnSizeAndWeightListCtrl::CommitGroupName() {
     CString strName;
     if (EndComboEdit(strName, LoadLocalizedString(IDS_ALREADY_IN_TABLE)))
@@ -69,8 +69,8 @@ bool CMFXWTBasedOnSizeAndWeightListCtrl::CanEdit(const Cell& cell) const {
     return (cell.nCol == 1 || cell.nCol == 2) && !GetItemText(cell.nRow, kGroupCol).IsEmpty();
 }
 
-// Keys commit without checks, as in every grid, but for Enter on a group's name. Groups have no text editor
-// to move: the other keys are the drop-down list's.
+// As in every grid, keys commit without checks; only Enter checks a group's name. The group list has no text
+// editor to move, so the drop-down list gets the other keys.
 BOOL CMFXWTBasedOnSizeAndWeightListCtrl::HandleKeyDown(MSG* pMsg) {
     if (pMsg->message != WM_KEYDOWN) return FALSE;
     if (pMsg->wParam == VK_ESCAPE) {

@@ -3,14 +3,15 @@
 #include "GridParent.h"
 #include "MFXListCtrl.h"
 
-// Grids of the size-and-weight dialog: the list of material groups, one column, and the bands of a group
-// (control 29114), a narrow blank column and five numbers. The dialog may be an IGridParent.
+// Both grids of the size-and-weight dialog. The list of material groups has one column. The band grid
+// (control 29114) has a narrow blank column and five of numbers. The grid notifies its dialog if that is an
+// IGridParent.
 class CMFXWTBasedOnSizeAndWeightListCtrl : public CMFXListCtrl {
   public:
     void InitGroupColumns(const std::vector<CString>& headers);
     void InitBandColumns(const std::vector<CString>& headers);
 
-    // Ends editing of a number: what is none is emptied.
+    // Ends editing of a number; a text that is no number is emptied.
     void CommitCell(int nRow, int nCol);
 
     BOOL HandleKeyDown(MSG* pMsg);

@@ -1,4 +1,4 @@
-// The module's one application object, in a source of its own: tests of the exports have one of theirs.
+// The module's application object. It has its own source file so that tests can use the exports with another.
 
 #include "SandCastingRulesApp.h"
 

@@ -50,8 +50,8 @@ extern "C" void GetAllRules(MfxRuleArray& rules) {
     });
 }
 
-// Creates the rule that a saved "Rule" record describes, for the host to own, and populates it. A rule that
-// is already there is populated as it is; a record of another module, or of no rule, changes nothing.
+// Creates the rule that a saved "Rule" record describes and populates it; the host owns it. A rule that the
+// host passes in is only populated. A record of another module or of an unknown rule creates nothing.
 extern "C" void GetRule(MfxXMLNode* pRecord, CMfxRule** ppRule) {
     NoThrow([&] {
         if (!pRecord || !ppRule) return;

@@ -10,7 +10,7 @@ void AppendAllRules(MfxRuleArray& rules);
 // compared in the default language and without regard to letter case.
 CMfxRule* CreateRuleForRecord(MfxXMLNode& record);
 
-// Makes a rule that is already there take a record that may hold other constraints than the rule has.
+// Prepares an existing rule for a record whose constraints may differ from the rule's own.
 void PrepareForRecord(CMfxRule& rule);
 
 // Whether the record is this module's.

@@ -53,8 +53,8 @@ bool IsOlderTableOn(const MfxXMLNode& record) {
     return std::fabs(value - 1.0) < kTolerance;
 }
 
-// Older records keep a switch before the limit: two numbers are switch and limit, three switch and two
-// limits. Only exactly 1 means on.
+// Older records have a switch before the limit. Two numbers are switch and limit, three are switch and two
+// limits. The switch is on when it is exactly 1.
 void NormalizeLegacyValues(CMfxParamStorage& limit) {
     MfxArray<double>& values = limit.GetValues<double>();
     if (values.GetCount() != 2 && values.GetCount() != 3) return;
@@ -82,8 +82,8 @@ void ConvertLimit(CMfxParamStorage& limit, int nFromUnit, int nToUnit) {
         CMFXUnitConvertor().ConversionFromOneUnitToAnother(values[0], QuantityLength, nFromUnit, nToUnit);
 }
 
-// The unit of the document that the record stands in. Only the first character counts, by contract with
-// documents in use: code 10 reads as 1. Without a parent, or a digit, the code is 0.
+// The length unit of the record's document. Documents in use rely on this: only the first character counts,
+// so code 10 reads as 1. The code is 0 without a parent or a digit.
 int ReadParentUnit(const MfxXMLNode& record) {
     const std::unique_ptr<MfxXMLNode> pParent(record.GetParentNode());
     const CString strUnit = pParent ? pParent->GetAttribute(kUnitAttribute) : CString();
@@ -118,7 +118,7 @@ void CMFXUniformThicknessRule::SetHeader(const CString& strProcess, const CStrin
 void CMFXUniformThicknessRule::CreateParameters(const MfxXMLNode* pRecord) {
     const ResourceSwitch resources;  // the parameters' labels
     CreateLimits();
-    UpdateSummary();  // of the default limits: the record's constraints count only once it is read
+    UpdateSummary();  // shows the default limits until the record is read
     if (pRecord) {
         CreateConstraintsOfOlderTable(*pRecord);
         CreateConstraints(*pRecord);
@@ -233,8 +233,7 @@ int CMFXUniformThicknessRule::GetMaterialStatus() const {
     return 0;
 }
 
-// Says the limits that are on, or that there are limits by material; of the materials only the first one
-// decides.
+// Names the limits that are on, or says that there are limits by material. Only the first material decides.
 void CMFXUniformThicknessRule::UpdateSummary() {
     CMfxParamStorage* pMinimum = FindParameterInArray(kThicknessMinId);
     CMfxParamStorage* pMaximum = FindParameterInArray(kThicknessMaxId);

@@ -11,8 +11,8 @@ class CMFXUniformThicknessRule : public CMfxRule {
     // A rule of this module with the default limits.
     explicit CMFXUniformThicknessRule(int nRuleId);
 
-    // A rule with the given header. With a record its constraints are created from it, also those of older
-    // records; PopulateFromXML fills them. Without an application object the header stays empty.
+    // A rule with the given header. A record, of the older form too, gives the rule its constraints, which
+    // PopulateFromXML fills. Without an application object the header stays empty.
     CMFXUniformThicknessRule(const CString& strProcess, const CString& strModule, MFXRuleCategory_e category,
                              int nRuleId, MfxXMLNode* pRecord);
 

@@ -39,7 +39,7 @@ void FillBands(const CMFXConstraint& constraint, const std::vector<CastSizeAndWe
     }
 }
 
-// Whether a number stands for something that has no unit: a value not given, or no upper limit.
+// Whether the number is a mark, "not given" or "no upper limit", and so has no unit.
 bool IsMarker(double value) {
     return value < -kTolerance || IsNoUpperLimit(value);
 }
@@ -107,7 +107,8 @@ void CMFXWTBasedOnCastSizeAndWeightRule::CreateMassUnit() {
         pUnit->GetValues<CString>().SetFirst(LoadLocalizedString(IDS_MASS_KILOGRAM));
 }
 
-// Every constraint of a record is active, whatever its status says, unlike those of the uniform thickness.
+// Every constraint of a record is active, whatever its status. The uniform thickness rule looks at the
+// status.
 void CMFXWTBasedOnCastSizeAndWeightRule::CreateConstraints(const MfxXMLNode& record) {
     const std::unique_ptr<MfxXMLNodeList> pElements(record.GetNodeList(kConstraintTag));
     for (long i = 0; i < pElements->GetSize(); ++i) {

@@ -7,12 +7,12 @@
 #include <vector>
 
 // Wall thickness by cast size and cast weight. Each material group is a constraint with five lists of
-// numbers, of which element i makes band i.
+// numbers; band i is element i of each list.
 class CMFXWTBasedOnCastSizeAndWeightRule : public CMfxRule {
   public:
     static constexpr int kRuleId = 19020;
 
-    // A rule of this module; with a record its constraints are created from it, PopulateFromXML fills them.
+    // A rule of this module. A record gives the rule its constraints, which PopulateFromXML fills.
     explicit CMFXWTBasedOnCastSizeAndWeightRule(MfxXMLNode* pRecord);
 
     // The same with the given header. Without an application object the header stays empty.
@@ -33,7 +33,7 @@ class CMFXWTBasedOnCastSizeAndWeightRule : public CMfxRule {
 
     using CMfxRule::operator=;
 
-    // kRebuildConstraints: PopulateFromXML takes the record's constraints instead of its own.
+    // With kRebuildConstraints, PopulateFromXML replaces the rule's constraints by the record's.
     static constexpr int kRebuildConstraints = 1;
     int m_nReloadMode = 0;
     std::map<CString, std::vector<CastSizeAndWeightBand>> m_mapGroupRows;  // by material group

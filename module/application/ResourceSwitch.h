@@ -2,9 +2,8 @@
 
 #include <afxwin.h>
 
-// Makes the module's localized resource library the process's resource handle for the life of the scope. The
-// handle is the host's outside the module's operations, so every operation that loads resources stands in
-// such a scope.
+// Makes the module's localized resource library the process's resource handle until the end of the scope. In
+// between the handle is the host's, so every operation that loads resources needs such a scope.
 class ResourceSwitch {
   public:
     ResourceSwitch();

@@ -28,7 +28,7 @@ void WriteAttributes(MfxXMLNode& node, const CMfxRule& rule) {
     node.AddAttribute(kRuleCategoryAttribute, rule.m_strRuleCategory);
 }
 
-// The others are still written after one whose type is unknown.
+// Leaves out a parameter of an unknown type and goes on with the next one.
 void WriteParameters(MfxXMLNode& node, const CMfxRule& rule) {
     for (const MfxParamRecord& record : rule.m_paramArray) {
         if (!record.m_pStorage->IsSaved()) continue;

@@ -22,8 +22,8 @@ class CMFXSandCastingRulesApp : public CWinApp {
 
     CString GetLanguage() const;
 
-    // The language word of the user's option in the registry, or of the system's language where the option
-    // says nothing. Start-up does not ask it: the host's setting decides there.
+    // The language word of the user's option in the registry; without the option, that of the system's
+    // language. Start-up does not use it: there the host's setting decides.
     static CString GetRegistryLanguage();
 
     // Code of m_strLanguageCode for the locale lookup: "zh_CN" and the like for Chinese, the word itself for
@@ -41,7 +41,7 @@ class CMFXSandCastingRulesApp : public CWinApp {
     CString m_strLanguage;                 // language word; "english" after a fall-back
 
   private:
-    // A library's strings as they were loaded; rules ask for the same few again and again.
+    // Strings that were loaded before; rules ask for the same few again and again.
     using StringCache = std::unordered_map<UINT, CString>;
 
     void OpenResourceLibraries();

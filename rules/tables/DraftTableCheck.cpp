@@ -33,8 +33,7 @@ DraftTableResult Flaw(DraftTableFlaw flaw, int nRow, double expected = 0.0) {
     return {flaw, nRow, expected, {}};
 }
 
-// Reads the rows into bands up to the first one that lacks a value; the row's number is returned then,
-// otherwise 0.
+// Reads the rows into bands. Stops at the first row that lacks a value and returns its number, or 0.
 int CollectBands(std::span<const MfxTableRow> rows, std::vector<Band>& bands) {
     int nRow = 0;
     for (const MfxTableRow& row : rows) {
@@ -49,7 +48,7 @@ int CollectBands(std::span<const MfxTableRow> rows, std::vector<Band>& bands) {
     return 0;
 }
 
-// The first row that stands empty between bands, or 0.
+// Number of the first empty row before a band, or 0.
 int FindGap(const std::vector<Band>& bands) {
     int nExpected = 0;
     for (const Band& band : bands)
@@ -61,8 +60,8 @@ bool IsZero(double value) {
     return std::fabs(value) <= kTolerance;
 }
 
-// The first row without a value that its place demands: only the first band may begin at zero, only the last
-// one may be open.
+// Number of the first row that lacks a value, or 0. Only the first band may begin at zero, and only the last
+// one may have no upper bound.
 int FindMissingValue(const std::vector<Band>& bands) {
     for (const Band& band : bands) {
         const bool bFirst = &band == &bands.front(), bLast = &band == &bands.back();

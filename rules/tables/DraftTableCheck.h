@@ -26,7 +26,7 @@ enum class DraftTableFlaw {
 
 struct DraftTableResult {
     DraftTableFlaw flaw = DraftTableFlaw::None;
-    int nRow = 0;           // from 1; 0 for NoBands
+    int nRow = 0;           // the first is 1; 0 for NoBands
     double expected = 0.0;  // NotContiguous: the lower bound that the row should have
 
     // Without a flaw: the bands, their texts as FormatDouble writes them, the last one's empty upper bound
@@ -34,6 +34,6 @@ struct DraftTableResult {
     std::vector<MfxTableRow> bands;
 };
 
-// Checks rows of five texts. Rows without any text
-// are skipped, but not between bands. The upper bound of the last band and every third angle may be empty.
+// Checks rows of five texts. Rows without any text may only follow the bands. The upper bound of the last
+// band may be empty, and so may every third angle.
 DraftTableResult CheckDraftTable(std::span<const MfxTableRow> rows);

@@ -3,8 +3,8 @@
 
 #include <span>
 
-// A material and the wall thicknesses it is usually cast or moulded in. The numbers are texts in inches, for
-// ParseDouble, with the digits in which they are shown.
+// A material and its usual wall thicknesses. The numbers are texts, in inches, as they are shown; ParseDouble
+// reads them.
 struct MaterialThickness {
     const wchar_t* pszMaterial;
     const wchar_t* pszMinimumInch;

@@ -13,7 +13,7 @@ inline constexpr wchar_t kDefaultGroup[] = L"Default";
 // Variable draft angle
 inline constexpr long kDraftAngleTableId = 29183;
 
-// Uniform wall thickness; the last two are of records of older versions
+// Uniform wall thickness; the last two come from records of older versions
 inline constexpr long kThicknessMinId = 10067;
 inline constexpr long kThicknessMaxId = 10068;
 inline constexpr long kLegacyMaterialTableId = 10070;

@@ -17,7 +17,7 @@ bool IsZero(double value) {
     return IsEqual(value, 0.0);
 }
 
-// Pairs are compared exactly: what the dialog has not read stays the marker itself.
+// Compares exactly: the dialog leaves the marker itself where no value was read.
 bool IsGiven(double value) {
     return value != kValueNotGiven;
 }
@@ -70,8 +70,8 @@ Flaw FindInverted(Bands bands, std::size_t nBand) {
     return Flaw::None;
 }
 
-// Whether the value continues the nearest earlier band that has an upper bound; true when there is none. Sets
-// the value expected.
+// Whether the value is the upper bound of the nearest earlier band that has one; that bound is expected. True
+// when no earlier band has one.
 bool Continues(double value, Bands bands, std::size_t nBand, double (*upper)(Bands, std::size_t),
                double& expected) {
     if (!IsGiven(value)) return true;

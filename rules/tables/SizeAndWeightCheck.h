@@ -35,10 +35,9 @@ struct NumberedBand {
     CastSizeAndWeightBand band;
 };
 
-// The check on leaving a group and on OK. Of several bands the last one's upper size may be zero; it then has
-// no upper limit. A band that is the only one is first and last at once, and what must not be zero in either
-// must not be zero in it: all but its lower size.
+// The check on leaving a group and on OK. The last of several bands may have the upper size zero, which means
+// no upper limit. An only band is first and last at once: nothing but its lower size may be zero.
 SizeAndWeightResult CheckSizeAndWeightBands(std::span<const NumberedBand> bands);
 
-// The check after each edit: rows that are not finished yet are told apart from wrong ones.
+// The check after each edit. A row that is not finished yet has a flaw of its own.
 SizeAndWeightResult CheckSizeAndWeightBandsWhileTyping(std::span<const NumberedBand> bands);

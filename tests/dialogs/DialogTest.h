@@ -1,36 +1,46 @@
 #pragma once
 
-#include "LanguageUtil.h"
-#include "MfxRule.h"
 #include "support/DialogUser.h"
 #include "support/GuiObjects.h"
+#include "support/LoadedModule.h"
 #include "support/MessageBoxRecorder.h"
 
-#include <afxwin.h>
-
-#include <gtest/gtest.h>
+#include <algorithm>
 
 // Runs rules' dialogs as a host does: from the loaded module, through the rule's virtual operation. The host
-// has a window, an application object and a resource handle of its own, which every dialog has to leave as
-// they are.
+// has a window, an application object and a resource handle of its own, which every dialog must leave as they
+// are.
 class DialogTest : public testing::Test {
   protected:
-    DialogTest();
-    ~DialogTest() override;
-
-    void LoadModule(const CString& strLanguage);
-    void UnloadModule();
+    explicit DialogTest(const CString& strLanguage) : m_module(strLanguage) {
+        SetActiveWindow(m_hHostWindow);
+    }
+    ~DialogTest() override { DestroyWindow(m_hHostWindow); }
 
     // The module's rule with that id.
-    CMfxRule& Rule(int nRuleId);
+    CMfxRule& Rule(int nRuleId) {
+        return **std::find_if(m_rules.begin(), m_rules.end(),
+                              [=](const auto& pRule) { return pRule->GetRuleId() == nRuleId; });
+    }
 
     // Opens the rule's dialog and acts in it; see RunDialog.
-    void Configure(CMfxRule& rule, const std::function<void(DialogUser&)>& act);
+    void Configure(CMfxRule& rule, const std::function<void(DialogUser&)>& act) {
+        const GuiObjects before = CountGuiObjects();
+        RunDialog([&] { rule.ConfigureRuleDialog(); },
+                  [&](DialogUser& user) {
+                      EXPECT_FALSE(IsWindowEnabled(m_hHostWindow)) << "the host could delete the rule";
+                      EXPECT_EQ(GetWindow(user.Window(), GW_OWNER), m_hHostWindow);
+                      act(user);
+                  });
+        EXPECT_TRUE(IsWindowEnabled(m_hHostWindow));
+        EXPECT_EQ(GetActiveWindow(), m_hHostWindow);
+        EXPECT_EQ(AfxGetResourceHandle(), LoadedModule::HostResources());
+        EXPECT_EQ(CountGuiObjects().nWindows, before.nWindows);
+    }
 
-    HWND m_hHostWindow;
+    const HWND m_hHostWindow = CreateWindowW(L"STATIC", L"host", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 10, 10,
+                                             300, 200, nullptr, nullptr, nullptr, nullptr);
     MessageBoxRecorder m_boxes;
-
-  private:
-    HMODULE m_hModule = nullptr;
-    MfxRuleArray m_rules;
+    const LoadedModule m_module;
+    const std::vector<LoadedModule::RulePtr> m_rules = m_module.GetAllRules();
 };

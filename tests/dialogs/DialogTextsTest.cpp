@@ -10,75 +10,74 @@ namespace {
 
 constexpr int kRulesWithDialog[] = {19030};
 
-struct Texts {
-    HWND hDialog;
-    std::set<wchar_t> mnemonics;
-    int nLabels = 0;
+struct DialogTextsTest : DialogTest, testing::WithParamInterface<const wchar_t*> {
+    DialogTextsTest() : DialogTest(GetParam()) {}
 };
 
-SIZE RoomFor(HWND hControl, const CString& strText) {
-    const HDC hDC = GetDC(hControl);
-    const auto hFont = reinterpret_cast<HFONT>(SendMessageW(hControl, WM_GETFONT, 0, 0));
-    const HGDIOBJ hPrevious = SelectObject(hDC, hFont);
-    RECT rect{};
-    DrawTextW(hDC, strText, -1, &rect, DT_CALCRECT | DT_SINGLELINE);
-    SelectObject(hDC, hPrevious);
-    ReleaseDC(hControl, hDC);
-    return {rect.right, rect.bottom};
+int Scaled(int nPixels) {
+    return MulDiv(nPixels, static_cast<int>(GetDpiForSystem()), 96);
 }
 
-void CheckMnemonic(Texts& texts, const CString& strText) {
-    const int nMark = strText.Find(L'&');
-    if (nMark < 0) return;
-    const wchar_t wMnemonic = static_cast<wchar_t>(std::towupper(strText[nMark + 1]));
-    EXPECT_TRUE(texts.mnemonics.insert(wMnemonic).second) << "mnemonic twice: " << strText.GetString();
-}
-
-BOOL CALLBACK CheckControl(HWND hControl, LPARAM pTexts) {
-    auto& texts = *reinterpret_cast<Texts*>(pTexts);
+bool IsOfClass(HWND hControl, LPCWSTR pszClass) {
     wchar_t szClass[16] = L"";
     GetClassNameW(hControl, szClass, static_cast<int>(std::size(szClass)));
-    const bool bButton = CString(szClass).CompareNoCase(L"Button") == 0;
-    if (GetParent(hControl) != texts.hDialog || (!bButton && CString(szClass).CompareNoCase(L"Static") != 0))
-        return TRUE;
-    const CString strText = WindowText(hControl);
-    const SIZE room = RoomFor(hControl, strText);
-    RECT client{}, dialog{};
-    GetClientRect(hControl, &client);
-    MapWindowPoints(hControl, texts.hDialog, reinterpret_cast<POINT*>(&client), 2);
-    GetClientRect(texts.hDialog, &dialog);
-    const int nFrame = bButton ? 8 : 0;
-    EXPECT_LE(room.cx + nFrame, client.right - client.left) << strText.GetString();
-    EXPECT_LE(room.cy, client.bottom - client.top) << strText.GetString();
-    EXPECT_TRUE(client.left >= 0 && client.right <= dialog.right && client.bottom <= dialog.bottom);
-    if (!bButton) {
-        ++texts.nLabels;
-        EXPECT_GE(strText.Find(L'&'), 0) << "no mnemonic: " << strText.GetString();
+    return CString(szClass).CompareNoCase(pszClass) == 0;
+}
+
+// The window's text must leave as many pixels of the window's width.
+void ExpectRoom(HWND hWindow, int nFrameAt96Dpi) {
+    const CString strText = WindowText(hWindow);
+    const HDC hDC = GetDC(hWindow);
+    const auto hFont = reinterpret_cast<HFONT>(SendMessageW(hWindow, WM_GETFONT, 0, 0));
+    const HGDIOBJ hPrevious = SelectObject(hDC, hFont);
+    RECT text{}, client{};
+    DrawTextW(hDC, strText, -1, &text, DT_CALCRECT | DT_SINGLELINE);
+    SelectObject(hDC, hPrevious);
+    ReleaseDC(hWindow, hDC);
+    GetClientRect(hWindow, &client);
+    EXPECT_LE(text.right + Scaled(nFrameAt96Dpi), client.right) << strText.GetString();
+    EXPECT_LE(text.bottom, client.bottom) << strText.GetString();
+}
+
+void ExpectInside(HWND hControl, HWND hDialog) {
+    CRect control, dialog, both;
+    GetWindowRect(hControl, &control);
+    GetClientRect(hDialog, &dialog);
+    MapWindowPoints(hDialog, nullptr, reinterpret_cast<POINT*>(&dialog), 2);
+    IntersectRect(&both, &control, &dialog);
+    EXPECT_EQ(both, control) << WindowText(hControl).GetString();
+}
+
+void CheckControls(HWND hDialog) {
+    std::set<wchar_t> mnemonics;
+    int nLabels = 0;
+    for (HWND hControl = GetWindow(hDialog, GW_CHILD); hControl;
+         hControl = GetWindow(hControl, GW_HWNDNEXT)) {
+        const bool bButton = IsOfClass(hControl, L"Button"), bLabel = IsOfClass(hControl, L"Static");
+        if (!bButton && !bLabel) continue;
+        ExpectRoom(hControl, bButton ? 8 : 0);
+        ExpectInside(hControl, hDialog);
+        const CString strText = WindowText(hControl);
+        const int nMark = strText.Find(L'&');
+        nLabels += bLabel;
+        EXPECT_TRUE(nMark >= 0 || bButton) << "no mnemonic: " << strText.GetString();
+        if (nMark < 0) continue;
+        const wchar_t wMnemonic = static_cast<wchar_t>(std::towupper(strText[nMark + 1]));
+        EXPECT_TRUE(mnemonics.insert(wMnemonic).second) << "mnemonic twice: " << strText.GetString();
     }
-    CheckMnemonic(texts, strText);
-    return TRUE;
+    EXPECT_GT(nLabels, 0);
 }
 
 }  // namespace
 
-class DialogTextsTest : public DialogTest, public testing::WithParamInterface<const wchar_t*> {};
-
 TEST_P(DialogTextsTest, HaveRoom) {
-    LoadModule(GetParam());
-    CreateDirectoryW(L"screenshots", nullptr);
     for (const int nRuleId : kRulesWithDialog)
         Configure(Rule(nRuleId), [&](DialogUser& user) {
-            Texts texts{user.Window(), {}, 0};
-            EnumChildWindows(user.Window(), CheckControl, reinterpret_cast<LPARAM>(&texts));
-            EXPECT_GT(texts.nLabels, 0);
-            EXPECT_LE(RoomFor(user.Window(), WindowText(user.Window())).cx + 40, [&] {
-                RECT rect{};
-                GetClientRect(user.Window(), &rect);
-                return rect.right;
-            }()) << "caption";
-            CString strFile;
-            strFile.Format(L"screenshots\\%d-%s.png", nRuleId, GetParam());
-            EXPECT_TRUE(SaveScreenshot(user.Window(), strFile));
+            CheckControls(user.Window());
+            ExpectRoom(user.Window(), 40);  // the caption and its button
+            CString strName;
+            strName.Format(L"%d-%s", nRuleId, GetParam());
+            EXPECT_TRUE(KeepScreenshot(user.Window(), strName));
             user.Press(VK_ESCAPE);
         });
 }

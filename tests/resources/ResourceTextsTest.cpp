@@ -1,35 +1,14 @@
-#include "LanguageUtil.h"
-#include "LocationHelper.h"
+#include "MassUnits.h"
+#include "module/ModuleTestSupport.h"
 
-#include <gmock/gmock.h>
+#include <gtest/gtest.h>
 
 #include <map>
 #include <regex>
 
 namespace {
 
-using Texts = std::map<UINT, std::wstring>;
 constexpr UINT kStringIds[] = {MFX_STRING_IDS};
-
-// A block holds 16 strings, each a length and its characters; one that is missing has length 0.
-BOOL CALLBACK ReadBlock(HMODULE hLibrary, LPCWSTR pszType, LPWSTR pszBlock, LONG_PTR pTexts) {
-    const HGLOBAL hBlock = LoadResource(hLibrary, FindResourceW(hLibrary, pszBlock, pszType));
-    const auto* pText = static_cast<const wchar_t*>(LockResource(hBlock));
-    const UINT nEnd = static_cast<UINT>(reinterpret_cast<ULONG_PTR>(pszBlock)) * 16;
-    for (UINT nId = nEnd - 16; nId < nEnd; pText += 1 + *pText, ++nId)
-        if (*pText) (*reinterpret_cast<Texts*>(pTexts))[nId].assign(pText + 1, *pText);
-    return TRUE;
-}
-
-Texts ReadTexts(const CString& strLanguage) {
-    CLanguageUtil::SetMfxKitLang(strLanguage);
-    const CString strPath = CLocationHelper::GetLocalizedResPath() + L"\\MFXSandCastingRulesResu.dll";
-    const HMODULE hLibrary = LoadLibraryExW(strPath, nullptr, LOAD_LIBRARY_AS_DATAFILE);
-    Texts texts;
-    EnumResourceNamesW(hLibrary, RT_STRING, ReadBlock, reinterpret_cast<LONG_PTR>(&texts));
-    FreeLibrary(hLibrary);
-    return texts;
-}
 
 // "%s", "%5.2lf" and the like, in their order.
 std::vector<std::wstring> InsertsOf(const std::wstring& text) {
@@ -40,16 +19,23 @@ std::vector<std::wstring> InsertsOf(const std::wstring& text) {
 }  // namespace
 
 TEST(ResourceTextsTest, EveryLanguageHasEveryTextWithTheSameInserts) {
-    Texts english = ReadTexts(L"english");
     for (const CString& strLanguage : CLanguageUtil::GetLanguageWords()) {
         SCOPED_TRACE(testing::Message() << strLanguage.GetString());
-        std::vector<UINT> ids;
-        for (const auto& [nId, text] : ReadTexts(strLanguage)) {
-            ids.push_back(nId);
+        const StartedApp app(strLanguage);
+        EXPECT_STREQ(app.GetLanguage(), strLanguage);
+        for (const UINT nId : kStringIds) {
+            const std::wstring text = app.Text(nId);
             EXPECT_NE(text.find_first_not_of(L" \t\r\n\u00a0\u3000"), std::wstring::npos)
                 << nId << " is blank";
-            EXPECT_EQ(InsertsOf(text), InsertsOf(english[nId])) << nId;
+            const CString strEnglish = app.LoadDefaultLanguageString(nId);
+            EXPECT_EQ(InsertsOf(text), InsertsOf(strEnglish.GetString())) << nId;
         }
-        EXPECT_THAT(ids, testing::UnorderedElementsAreArray(kStringIds));
+        // Records keep a label, whatever the language it was chosen in.
+        for (const auto& [nMassUnit, nId] : std::map<int, UINT>{{MassMilligram, 29103},
+                                                                {MassGram, 29101},
+                                                                {MassKilogram, 29102},
+                                                                {MassTonne, 29100},
+                                                                {MassPound, 29109}})
+            EXPECT_STREQ(app.Text(nId), GetMassUnitLabel(nMassUnit));
     }
 }

@@ -4,74 +4,101 @@
 #include "UniformThicknessRule.h"
 #include "WTBasedOnCastSizeAndWeightRule.h"
 
+#include <functional>
+
 namespace {
 
-struct FreshRulesTest : RuleTest {
-    // A fresh rule: texts; category, id, severity, status, units; results, the status after being told 5.
-    CString State(CMfxRule& rule) const {
-        EXPECT_TRUE(rule.m_bParametersCreated && !rule.m_bPopulated && rule.AcceptRuleData(nullptr));
-        for (const auto& [type, p] : rule.m_paramArray)
-            EXPECT_EQ(p->m_strName.GetString(), m_app.Text(static_cast<UINT>(p->m_nParamId)));
-        std::wostringstream text;
-        for (const CString& str : {rule.m_strName, rule.m_strDisplayName, rule.m_processList.GetHead(),
-                                   rule.m_strModule, rule.m_strSummary, Values(rule.m_paramArray, true)})
-            text << str.GetString() << L"; ";
-        for (const int n : {rule.GetRuleCategoryEnum(), rule.GetRuleId(), rule.m_nSeverity, rule.m_nStatus,
-                            rule.m_nLengthUnit, rule.m_nAngleUnit})
-            text << n << L" ";
-        rule.SetRuleStatusForAssemblyModel(5);
-        text << L"; " << rule.Execute({}, {}, {}, 0) << rule.ExecuteAlternate({}, {}, {}, 0) << rule.m_nStatus
-             << rule.GetMaterialStatus();
-        return text.str().c_str();
-    }
+const CString kVariation = L"Variation admise de l'épaisseur de paroi\u00a0: ";
+
+struct FreshRule {
+    CMfxRule& rule;
+    bool bOwnHeader;  // of this module, or the one given
+    int nRuleId;
+    UINT nNameId;
+    CString strSummary, strParameters;  // their kinds show in the host's default document
+    int nExecute, nExecuteAlternate, nMaterialStatus, nStatusAfterFive;
 };
 
-const CString kSummary = L"Variation admise de l'épaisseur de paroi\u00a0: ";
+struct FreshRulesTest : RuleTest {
+    void ExpectHeader(const FreshRule& fresh) {
+        const CMfxRule& rule = fresh.rule;
+        EXPECT_STREQ(rule.m_strName, m_app.LoadDefaultLanguageString(fresh.nNameId));
+        EXPECT_STREQ(rule.m_strDisplayName, m_app.LoadLocalizedString(fresh.nNameId));
+        EXPECT_STREQ(rule.m_processList.GetHead(), fresh.bOwnHeader ? L"Moulage en sable" : L"P");
+        EXPECT_STREQ(rule.m_strModule, fresh.bOwnHeader ? L"MFXSandCastingRulesValidator" : L"M");
+        EXPECT_EQ(rule.GetRuleCategoryEnum(), fresh.bOwnHeader ? 19 : 9);
+        EXPECT_EQ(rule.GetRuleId(), fresh.nRuleId);
+        EXPECT_STREQ(rule.m_strSummary, fresh.strSummary);
+        EXPECT_EQ(rule.m_nSeverity, 2);
+        EXPECT_EQ(rule.m_nStatus, 0);
+    }
+    void ExpectParameters(const FreshRule& fresh) {
+        EXPECT_STREQ(Values(fresh.rule), fresh.strParameters);
+        for (const auto& param : fresh.rule.m_paramArray)
+            EXPECT_STREQ(param.m_pStorage->m_strName,
+                         m_app.LoadLocalizedString(static_cast<UINT>(param.m_pStorage->m_nParamId)));
+        EXPECT_EQ(Units(fresh.rule), (UnitPair{1, 0}));
+        EXPECT_TRUE(fresh.rule.m_bParametersCreated);
+        EXPECT_FALSE(fresh.rule.m_bPopulated);
+    }
+    static void ExpectAnswers(const FreshRule& fresh) {
+        EXPECT_TRUE(fresh.rule.AcceptRuleData(nullptr));
+        EXPECT_EQ(fresh.rule.Execute({}, {}, {}, 0), fresh.nExecute);
+        EXPECT_EQ(fresh.rule.ExecuteAlternate({}, {}, {}, 0), fresh.nExecuteAlternate);
+        EXPECT_EQ(fresh.rule.GetMaterialStatus(), fresh.nMaterialStatus);
+        fresh.rule.SetRuleStatusForAssemblyModel(5);
+        EXPECT_EQ(fresh.rule.m_nStatus, fresh.nStatusAfterFive);
+    }
+};
 
 }  // namespace
 
 TEST_F(FreshRulesTest, AreAsDocumented) {
-    const CString
-        strOwn = L"Moulage en sable; MFXSandCastingRulesValidator; ",
-        strLow = L"Épaisseur de paroi minimale\u00a0: ",
-        strHigh = L" mm  Épaisseur de paroi maximale\u00a0: ",
-        strUniform = L"Uniform Wall Thickness; Épaisseur de paroi uniforme; ",
-        strSizeAndWeight =
-            L"Wall Thickness by Cast Size and Weight; Épaisseur de paroi selon la taille et le poids; ",
-        strBands = CString(m_app.Text(10123).c_str()) + L";  10165:53,0: kg; ",
-        strVariation = L"Wall Thickness Variation; Variation de l'épaisseur de paroi; ",
-        strPercent = kSummary + L"25.0;  29167:47,1: 25; ";
-    const auto check = [&](CMfxRule&& rule, const CString& strState) { EXPECT_STREQ(State(rule), strState); };
-    check(CMFXUniformThicknessRule(7), strUniform + strOwn + strLow + L"6.0" + strHigh +
-                                           L"16.0 mm;  10067:47,1: 6 10068:48,1: 16; 19 7 2 0 1 0 ; -3000");
-    check(CMFXUniformThicknessRule(L"P", L"M", CategoryInjectionMoulding, 8, nullptr),
-          strUniform + L"P; M; " + strLow + L"2.0" + strHigh +
-              L"3.0 mm;  10067:47,1: 2 10068:48,1: 3; 9 8 2 0 1 0 ; -3000");
-    check(CMFXWTBasedOnCastSizeAndWeightRule(nullptr),
-          strSizeAndWeight + strOwn + strBands + L"19 19020 2 0 1 0 ; 0-350");
-    check(CMFXWTBasedOnCastSizeAndWeightRule(L"P", L"M", CategoryInjectionMoulding, 8, nullptr),
-          strSizeAndWeight + L"P; M; " + strBands + L"9 8 2 0 1 0 ; 0-350");
-    check(CMFXSCVariableDraftAngleRule(), L"Variable Draft Angle; Angle de dépouille variable; " + strOwn +
-                                              m_app.Text(29193).c_str() +
-                                              L";  29183:83,24:; 19 19040 2 0 1 0 ; 005-1");
-    check(CMFXSCWTVariationRule(7), strVariation + strOwn + strPercent + L"19 7 2 0 1 0 ; -300-1");
-    check(CMFXSCWTVariationRule(L"P", L"M", CategoryInjectionMoulding, 8),
-          strVariation + L"P; M; " + strPercent + L"9 8 2 0 1 0 ; -300-1");
+    CMFXUniformThicknessRule uniform(7), otherUniform(L"P", L"M", CategoryInjectionMoulding, 8, nullptr);
+    CMFXWTBasedOnCastSizeAndWeightRule byWeight(nullptr),
+        otherByWeight(L"P", L"M", CategoryInjectionMoulding, 8, nullptr);
+    CMFXSCVariableDraftAngleRule draft;
+    CMFXSCWTVariationRule variation(7), otherVariation(L"P", L"M", CategoryInjectionMoulding, 8);
+    const CString strLow = L"Épaisseur de paroi minimale\u00a0: ",
+                  strHigh = L" mm  Épaisseur de paroi maximale\u00a0: ",
+                  strBands = m_app.LoadLocalizedString(10123), strDraft = m_app.LoadLocalizedString(29193);
+    const FreshRule kCases[] = {
+        {uniform, true, 7, 10063, strLow + L"6.0" + strHigh + L"16.0 mm", L" 10067: 6 10068: 16", -3, 0, 0,
+         0},
+        {otherUniform, false, 8, 10063, strLow + L"2.0" + strHigh + L"3.0 mm", L" 10067: 2 10068: 3", -3, 0,
+         0, 0},
+        {byWeight, true, 19020, 10122, strBands, L" 10165: kg", 0, -3, 0, 5},
+        {otherByWeight, false, 8, 10122, strBands, L" 10165: kg", 0, -3, 0, 5},
+        {draft, true, 19040, 29192, strDraft, L" 29183:", 0, 0, -1, 5},
+        {variation, true, 7, 29168, kVariation + L"25.0", L" 29167: 25", -3, 0, -1, 0},
+        {otherVariation, false, 8, 29168, kVariation + L"25.0", L" 29167: 25", -3, 0, -1, 0},
+    };
+    for (const FreshRule& fresh : kCases) {
+        SCOPED_TRACE(testing::Message() << fresh.nNameId << ", id " << fresh.nRuleId);
+        ExpectHeader(fresh);
+        ExpectParameters(fresh);
+        ExpectAnswers(fresh);
+    }
+    EXPECT_STREQ(variation.m_strDescription, m_app.LoadLocalizedString(29170));
+    EXPECT_STREQ(variation.m_strHelpFilePath, L"\\lang\\french\\lang\\english\\mfxkit.chm");
 }
 
 TEST_F(FreshRulesTest, VariationReadsOnlyVariationsAndConvertsNone) {
     CMFXSCWTVariationRule rule(7);
-    EXPECT_EQ(rule.m_strDescription.GetString(), m_app.Text(29170));
-    EXPECT_STREQ(rule.m_strHelpFilePath, L"\\lang\\french\\lang\\english\\mfxkit.chm");
     rule.PopulateFromXML(Record(Parameter(10067, "6")).get());
-    EXPECT_TRUE(Values(rule) == L" 29167: 25" && rule.m_nStatus == 0 && !rule.m_bPopulated);
+    EXPECT_STREQ(Values(rule), L" 29167: 25");
+    EXPECT_FALSE(rule.m_bPopulated);
     const NodePtr pRecord = Record(Parameter(29167, "30.5"));
-    for (int i = 0; i < 3; ++i) {
+    const std::function<void()> kSteps[] = {[&] { rule.PopulateFromXML(pRecord.get()); },
+                                            [&] {
+                                                rule.ConvertUnits({1, 0}, {3, 2});
+                                            },
+                                            [&] { NodePtr(rule.BuildXMLNode()); }};
+    for (const auto& step : kSteps) {
         rule.m_strSummary = L"old";
-        if (i == 0) rule.PopulateFromXML(pRecord.get());
-        if (i == 1) rule.ConvertUnits({1, 0}, {3, 2});
-        if (i == 2) NodePtr(rule.BuildXMLNode());
-        EXPECT_STREQ(Values(rule) + rule.m_strSummary, L" 29167: 30.5" + kSummary + L"30.5");
+        step();
+        EXPECT_STREQ(Values(rule), L" 29167: 30.5");
+        EXPECT_STREQ(rule.m_strSummary, kVariation + L"30.5");
         EXPECT_EQ(Units(rule), UnitPair{});
     }
 }

@@ -13,15 +13,18 @@ TEST(NumberTextTest, FormatsWithoutTrailingZeros) {
 }
 
 TEST(NumberTextTest, ParsesTheLeadingPointsAndDigits) {
-    // Points and digits only, or more than that.
-    const std::tuple<CString, double, bool> texts[] = {
-        {L"25.4", 25.4, true}, {L"", 0, true},      {L".5", 0.5, true},    {L".", 0, true},
-        {L"1.2.3", 1.2, true}, {L"1..5", 1, true},  {L"007", 7, true},     {L"-5", 0, false},
-        {L" 5", 0, false},     {L"5 mm", 5, false}, {L"1e5", 1, false},    {L"1,5", 1, false},
-        {L"abc", 0, false},    {L"inf", 0, false},  {L"5\u0665", 5, false}};
-    for (const auto& [strText, value, bNumeric] : texts)
-        EXPECT_TRUE(ParseDouble(strText) == value && IsNumericText(strText) == bNumeric)
-            << strText.GetString();
+    const struct {
+        CString strText;
+        double value;
+        bool bNumeric;  // points and digits only
+    } kCases[] = {{L"25.4", 25.4, true}, {L"", 0, true},      {L".5", 0.5, true},    {L".", 0, true},
+                  {L"1.2.3", 1.2, true}, {L"1..5", 1, true},  {L"007", 7, true},     {L"-5", 0, false},
+                  {L" 5", 0, false},     {L"5 mm", 5, false}, {L"1e5", 1, false},    {L"1,5", 1, false},
+                  {L"abc", 0, false},    {L"inf", 0, false},  {L"5\u0665", 5, false}};
+    for (const auto& [strText, value, bNumeric] : kCases) {
+        EXPECT_EQ(ParseDouble(strText), value) << strText.GetString();
+        EXPECT_EQ(IsNumericText(strText), bNumeric) << strText.GetString();
+    }
 }
 
 TEST(NumberTextTest, KnowsTheOpenUpperLimit) {
@@ -29,12 +32,14 @@ TEST(NumberTextTest, KnowsTheOpenUpperLimit) {
     for (const double value : {1e9 + 2e-6, 1e9 - 2e-6, -1e9}) EXPECT_FALSE(IsNoUpperLimit(value));
 }
 
-TEST(MaterialTablesTest, TablesByCategory) {
-    for (int nCategory = -1; nCategory < 30; ++nCategory) {
-        EXPECT_EQ(GetDefaultMaterials(nCategory).size(), nCategory == 9 ? 38u : nCategory == 19 ? 5u : 0u);
-        EXPECT_EQ(GetMaterialGroups(nCategory).size(), nCategory == 19 ? 7u : 0u);
+TEST(MaterialTablesTest, LimitsMakeSense) {
+    for (const int nCategory : {9, 19}) {
+        EXPECT_FALSE(GetDefaultMaterials(nCategory).empty()) << nCategory;
+        for (const auto& material : GetDefaultMaterials(nCategory))
+            EXPECT_GT(ParseDouble(material.pszMaximumInch), ParseDouble(material.pszMinimumInch))
+                << material.pszMaterial;
     }
-    EXPECT_STREQ(GetDefaultMaterials(9)[37].pszMaximumInch, L"0.187");
-    EXPECT_NEAR(ParseDouble(GetDefaultMaterials(19)[0].pszMaximumInch), 4.76 / 25.4, 1e-15);
-    EXPECT_STREQ(GetDefaultMaterials(19)[4].pszMaterial, L"Malleable Cast Iron");
+    EXPECT_TRUE(GetDefaultMaterials(1).empty());
+    EXPECT_TRUE(GetMaterialGroups(9).empty());
+    EXPECT_FALSE(GetMaterialGroups(19).empty());
 }

@@ -41,9 +41,8 @@ TEST(SizeAndWeightCheckTest, FindsTheFirstFlawOfAGroup) {
             {{{1, {0, 10, No, No, 3}}, {3, {10, 20, No, No, 4}}}, Flaw::MissingOrZero, 2},
             {{{1, {0, 10, 0, 1, 3}}}, Flaw::MissingOrZero, 1},
             {{{1, {0, 10, No, No, 3}}, {2, {10, 20, No, No, 0}}}, Flaw::MissingOrZero, 2},
-            {{{1, {0, 10, No, No, 0}}, {2, {10, 20, No, No, 3}}},
-             Flaw::None,
-             0},  // only the last thickness counts
+            // Only the last thickness counts.
+            {{{1, {0, 10, No, No, 0}}, {2, {10, 20, No, No, 3}}}, Flaw::None, 0},
             {{{1, {0, No, No, No, 3}}}, Flaw::SizeIncomplete, 1},
             {{{1, {No, 10, 1, 2, 3}}}, Flaw::SizeIncomplete, 1},
             {{{1, {1, 10, 1, No, 3}}}, Flaw::WeightIncomplete, 1},

@@ -48,8 +48,8 @@ TEST_F(UniformThicknessRuleTest, ConstraintsOfARecord) {
     const NodePtr pRecord = Record(Material("1", Limits("1", "2")) + Material("0") + Material("01"));
     Rule rule(pRecord);
     const CString strFilled = L" 1{ 10067: 1 10068: 2 } -0{ -10067: -10068: } -01{ -10067: -10068: }";
-    EXPECT_STREQ(Values(rule.m_constraintArray[0]->m_paramArray, true), L" 10067:47,1: 10068:48,1:");
-    EXPECT_EQ(rule.m_constraintArray[0]->m_type, ConstraintByMaterial);
+    ExpectKinds(*rule.m_constraintArray[0],
+                {{10067, OperatorAtLeast, ParamLimit}, {10068, OperatorAtMost, ParamLimit}});
     EXPECT_STREQ(Values(rule.Read(pRecord)), L" 10067: 10068:" + strFilled);
     rule.m_strSummary = L"old";
     const NodePtr pWritten(rule.BuildXMLNode());
@@ -66,7 +66,10 @@ TEST_F(UniformThicknessRuleTest, ConstraintsOfARecord) {
 TEST_F(UniformThicknessRuleTest, SummaryOfWhatIsOn) {
     const CString strLow = kLow + L"5.0 in  ", strHigh = kHigh + L"9.5 in",
                   strBare = L" minimale\u00a0: 5.0 in   maximale\u00a0: 9.5 in";
-    const std::tuple<std::string, CString, CString> cases[] = {
+    const struct {
+        std::string content;
+        CString strValues, strSummary;
+    } kCases[] = {
         // A switch before the limits: exactly 1 is on.
         {Limits("1 5", "0 9.5"), L" 10067: 5 -10068: 9.5", strLow},
         {Limits("0.9999999 5", "1 9.5 7"), L" -10067: 5 10068: 9.5 7", strHigh},
@@ -76,7 +79,7 @@ TEST_F(UniformThicknessRuleTest, SummaryOfWhatIsOn) {
         {Limits("5", "9.5") + Material("0") + Material("1"),
          L" 10067: 5 10068: 9.5 -0{ -10067: -10068: } 1{ 10067: 10068: }", strLow + strHigh},
     };
-    for (const auto& [content, strValues, strSummary] : cases) {
+    for (const auto& [content, strValues, strSummary] : kCases) {
         const NodePtr pRecord = Record(content, "Unit='3'");
         Rule rule(pRecord);
         EXPECT_STREQ(Values(rule.Read(pRecord)), strValues);
@@ -86,10 +89,10 @@ TEST_F(UniformThicknessRuleTest, SummaryOfWhatIsOn) {
 
 TEST_F(UniformThicknessRuleTest, UnitIsOneCharacterOfTheParent) {
     Rule rule(nullptr);
-    std::string codes;
-    for (const char* attribute : {"Unit='9'", "Unit='10'", "Unit='x3'", "Unit='-1'", "Unit=''", "Other='3'"})
-        codes += std::to_string(rule.Read(Record("", attribute)).m_nLengthUnit);
-    EXPECT_EQ(codes, "910000");
+    const std::pair<const char*, int> kCases[] = {{"Unit='9'", 9},  {"Unit='10'", 1}, {"Unit='x3'", 0},
+                                                  {"Unit='-1'", 0}, {"Unit=''", 0},   {"Other='3'", 0}};
+    for (const auto& [attribute, nUnit] : kCases)
+        EXPECT_EQ(rule.Read(Record("", attribute)).m_nLengthUnit, nUnit) << attribute;
     rule.m_nLengthUnit = 7;
     ASSERT_TRUE(m_document.Parse("<Rule Unit='3'/>").bOk);
     EXPECT_EQ(rule.Read(NodePtr(m_document.GetRootNode())).m_nLengthUnit, 0);

@@ -1,7 +1,6 @@
 #include "WTBasedOnCastSizeAndWeightRule.h"
 
 #include "RuleTestSupport.h"
-#include "UnitLabels.h"
 
 namespace {
 
@@ -36,8 +35,11 @@ TEST_F(SizeAndWeightRuleTest, GroupsBecomeConstraints) {
                  L" 10165: kg Default{ 29119: 0 10 29120: 10 20 29121: 0.5 -1 29122: 1.5 2 29118: "
                  L"3 4 }" +
                      Shown(L"-Steel", L""));
-    EXPECT_STREQ(Values(rule.m_constraintArray[1]->m_paramArray, true),
-                 L" 29119:43,1: 29120:48,1: 29121:48,31: 29122:48,31: 29118:48,1:");
+    ExpectKinds(*rule.m_constraintArray[1], {{29119, OperatorEqual, ParamLimit},
+                                             {29120, OperatorAtMost, ParamLimit},
+                                             {29121, OperatorAtMost, ParamMass},
+                                             {29122, OperatorAtMost, ParamMass},
+                                             {29118, OperatorAtMost, ParamLimit}});
 }
 
 TEST_F(SizeAndWeightRuleTest, OnlyReloadModeTakesTheRecordsConstraints) {
@@ -72,12 +74,4 @@ TEST_F(SizeAndWeightRuleTest, ConvertsLengthsButNoWeightsAndNoMarkers) {
     rule.ConvertUnits({3, 2}, {1, 0});
     EXPECT_STREQ(Values(params), L" 29119: -1 -2e-06 0" + strAfter);
     EXPECT_EQ(Units(rule), UnitPair{});
-}
-
-TEST_F(SizeAndWeightRuleTest, MassLabels) {
-    const LPCWSTR labels[] = {L"", L"", L"mg", L"g", L"kg", L"t", L"lb", L""};  // from code -1 on
-    for (int i = 0; i < 8; ++i) {
-        EXPECT_STREQ(GetMassUnitLabel(i - 1), labels[i]);
-        EXPECT_EQ(GetMassUnitCode(labels[i]), *labels[i] ? i - 1 : 3);
-    }
 }

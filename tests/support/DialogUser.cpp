@@ -8,14 +8,14 @@
 
 namespace {
 
+constexpr DWORD kDialogAtom = 0x8002;  // the window class of dialogs
 constexpr UINT kTickMs = 10;
 constexpr ULONGLONG kPatienceMs = 20'000;
 DialogUser* g_pUser = nullptr;
 
 BOOL CALLBACK TakeOpenDialog(HWND hWindow, LPARAM pFound) {
-    wchar_t szClass[16] = L"";
-    GetClassNameW(hWindow, szClass, static_cast<int>(std::size(szClass)));
-    if (CString(szClass) != L"#32770" || !IsWindowVisible(hWindow) || !IsWindowEnabled(hWindow)) return TRUE;
+    const bool bDialog = GetClassLongW(hWindow, GCW_ATOM) == kDialogAtom;
+    if (!bDialog || !IsWindowVisible(hWindow) || !IsWindowEnabled(hWindow)) return TRUE;
     *reinterpret_cast<HWND*>(pFound) = hWindow;
     return FALSE;
 }
@@ -23,9 +23,14 @@ BOOL CALLBACK TakeOpenDialog(HWND hWindow, LPARAM pFound) {
 INPUT KeyInput(WORD wKey, WORD wScan, DWORD dwFlags) {
     INPUT input{};
     input.type = INPUT_KEYBOARD;
-    input.ki.wVk = wKey;
-    input.ki.wScan = wScan;
-    input.ki.dwFlags = dwFlags;
+    input.ki = {wKey, wScan, dwFlags, 0, 0};
+    return input;
+}
+
+INPUT ButtonInput(DWORD dwFlags) {
+    INPUT input{};
+    input.type = INPUT_MOUSE;
+    input.mi.dwFlags = dwFlags;
     return input;
 }
 
@@ -143,12 +148,7 @@ void DialogUser::ClickOn(int nControlId) {
     GetWindowRect(Control(nControlId), &rect);
     SetCursorPos((rect.left + rect.right) / 2, (rect.top + rect.bottom) / 2);
     Idle();  // the system moves the pointer in its own time
-    INPUT input{};
-    input.type = INPUT_MOUSE;
-    input.mi.dwFlags = MOUSEEVENTF_LEFTDOWN;
-    Send({input});
-    input.mi.dwFlags = MOUSEEVENTF_LEFTUP;
-    Send({input});
+    Send({ButtonInput(MOUSEEVENTF_LEFTDOWN), ButtonInput(MOUSEEVENTF_LEFTUP)});
     Idle();
 }
 

@@ -1,21 +1,16 @@
 #include "Screenshot.h"
 
-#include <wincodec.h>
-#include <wrl/client.h>
+#include <objidl.h>
 
-#include <vector>
+#include <gdiplus.h>
 
-using Microsoft::WRL::ComPtr;
+using namespace Gdiplus;
 
 namespace {
 
-struct Picture {
-    UINT nWidth = 0;
-    UINT nHeight = 0;
-    std::vector<BYTE> pixels;  // blue, green, red, unused; from the top
-};
+constexpr CLSID kPngEncoder = {0x557CF406, 0x1A04, 0x11D3, {0x9A, 0x73, 0x00, 0x00, 0xF8, 0x1E, 0xF3, 0x2E}};
 
-Picture CopyFromScreen(HWND hWindow) {
+HBITMAP CopyFromScreen(HWND hWindow) {
     RECT rect{};
     GetWindowRect(hWindow, &rect);
     const int nWidth = rect.right - rect.left, nHeight = rect.bottom - rect.top;
@@ -24,44 +19,28 @@ Picture CopyFromScreen(HWND hWindow) {
     const HGDIOBJ hPrevious = SelectObject(hMemory, hBitmap);
     BitBlt(hMemory, 0, 0, nWidth, nHeight, hScreen, rect.left, rect.top, SRCCOPY);
     SelectObject(hMemory, hPrevious);
-
-    Picture picture{static_cast<UINT>(nWidth), static_cast<UINT>(nHeight), {}};
-    picture.pixels.resize(4u * picture.nWidth * picture.nHeight);
-    BITMAPINFO info{};
-    info.bmiHeader = {sizeof info.bmiHeader, nWidth, -nHeight, 1, 32, BI_RGB, 0, 0, 0, 0, 0};
-    GetDIBits(hMemory, hBitmap, 0, picture.nHeight, picture.pixels.data(), &info, DIB_RGB_COLORS);
-    DeleteObject(hBitmap);
     DeleteDC(hMemory);
     ReleaseDC(nullptr, hScreen);
-    return picture;
-}
-
-bool WritePng(const CString& strPath, Picture picture) {
-    ComPtr<IWICImagingFactory> pFactory;
-    ComPtr<IWICStream> pStream;
-    ComPtr<IWICBitmapEncoder> pEncoder;
-    ComPtr<IWICBitmapFrameEncode> pFrame;
-    WICPixelFormatGUID format = GUID_WICPixelFormat32bppBGR;
-    const UINT nStride = 4 * picture.nWidth;
-    const auto ok = [](HRESULT result) { return SUCCEEDED(result); };
-    return ok(CoCreateInstance(CLSID_WICImagingFactory, nullptr, CLSCTX_INPROC_SERVER,
-                               IID_PPV_ARGS(&pFactory))) &&
-           ok(pFactory->CreateStream(&pStream)) &&
-           ok(pStream->InitializeFromFilename(strPath, GENERIC_WRITE)) &&
-           ok(pFactory->CreateEncoder(GUID_ContainerFormatPng, nullptr, &pEncoder)) &&
-           ok(pEncoder->Initialize(pStream.Get(), WICBitmapEncoderNoCache)) &&
-           ok(pEncoder->CreateNewFrame(&pFrame, nullptr)) && ok(pFrame->Initialize(nullptr)) &&
-           ok(pFrame->SetSize(picture.nWidth, picture.nHeight)) && ok(pFrame->SetPixelFormat(&format)) &&
-           ok(pFrame->WritePixels(picture.nHeight, nStride, nStride * picture.nHeight,
-                                  picture.pixels.data())) &&
-           ok(pFrame->Commit()) && ok(pEncoder->Commit());
+    return hBitmap;
 }
 
 }  // namespace
 
 bool SaveScreenshot(HWND hWindow, const CString& strPath) {
-    const HRESULT initialized = CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED);
-    const bool bSaved = WritePng(strPath, CopyFromScreen(hWindow));
-    if (SUCCEEDED(initialized)) CoUninitialize();
+    const GdiplusStartupInput input;
+    ULONG_PTR nToken = 0;
+    if (GdiplusStartup(&nToken, &input, nullptr) != Ok) return false;
+    const HBITMAP hBitmap = CopyFromScreen(hWindow);
+    const bool bSaved = Bitmap(hBitmap, nullptr).Save(strPath, &kPngEncoder, nullptr) == Ok;
+    DeleteObject(hBitmap);
+    GdiplusShutdown(nToken);
     return bSaved;
+}
+
+bool KeepScreenshot(HWND hWindow, const CString& strName) {
+    CString strFolder = L"screenshots";
+    if (GetDpiForSystem() != USER_DEFAULT_SCREEN_DPI)
+        strFolder.Format(L"screenshots-%u-dpi", GetDpiForSystem());
+    CreateDirectoryW(strFolder, nullptr);
+    return SaveScreenshot(hWindow, strFolder + L"\\" + strName + L".png");
 }
