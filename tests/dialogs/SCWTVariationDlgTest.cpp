@@ -59,7 +59,7 @@ TEST_F(SCWTVariationDlgTest, ClosesByKeysAndClicks) {
     };
     for (const auto& [close, bStores] : kWays) {
         Values()[0] = 1.0;
-        Configure(Rule(), [&](DialogUser& user) {
+        Configure(Rule(), [&, &close = close](DialogUser& user) {
             user.Press(L'U', VK_MENU);
             EXPECT_EQ(GetFocus(), user.Control(IDC_VARIATION_LENGTH_UNIT)) << "its label's mnemonic";
             user.Press(L'V', VK_MENU);
