@@ -57,7 +57,6 @@ TEST(MfxXMLDocumentTest, RefusesWithThePlace) {
                                                        {"\xEF\xBB\xBF<a>\xC3</a>", 1, 1},
                                                        {"<a/>\n \0<b"s, 2, 2},
                                                        {"\xFF\xFE<\0a\0/\0>\0x"s, 1, 1},
-                                                       {"<?xml version='1' encoding='cp1252'?><a/>", 1, 1},
                                                        {strDeep, 2, 2},
                                                        {strAbyss, 1, 770}};
     for (const auto& [text, nLine, nColumn] : cases) {

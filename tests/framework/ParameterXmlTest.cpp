@@ -20,10 +20,8 @@ const std::vector<CString> kTexts = {
 template <class T>
 std::deque<T> SampleValues() {
     using Limits = std::numeric_limits<T>;
-    if constexpr (std::is_same_v<T, bool>)
-        return {true, false};
-    else if constexpr (std::is_integral_v<T>)
-        return {-7, 0, Limits::min(), Limits::max()};
+    if constexpr (std::is_integral_v<T>)
+        return {Limits::min(), 0, 1, Limits::max()};
     else if constexpr (std::is_same_v<T, double>)
         return {0.1, 1.0 / 3, 1e-300, 1e300, -0.0, 0.0, Limits::denorm_min(), -2.2e-310, Limits::max()};
     else if constexpr (std::is_same_v<T, MfxDoublePair>)
@@ -67,7 +65,7 @@ CMfxParamStorage FullParameter(Type_e type) {
     storage.m_bCriteriaStatus = true;
     storage.m_nCriteriaType = 3;
     storage.m_percentDeviation = {{SeverityWarning, {2.5, 0}}, {SeverityWarning, {2.5, 4}}};
-    storage.m_absoluteDeviation = {{7, {1, -1}}, {SeverityInfo, {-0.5, 1e-6}}};
+    storage.m_absoluteDeviation = {{SeverityUnknown, {1, -1}}, {SeverityInfo, {-0.5, 1e-6}}};
     storage.m_strRemarks = L" <kept>\r\n";
     return storage;
 }
@@ -113,6 +111,7 @@ TYPED_TEST(ParameterXmlTypedTest, ReadsBackWhatItWrote) {
 TEST(ParameterXmlTest, WritesInItsOrder) {
     CMfxParamStorage table = FullParameter(TypeTableRow);
     table.m_paramType = ParamTable;
+    table.m_absoluteValue = {{7, {3, 0}}};
     for (const MfxTableRow& row : {MfxTableRow{{L"a", L"b", L""}}, MfxTableRow{}, MfxTableRow{{L"d"}}})
         table.GetValues<MfxTableRow>().Add(row);
     EXPECT_EQ(
@@ -123,8 +122,9 @@ TEST(ParameterXmlTest, WritesInItsOrder) {
         "<Value Attribute1=\"a\" Attribute2=\"b\" Attribute3=\"\" /><Value Attribute1=\"d\" />"
         "<ResultCriteria Status=\"1\" CriteriaType=\"3\"><PercentDeviation><Warning><Value>2.500000</Value>"
         "</Warning><Warning><Value>2.500000</Value><Value>4.000000</Value></Warning></PercentDeviation>"
-        "<AbsoluteDeviation><Info><Value>-0.500000</Value><Value>0.000001</Value></Info>"
-        "<Unknown><Value>1.000000</Value></Unknown></AbsoluteDeviation><AbsoluteValue />"
+        "<AbsoluteDeviation><Unknown><Value>1.000000</Value></Unknown>"
+        "<Info><Value>-0.500000</Value><Value>0.000001</Value></Info></AbsoluteDeviation>"
+        "<AbsoluteValue><Unknown><Value>3.000000</Value></Unknown></AbsoluteValue>"
         "</ResultCriteria><Remarks> &lt;kept&gt;\r\n</Remarks></Parameter>");
 }
 
