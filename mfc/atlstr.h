@@ -79,6 +79,7 @@ class MFX_MFC_API CString {
     friend CString operator+(const CString& str1, wchar_t ch2) { return CString(str1) += ch2; }
     friend CString operator+(wchar_t ch1, const CString& str2) { return CString(ch1) += str2; }
 
+    // All of them: one that is missing would compare addresses, through the conversion to LPCWSTR.
     friend bool operator==(const CString& str1, const CString& str2) { return str1.Compare(str2) == 0; }
     friend bool operator==(const CString& str1, LPCWSTR psz2) { return str1.Compare(psz2) == 0; }
     friend bool operator==(LPCWSTR psz1, const CString& str2) { return str2.Compare(psz1) == 0; }
@@ -86,6 +87,17 @@ class MFX_MFC_API CString {
     friend bool operator!=(const CString& str1, LPCWSTR psz2) { return !(str1 == psz2); }
     friend bool operator!=(LPCWSTR psz1, const CString& str2) { return !(psz1 == str2); }
     friend bool operator<(const CString& str1, const CString& str2) { return str1.Compare(str2) < 0; }
+    friend bool operator<(const CString& str1, LPCWSTR psz2) { return str1.Compare(psz2) < 0; }
+    friend bool operator<(LPCWSTR psz1, const CString& str2) { return str2.Compare(psz1) > 0; }
+    friend bool operator>(const CString& str1, const CString& str2) { return str1.Compare(str2) > 0; }
+    friend bool operator>(const CString& str1, LPCWSTR psz2) { return str1.Compare(psz2) > 0; }
+    friend bool operator>(LPCWSTR psz1, const CString& str2) { return str2.Compare(psz1) < 0; }
+    friend bool operator<=(const CString& str1, const CString& str2) { return str1.Compare(str2) <= 0; }
+    friend bool operator<=(const CString& str1, LPCWSTR psz2) { return str1.Compare(psz2) <= 0; }
+    friend bool operator<=(LPCWSTR psz1, const CString& str2) { return str2.Compare(psz1) >= 0; }
+    friend bool operator>=(const CString& str1, const CString& str2) { return str1.Compare(str2) >= 0; }
+    friend bool operator>=(const CString& str1, LPCWSTR psz2) { return str1.Compare(psz2) >= 0; }
+    friend bool operator>=(LPCWSTR psz1, const CString& str2) { return str2.Compare(psz1) <= 0; }
 
   private:
     static LPCWSTR View(LPCWSTR psz) { return psz ? psz : L""; }

@@ -26,6 +26,8 @@ class CRect : public tagRECT {
     int Height() const { return bottom - top; }
     CSize Size() const { return {Width(), Height()}; }
     BOOL IsRectEmpty() const { return ::IsRectEmpty(this); }
+    // Without it two rectangles would be compared by their addresses, as LPRECT.
+    BOOL operator==(const RECT& rect) const { return ::EqualRect(this, &rect); }
 
     void InflateRect(int x, int y) { ::InflateRect(this, x, y); }
 };
