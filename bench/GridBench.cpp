@@ -107,7 +107,7 @@ void FillGrid(benchmark::State& state) {
     for (auto _ : state) {
         Fill(stage.m_grid);
         state.PauseTiming();
-        stage.m_grid.DeleteAllItems();
+        ListView_DeleteAllItems(stage.m_grid);
         state.ResumeTiming();
     }
 }

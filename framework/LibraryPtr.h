@@ -1,6 +1,6 @@
 #pragma once
 
-#include <windows.h>
+#include <afx.h>
 
 #include <memory>
 #include <type_traits>

@@ -1,14 +1,15 @@
 #pragma once
 
+// The real MFC needs windows.h with settings of its own.
+#ifdef _WINDOWS_
+#error "Include MFC's headers before windows.h, or in its place"
+#endif
+
 #include <windows.h>
 #include <tchar.h>
 
-#include <cassert>
-
 #include "atlstr.h"
 #include "mfxmfcapi.h"
-
-#define ASSERT(booleanExpression) assert(booleanExpression)
 
 namespace mfx {
 struct CListPosition {};

@@ -38,11 +38,7 @@ void AfxSetResourceHandle(HINSTANCE hInstResource) {
     g_hResource = hInstResource;
 }
 
-BOOL AfxWinInit(HINSTANCE hInstance, HINSTANCE /*hPrevInstance*/, LPTSTR lpCmdLine, int nCmdShow) {
-    if (CWinApp* const app = AfxGetApp()) {
-        app->m_hInstance = hInstance;
-        if (lpCmdLine) app->m_lpCmdLine = lpCmdLine;
-        app->m_nCmdShow = nCmdShow;
-    }
+BOOL AfxWinInit(HINSTANCE hInstance, HINSTANCE /*hPrevInstance*/, LPTSTR /*lpCmdLine*/, int /*nCmdShow*/) {
+    if (CWinApp* const app = AfxGetApp()) app->m_hInstance = hInstance;
     return TRUE;
 }

@@ -1,15 +1,13 @@
 #pragma once
 
-#include <windows.h>
-
-#include "mfxmfcapi.h"
+#include "afx.h"
 
 class CWinApp;
 
 namespace mfx {
 
-// The living application objects. They are chained through themselves, so that they can come and go while
-// global objects are made and destroyed, in any order. No lock: they do so under the loader's lock or on the
+// The living application objects. Each points to the next, so that they can come and go in any order while
+// global objects are made and destroyed. There is no lock: that happens under the loader's lock or on the
 // user-interface thread.
 class MFX_MFC_API CApplications {
   public:

@@ -15,7 +15,6 @@ class MFX_MFC_API CDataExchange {
     CWnd* m_pDlgWnd;
 };
 
-// Subclasses the control at the first exchange. Where there is no such control this and DDX_Text leave the
-// member as it is, so that the others get theirs; GetSafeHwnd of rControl then stays null.
+// Subclasses the control at the first exchange. Without such a control it does nothing: GetSafeHwnd of
+// rControl stays null, and the other members are exchanged.
 MFX_MFC_API void DDX_Control(CDataExchange* pDX, int nIDC, CWnd& rControl);
-MFX_MFC_API void DDX_Text(CDataExchange* pDX, int nIDC, CString& value);

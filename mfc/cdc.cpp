@@ -1,7 +1,6 @@
 #include "cdc.h"
 
 #include "cwnd.h"
-#include "temporaries.h"
 
 CBitmap* CDC::SelectObject(CBitmap* pBitmap) {
     return CBitmap::FromHandle(static_cast<HBITMAP>(::SelectObject(m_hDC, pBitmap->GetSafeHandle())));
@@ -16,10 +15,6 @@ BOOL CDC::StretchBlt(int x, int y, int nWidth, int nHeight, CDC* pSrcDC, int xSr
 void CDC::FillSolidRect(LPCRECT lpRect, COLORREF clr) {
     ::SetBkColor(m_hDC, clr);
     ::ExtTextOutW(m_hDC, 0, 0, ETO_OPAQUE, lpRect, nullptr, 0, nullptr);
-}
-
-CDC* CDC::FromHandle(HDC hDC) {
-    return mfx::TemporaryFor<CDC, &CDC::m_hDC>(hDC);
 }
 
 CPaintDC::CPaintDC(CWnd* pWnd) : m_hWnd(pWnd->GetSafeHwnd()) {

@@ -24,7 +24,6 @@ class MFX_MFC_API CListCtrl : public CWnd {
     int GetItemCount() const { return static_cast<int>(Ask(LVM_GETITEMCOUNT)); }
     int InsertItem(int nItem, LPCTSTR lpszItem);  // index
     BOOL DeleteItem(int nItem) { return Ask(LVM_DELETEITEM, nItem) != 0; }
-    BOOL DeleteAllItems() { return Ask(LVM_DELETEALLITEMS) != 0; }
 
     BOOL SetItemText(int nItem, int nSubItem, LPCTSTR lpszText);
     CString GetItemText(int nItem, int nSubItem) const;
@@ -35,9 +34,6 @@ class MFX_MFC_API CListCtrl : public CWnd {
         return static_cast<int>(Ask(LVM_GETNEXTITEM, nItem, MAKELPARAM(nFlags, 0)));
     }
     UINT GetSelectedCount() const { return static_cast<UINT>(Ask(LVM_GETSELECTEDCOUNT)); }
-    BOOL EnsureVisible(int nItem, BOOL bPartialOK) {
-        return Ask(LVM_ENSUREVISIBLE, nItem, MAKELPARAM(bPartialOK, 0)) != 0;
-    }
 
     // Client coordinates; nArea is LVIR_BOUNDS, LVIR_ICON or LVIR_LABEL.
     BOOL GetSubItemRect(int iItem, int iSubItem, int nArea, CRect& ref);

@@ -10,10 +10,4 @@ class MFX_MFC_API CStatic : public CWnd {
                         UINT nID = 0xffff) {
         return CWnd::Create(L"STATIC", lpszText, dwStyle, rect, pParentWnd, nID);
     }
-
-    // The bitmap stays the caller's; returns the previous one.
-    HBITMAP SetBitmap(HBITMAP hBitmap) {
-        return (HBITMAP)SendMessage(STM_SETIMAGE, IMAGE_BITMAP, (LPARAM)hBitmap);
-    }
-    HBITMAP GetBitmap() const { return (HBITMAP)::SendMessageW(m_hWnd, STM_GETIMAGE, IMAGE_BITMAP, 0); }
 };

@@ -35,26 +35,12 @@ auto IsUnit(wchar_t target) {
     return [target](wchar_t ch) { return ch == target; };
 }
 
-auto IsOneOf(std::wstring_view targets) {
-    return [targets](wchar_t ch) { return targets.find(ch) != std::wstring_view::npos; };
-}
-
 }  // namespace
 
 CString::CString(LPCSTR pszSrc) : m_text(FromAnsi(pszSrc)) {}
 
 CString& CString::operator=(LPCWSTR pszSrc) {
     m_text = View(pszSrc);
-    return *this;
-}
-
-CString& CString::operator=(LPCSTR pszSrc) {
-    m_text = FromAnsi(pszSrc);
-    return *this;
-}
-
-CString& CString::operator=(wchar_t ch) {
-    m_text = ch;
     return *this;
 }
 
@@ -73,12 +59,8 @@ CString& CString::operator+=(wchar_t ch) {
     return *this;
 }
 
-wchar_t CString::GetAt(int iChar) const {
+wchar_t CString::operator[](int iChar) const {
     return iChar == GetLength() ? L'\0' : m_text.at(static_cast<size_t>(iChar));
-}
-
-void CString::SetAt(int iChar, wchar_t ch) {
-    m_text.at(static_cast<size_t>(iChar)) = ch;
 }
 
 int CString::Compare(LPCWSTR psz) const {
@@ -102,10 +84,6 @@ int CString::ReverseFind(wchar_t ch) const {
     return Position(m_text.rfind(ch));
 }
 
-int CString::FindOneOf(LPCWSTR pszCharSet) const {
-    return Position(m_text.find_first_of(View(pszCharSet)));
-}
-
 CString CString::Slice(size_t first, size_t count) const {
     CString slice;
     if (first < m_text.size()) slice.m_text = m_text.substr(first, count);
@@ -120,10 +98,6 @@ CString CString::Mid(int iFirst) const {
     return Slice(Clamp(iFirst), std::wstring::npos);
 }
 
-CString CString::Mid(int iFirst, int nCount) const {
-    return Slice(Clamp(iFirst), Clamp(nCount));
-}
-
 CString CString::Right(int nCount) const {
     const size_t count = std::min(Clamp(nCount), m_text.size());
     return Slice(m_text.size() - count, count);
@@ -135,15 +109,6 @@ CString CString::SpanIncluding(LPCWSTR pszCharSet) const {
 
 CString CString::SpanExcluding(LPCWSTR pszCharSet) const {
     return Slice(0, m_text.find_first_of(View(pszCharSet)));
-}
-
-CString CString::Tokenize(LPCWSTR pszTokens, int& iStart) const {
-    // A search that starts at -1 is one that has already ended.
-    const size_t first =
-        IsInside(iStart) ? m_text.find_first_not_of(View(pszTokens), Clamp(iStart)) : std::wstring::npos;
-    const size_t end = first == std::wstring::npos ? first : m_text.find_first_of(View(pszTokens), first);
-    iStart = end == std::wstring::npos ? -1 : static_cast<int>(end) + 1;
-    return first == std::wstring::npos ? CString() : Slice(first, end - first);
 }
 
 int CString::Replace(LPCWSTR pszOld, LPCWSTR pszNew) {
@@ -163,32 +128,6 @@ int CString::Replace(LPCWSTR pszOld, LPCWSTR pszNew) {
     return replaced;
 }
 
-int CString::Replace(wchar_t chOld, wchar_t chNew) {
-    if (chOld == chNew) return 0;
-    const auto replaced = std::count(m_text.begin(), m_text.end(), chOld);
-    std::replace(m_text.begin(), m_text.end(), chOld, chNew);
-    return static_cast<int>(replaced);
-}
-
-int CString::Remove(wchar_t chRemove) {
-    return static_cast<int>(std::erase(m_text, chRemove));
-}
-
-int CString::Insert(int iIndex, LPCWSTR psz) {
-    m_text.insert(std::min(Clamp(iIndex), m_text.size()), View(psz));
-    return GetLength();
-}
-
-int CString::Insert(int iIndex, wchar_t ch) {
-    m_text.insert(std::min(Clamp(iIndex), m_text.size()), 1, ch);
-    return GetLength();
-}
-
-int CString::Delete(int iIndex, int nCount) {
-    m_text.erase(std::min(Clamp(iIndex), m_text.size()), Clamp(nCount));
-    return GetLength();
-}
-
 // Where nothing is to stay, first lies behind end; the second erase stops at what is left.
 CString& CString::Keep(size_t first, size_t end) {
     m_text.erase(end);
@@ -196,30 +135,8 @@ CString& CString::Keep(size_t first, size_t end) {
     return *this;
 }
 
-// Both ends are found before anything is cut, since the targets may be part of this string.
 CString& CString::Trim() {
     return Keep(TrimmedStart(m_text, IsSpace), TrimmedEnd(m_text, IsSpace));
-}
-
-CString& CString::Trim(wchar_t chTarget) {
-    return Keep(TrimmedStart(m_text, IsUnit(chTarget)), TrimmedEnd(m_text, IsUnit(chTarget)));
-}
-
-CString& CString::Trim(LPCWSTR pszTargets) {
-    const auto isTarget = IsOneOf(View(pszTargets));
-    return Keep(TrimmedStart(m_text, isTarget), TrimmedEnd(m_text, isTarget));
-}
-
-CString& CString::TrimLeft() {
-    return Keep(TrimmedStart(m_text, IsSpace), m_text.size());
-}
-
-CString& CString::TrimLeft(wchar_t chTarget) {
-    return Keep(TrimmedStart(m_text, IsUnit(chTarget)), m_text.size());
-}
-
-CString& CString::TrimLeft(LPCWSTR pszTargets) {
-    return Keep(TrimmedStart(m_text, IsOneOf(View(pszTargets))), m_text.size());
 }
 
 CString& CString::TrimRight() {
@@ -230,23 +147,10 @@ CString& CString::TrimRight(wchar_t chTarget) {
     return Keep(0, TrimmedEnd(m_text, IsUnit(chTarget)));
 }
 
-CString& CString::TrimRight(LPCWSTR pszTargets) {
-    return Keep(0, TrimmedEnd(m_text, IsOneOf(View(pszTargets))));
-}
-
-// Unlike towlower and towupper these know all letters in every locale.
-CString& CString::MakeLower() {
-    ::CharLowerBuffW(m_text.data(), static_cast<DWORD>(m_text.size()));
-    return *this;
-}
-
+// Unlike towupper this knows all letters in every locale.
 CString& CString::MakeUpper() {
     ::CharUpperBuffW(m_text.data(), static_cast<DWORD>(m_text.size()));
     return *this;
-}
-
-LPWSTR CString::GetBuffer() {
-    return m_text.data();
 }
 
 LPWSTR CString::GetBuffer(int nMinBufferLength) {

@@ -55,14 +55,6 @@ void CString::Format(UINT nFormatID, ...) {
     va_end(args);
 }
 
-void CString::AppendFormat(LPCWSTR pszFormat, ...) {
-    std::wstring text;
-    va_list args;
-    va_start(args, pszFormat);
-    if (FormatText(pszFormat, args, text)) m_text += text;
-    va_end(args);
-}
-
 BOOL CString::LoadString(UINT nID) {
     return LoadString(AfxGetResourceHandle(), nID);
 }

@@ -1,7 +1,6 @@
 #include "afxwin.h"
 
 #include "applications.h"
-#include "messagebox.h"
 #include "modulename.h"
 
 namespace {
@@ -21,7 +20,6 @@ CWinApp::CWinApp(LPCTSTR lpszAppName)
     : m_hModule(ModuleOf(this)), m_strAppName(lpszAppName ? lpszAppName : mfx::ModuleBaseName(m_hModule)) {
     m_hInstance = m_hModule;
     m_pszAppName = m_strAppName.c_str();
-    m_lpCmdLine = m_szNoCommandLine;
     mfx::CApplications::Add(this);
 }
 
@@ -35,8 +33,4 @@ BOOL CWinApp::InitInstance() {
 
 int CWinApp::ExitInstance() {
     return CWinThread::ExitInstance();
-}
-
-int CWinApp::DoMessageBox(LPCTSTR lpszPrompt, UINT nType, UINT /*nIDPrompt*/) {
-    return mfx::ShowMessageBox(lpszPrompt, nType);
 }

@@ -46,10 +46,6 @@ CWnd* CWnd::FromHandlePermanent(HWND hWnd) {
     return FindRecord(hWnd).pObject;
 }
 
-void CWnd::DeleteTempMap() {
-    std::erase_if(mfx::Temporaries(), [](const auto& object) { return dynamic_cast<CWnd*>(object.get()); });
-}
-
 BOOL CWnd::Attach(HWND hWnd) {
     if (!hWnd || m_hWnd || FromHandlePermanent(hWnd)) return FALSE;
     t_windows[hWnd].pObject = this;
@@ -71,33 +67,20 @@ HWND CWnd::Detach() {
 BOOL CWnd::SubclassWindow(HWND hWnd) {
     // Another thread's window would look for its record in that thread's map.
     if (::GetWindowThreadProcessId(hWnd, nullptr) != ::GetCurrentThreadId() || !Attach(hWnd)) return FALSE;
-    PreSubclassWindow();
     WNDPROC& pfnOwn = t_windows[hWnd].pfnOwn;
     if (!pfnOwn) pfnOwn = reinterpret_cast<WNDPROC>(SetWindowProcedure(hWnd, OnMessage));
     return TRUE;
 }
 
-HWND CWnd::UnsubclassWindow() {
-    if (WNDPROC const pfnOwn = FindRecord(m_hWnd).pfnOwn) {
-        SetWindowProcedure(m_hWnd, pfnOwn);
-        t_windows[m_hWnd].pfnOwn = nullptr;
-    }
-    return Detach();
-}
-
-BOOL CWnd::CreateEx(DWORD dwExStyle, LPCTSTR lpszClassName, LPCTSTR lpszWindowName, DWORD dwStyle, int x,
-                    int y, int nWidth, int nHeight, HWND hWndParent, HMENU nIDorHMenu, LPVOID lpParam) {
-    return mfx::CreateWindowOf(*this, [&] {
-               return ::CreateWindowExW(dwExStyle, lpszClassName, lpszWindowName, dwStyle, x, y, nWidth,
-                                        nHeight, hWndParent, nIDorHMenu, AfxGetInstanceHandle(), lpParam);
-           }) != nullptr;
-}
-
 BOOL CWnd::CreateEx(DWORD dwExStyle, LPCTSTR lpszClassName, LPCTSTR lpszWindowName, DWORD dwStyle,
                     const RECT& rect, CWnd* pParentWnd, UINT nID, LPVOID lpParam) {
-    return CreateEx(dwExStyle, lpszClassName, lpszWindowName, dwStyle, rect.left, rect.top,
-                    rect.right - rect.left, rect.bottom - rect.top, pParentWnd ? pParentWnd->m_hWnd : nullptr,
-                    reinterpret_cast<HMENU>(UINT_PTR{nID}), lpParam);
+    const HWND hParent = pParentWnd ? pParentWnd->m_hWnd : nullptr;
+    const auto create = [&] {
+        return ::CreateWindowExW(dwExStyle, lpszClassName, lpszWindowName, dwStyle, rect.left, rect.top,
+                                 rect.right - rect.left, rect.bottom - rect.top, hParent,
+                                 reinterpret_cast<HMENU>(UINT_PTR{nID}), AfxGetInstanceHandle(), lpParam);
+    };
+    return mfx::CreateWindowOf(*this, create) != nullptr;
 }
 
 BOOL CWnd::Create(LPCTSTR lpszClassName, LPCTSTR lpszWindowName, DWORD dwStyle, const RECT& rect,
@@ -124,7 +107,6 @@ void CWnd::ForgetDestroyed(HWND hWnd) {
     t_windows.erase(hWnd);
     if (!pWnd) return;
     pWnd->m_hWnd = nullptr;
-    pWnd->PostNcDestroy();
 }
 
 LRESULT CWnd::CallOwnProcedure(HWND hWnd, UINT message, WPARAM wParam, LPARAM lParam) {
@@ -147,25 +129,10 @@ BOOL CWnd::UpdateData(BOOL bSaveAndValidate) {
     return TRUE;
 }
 
-BOOL CWnd::ModifyStyle(DWORD dwRemove, DWORD dwAdd, UINT nFlags) {
-    const DWORD dwStyle = (GetStyle() & ~dwRemove) | dwAdd;
-    if (dwStyle == GetStyle()) return FALSE;
-    ::SetWindowLongW(m_hWnd, GWL_STYLE, static_cast<LONG>(dwStyle));
-    constexpr UINT nNothingElse = SWP_NOSIZE | SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE;
-    if (nFlags) SetWindowPos(nullptr, 0, 0, 0, 0, nFlags | nNothingElse);
-    return TRUE;
-}
-
 void CWnd::GetWindowText(CString& rString) const {
     const int nLength = ::GetWindowTextLengthW(m_hWnd) + 1;
     LPWSTR const buffer = rString.GetBuffer(nLength);
     rString.ReleaseBuffer(::GetWindowTextW(m_hWnd, buffer, nLength));
-}
-
-int CWnd::GetDlgItemText(int nID, CString& rString) const {
-    rString.Empty();
-    if (const CWnd* const pControl = GetDlgItem(nID)) pControl->GetWindowText(rString);
-    return rString.GetLength();
 }
 
 int CWnd::MessageBox(LPCTSTR lpszText, LPCTSTR lpszCaption, UINT nType) {

@@ -17,7 +17,7 @@ BOOL CWnd::PreTranslate(MSG& msg, HWND hTop) noexcept {
 
 void CWnd::TellOwnerOfIdleness() {
     const HWND hOwner = ::GetParent(m_hWnd);
-    if (hOwner && !(GetStyle() & DS_NOIDLEMSG))
+    if (hOwner && !(::GetWindowLongW(m_hWnd, GWL_STYLE) & DS_NOIDLEMSG))
         ::SendMessageW(hOwner, WM_ENTERIDLE, MSGF_DIALOGBOX, reinterpret_cast<LPARAM>(m_hWnd));
 }
 

@@ -1,8 +1,8 @@
 #pragma once
 
-#include <windows.h>
-
 #include <string>
+
+#include "afx.h"
 
 namespace mfx {
 // File name of a loaded module (null: the program) without folder and extension.

@@ -5,7 +5,7 @@
 
 #include "afx.h"
 
-// Objects for handles that have no other; they don't own their handle.
+// Temporary objects stand for handles that have no permanent object. They don't own the handle.
 namespace mfx {
 
 // The calling thread's, in the order in which they were made.

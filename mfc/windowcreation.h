@@ -6,7 +6,7 @@
 
 namespace mfx {
 
-// Calls a function that creates a window; the window becomes the object's before it gets its first message.
+// Calls a function that creates a window. The window belongs to the object before its first message comes.
 HWND CreateWindowOf(CWnd& wnd, const std::function<HWND()>& create);
 
 }  // namespace mfx

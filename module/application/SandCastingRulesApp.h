@@ -1,5 +1,6 @@
 #pragma once
 
+#include <afxcoll.h>
 #include <afxwin.h>
 
 #include <unordered_map>

@@ -60,7 +60,7 @@ TEST_F(SCWTVariationDlgTest, ClosesByKeysAndClicksAndLeavesNothingBehind) {
     GuiObjects first{};
     for (const auto& [close, bStores] : kWays) {
         m_values[0] = 1.0;
-        Open([&](DialogUser& user) {
+        Open([&, &close = close](DialogUser& user) {
             user.Press(L'U', VK_MENU);
             EXPECT_EQ(GetFocus(), user.Control(IDC_VARIATION_LENGTH_UNIT)) << "its label's mnemonic";
             user.Press(L'V', VK_MENU);

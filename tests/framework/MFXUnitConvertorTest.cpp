@@ -2,39 +2,55 @@
 
 #include <gtest/gtest.h>
 
-#include <map>
 #include <numbers>
-#include <vector>
 
-TEST(MFXUnitConvertorTest, ConvertsByTheUnitsSizes) {
-    static const CMFXUnitConvertor convertor;
-    const auto convert = [](int nQuantity, double value, long nFrom, long nTo) {
-        if (nQuantity == 3) return convertor.ConversionFromOneUnitToAnotherForMass(value, nFrom, nTo);
-        if (nQuantity == 4) return convertor.ConversionFromOneUnitToAnotherForDensity(value, nFrom, nTo);
+TEST(MFXUnitConvertorTest, ConvertsByTheUnitsRatios) {
+    constexpr long kMass = 3, kDensity = 4, kNone = 5;  // beside those of MfxQuantity_e
+    const struct {
+        long nQuantity;
+        double value;
+        long nFrom;
+        double converted;
+        long nTo;
+    } cases[] = {{QuantityLength, 1, LengthModelDefault, 1, LengthMillimetre},
+                 {QuantityLength, 1, LengthInch, 25.4, LengthMillimetre},
+                 {QuantityLength, 1, LengthFoot, 12, LengthInch},
+                 {QuantityLength, 1, LengthYard, 3, LengthFoot},
+                 {QuantityLength, 1, LengthInch, 1000, LengthThou},
+                 {QuantityLength, 1, LengthMillimetre, 1000, LengthMicrometre},
+                 {QuantityLength, 10, LengthMillimetre, 1, LengthCentimetre},
+                 {QuantityLength, 10, LengthCentimetre, 1, LengthDecimetre},
+                 {QuantityLength, 10, LengthDecimetre, 1, LengthMetre},
+                 {QuantityLength, 1, LengthKilometre, 1000, LengthMetre},
+                 {QuantityLength, 1e308, LengthInch, 1e308, LengthInch},  // no overflow on the way
+                 {QuantityLength, 7, LengthInch, 7, -1},
+                 {QuantityLength, 7, LengthKilometre + 1, 7, LengthInch},
+                 {QuantityAngle, 180, AngleDegree, std::numbers::pi, AngleRadian},
+                 {QuantityAngle, 360, AngleDegree, 400, AngleGradian},
+                 {QuantityAngle, 1, AngleDegree, 60, AngleArcMinute},
+                 {QuantityAngle, 7, AngleRadian, 7, AngleArcMinute + 1},
+                 {kMass, 1, MassPound, 453.59237, MassGram},
+                 {kMass, 1, MassKilogram, 1e6, MassMilligram},
+                 {kMass, 1, MassTonne, 1000, MassKilogram},
+                 {kMass, 7, 0, 7, MassGram},
+                 {kDensity, 1, DensityGramPerCubicCentimetre, 1000, DensityKilogramPerCubicMetre},
+                 {kDensity, 1, DensityGramPerCubicCentimetre, 1, DensityTonnePerCubicMetre},
+                 {kDensity, 1, DensityPoundPerCubicInch, 1728, DensityPoundPerCubicFoot},
+                 {kDensity, 0.3048 * 0.3048 * 0.3048, DensityPoundPerCubicFoot, 0.45359237,
+                  DensityKilogramPerCubicMetre},
+                 {kDensity, 7, DensityPoundPerCubicFoot, 7, 0},
+                 {kNone, 7, 1, 7, 2}};
+    const CMFXUnitConvertor convertor;
+    const auto convert = [&](long nQuantity, double value, long nFrom, long nTo) {
+        if (nQuantity == kMass) return convertor.ConversionFromOneUnitToAnotherForMass(value, nFrom, nTo);
+        if (nQuantity == kDensity)
+            return convertor.ConversionFromOneUnitToAnotherForDensity(value, nFrom, nTo);
         return convertor.ConversionFromOneUnitToAnother(value, nQuantity, nFrom, nTo);
     };
-    constexpr double kPound = 0.45359237, kInch = 0.0254, kFoot = 0.3048;
-    // The units' sizes by code, in any one unit, 0 for none; after length and angle mass and density.
-    const std::map<int, std::vector<double>> quantities = {
-        {1, {1, 1, 10, 25.4, 1000, 304.8, 0.001, 0.0254, 100, 914.4, 1e6}},
-        {2, {1, 180 / std::numbers::pi, 0.9, 1.0 / 60}},
-        {3, {0, 1, 1e3, 1e6, 1e9, 453592.37}},
-        {4, {0, 1, 1000, 1000, kPound / (kInch * kInch * kInch), kPound / (kFoot * kFoot * kFoot)}}};
-    for (const auto& [nQuantity, sizes] : quantities) {
-        const long nUnits = static_cast<long>(sizes.size());
-        for (long i = 0; i < (nUnits + 2) * (nUnits + 2); ++i) {
-            const long nFrom = i / (nUnits + 2) - 1, nTo = i % (nUnits + 2) - 1;
-            const auto size = [&](long n) { return n < 0 || n == nUnits ? 0 : sizes[n]; };
-            const double ratio = size(nFrom) * size(nTo) == 0 ? 1 : size(nFrom) / size(nTo);
-            const double there = convert(nQuantity, 16.3, nFrom, nTo);
-            SCOPED_TRACE(testing::Message() << "quantity " << nQuantity << ": " << nFrom << " to " << nTo);
-            EXPECT_NEAR(there / (16.3 * ratio), 1, 1e-14);
-            EXPECT_NEAR(convert(nQuantity, there, nTo, nFrom), 16.3, 1e-9);
-            EXPECT_TRUE(ratio != 1 || there == 16.3);
-        }
+    for (const auto& c : cases) {
+        SCOPED_TRACE(testing::Message() << "quantity " << c.nQuantity << ": " << c.nFrom << " to " << c.nTo);
+        EXPECT_NEAR(convert(c.nQuantity, c.value, c.nFrom, c.nTo) / c.converted, 1, 1e-14);
+        EXPECT_NEAR(convert(c.nQuantity, c.converted, c.nTo, c.nFrom) / c.value, 1, 1e-14);
     }
-    EXPECT_TRUE(convert(1, 1, 3, 1) == 25.4 && convert(1, 25.4, 1, 3) == 1) << "exactly";
-    EXPECT_TRUE(convert(1, 1e308, 3, 3) == 1e308 && convert(1, 1e306, 3, 4) < 3e304)
-        << "no overflow on the way";
-    EXPECT_EQ(convert(5, 7, 1, 2), 7) << "unknown quantity";
+    EXPECT_EQ(convert(QuantityLength, 1, LengthInch, LengthMillimetre), 25.4) << "exactly";
 }

@@ -8,15 +8,18 @@ TEST(MfxXMLNodeTest, KeepsAttributesAndTextsAndFindsChildren) {
     CString strMissing = L"unchanged";
     EXPECT_FALSE(pRoot->GetAttributeValue(L"c", strMissing));
     EXPECT_EQ(strMissing + pRoot->GetNodeValue(), L"unchangedxyz");
-    EXPECT_TRUE(pRoot->AddAttribute(L"z", L"3") && pRoot->AddAttribute(L"a", L"4"));
+    for (const LPCWSTR pszName : {L"z", L"a"}) EXPECT_TRUE(pRoot->AddAttribute(pszName, L"3"));
     int nValue = 99;
     double dValue = 99;
-    EXPECT_FALSE(pRoot->GetNodeValueInInt(nValue) || pRoot->GetNodeValueInDouble(dValue));
-    EXPECT_TRUE(nValue == 99 && dValue == 99);
+    EXPECT_FALSE(pRoot->GetNodeValueInInt(nValue));
+    EXPECT_FALSE(pRoot->GetNodeValueInDouble(dValue));
+    EXPECT_EQ(nValue + dValue, 99 + 99) << "they stay as they were";
     pRoot->SetNodeValue(L" -7.25 ");
-    EXPECT_TRUE(pRoot->GetNodeValueInInt(nValue) && pRoot->GetNodeValueInDouble(dValue));
-    EXPECT_TRUE(nValue == -7 && dValue == -7.25);
-    EXPECT_EQ(document.ToUtf8(), AsDocument("<a z=\"3\" b=\"2\" a=\"4\">\n  <!-- c --> -7.25 </a>"));
+    EXPECT_TRUE(pRoot->GetNodeValueInInt(nValue));
+    EXPECT_TRUE(pRoot->GetNodeValueInDouble(dValue));
+    EXPECT_EQ(nValue, -7);
+    EXPECT_EQ(dValue, -7.25);
+    EXPECT_EQ(document.ToUtf8(), AsDocument("<a z=\"3\" b=\"2\" a=\"3\">\n  <!-- c --> -7.25 </a>"));
 
     pRoot = ParseRoot(document, "<a>t<?b pi?><c/><b>1</b><c><b>deep</b></c><!--b--><b>2</b></a>");
     EXPECT_FALSE(NodePtr(pRoot->SelectSingleNode(L"B")));
@@ -24,7 +27,7 @@ TEST(MfxXMLNodeTest, KeepsAttributesAndTextsAndFindsChildren) {
     const NodeListPtr pList(pRoot->GetNodeList(L"b"));
     ASSERT_EQ(pList->GetSize(), 2);
     EXPECT_EQ(NodePtr(pRoot->SelectSingleNode(L"b"))->GetNodeValue() + (*pList)[1]->GetNodeValue(), L"12");
-    EXPECT_TRUE(!(*pList)[-1] && !(*pList)[2]);
+    for (const int nOutside : {-1, 2}) EXPECT_FALSE((*pList)[nOutside]);
 }
 
 TEST(MfxXMLNodeTest, RefusesNamesThatCouldNotBeReadBack) {
@@ -32,7 +35,8 @@ TEST(MfxXMLNodeTest, RefusesNamesThatCouldNotBeReadBack) {
     const NodePtr pRoot(document.CreateRootNode(L"a"));
     for (const CString strName : {L"", L"a b", L"<a", L"1a", L"-a", L"a=", L"a/b", L"a&", L"a(b", L"a,b"}) {
         SCOPED_TRACE(strName.GetString());
-        EXPECT_FALSE(NodePtr(document.CreateNode(strName)) || NodePtr(pRoot->AppendNode(strName)));
+        EXPECT_FALSE(NodePtr(document.CreateNode(strName)));
+        EXPECT_FALSE(NodePtr(pRoot->AppendNode(strName)));
         EXPECT_FALSE(pRoot->AddAttribute(strName, L"1"));
     }
     EXPECT_FALSE(NodePtr(document.CreateRootNode(L"1")));
@@ -50,13 +54,15 @@ TEST(MfxXMLNodeTest, AppendsInsertsMovesAndRemovesElements) {
     // Nothing, into itself, and behind an element of another parent.
     pRoot->AppendNode(static_cast<MfxXMLNode*>(nullptr));
     pD->AppendNode(pB.get());
-    EXPECT_FALSE(pD->InsertAfter(pB.get(), nullptr) || pRoot->InsertAfter(pForeign.get(), pB.get()));
+    EXPECT_FALSE(pD->InsertAfter(pB.get(), nullptr));
+    EXPECT_FALSE(pRoot->InsertAfter(pForeign.get(), pB.get()));
     EXPECT_EQ(document.ToUtf8(), AsDocument("<a x=\"1\" y=\"2\">\n  <b>\n    <d />\n  </b>\n  <c />\n</a>"));
 
     pRoot->AppendNode(pB.get());
     pB->AppendNode(pX.get());
     pB->AppendNode(pDetached.get());
-    EXPECT_TRUE(pRoot->InsertAfter(pNew.get(), pC.get()) && pRoot->InsertAfter(pD.get(), nullptr));
+    EXPECT_TRUE(pRoot->InsertAfter(pNew.get(), pC.get()));
+    EXPECT_TRUE(pRoot->InsertAfter(pD.get(), nullptr));
     EXPECT_EQ(other.ToUtf8(), AsDocument("<o />"));
     NodePtr(other.CreateRootNode(L"gone"));
     pX->AddAttribute(L"v", L"2");

@@ -4,8 +4,6 @@
 
 #include <gmock/gmock.h>
 
-#include <memory>
-
 using testing::ElementsAre;
 
 TEST(PixelScalingTest, TakesTheMeanOfTheAreaThatAPixelCovers) {
@@ -25,17 +23,8 @@ namespace {
 const COLORREF kRed = RGB(255, 0, 0);
 
 HBITMAP CreateRedBitmap(int nWidth, int nHeight) {
-    const HDC hScreen = GetDC(nullptr), hMemory = CreateCompatibleDC(hScreen);
-    const HBITMAP hBitmap = CreateCompatibleBitmap(hScreen, nWidth, nHeight);
-    const HGDIOBJ hPrevious = SelectObject(hMemory, hBitmap);
-    const HBRUSH hRed = CreateSolidBrush(kRed);
-    const RECT all{0, 0, nWidth, nHeight};
-    FillRect(hMemory, &all, hRed);
-    DeleteObject(hRed);
-    SelectObject(hMemory, hPrevious);
-    DeleteDC(hMemory);
-    ReleaseDC(nullptr, hScreen);
-    return hBitmap;
+    const std::vector<std::uint32_t> pixels(static_cast<std::size_t>(nWidth * nHeight), 0xFF0000);
+    return CreateBitmap(nWidth, nHeight, 1, 32, pixels.data());
 }
 
 COLORREF ColourAt(const CWnd& window, int x, int y) {
@@ -62,7 +51,7 @@ TEST(PictureControlTest, ShowsItsBitmapInTheMiddleAndOwnsIt) {
             EXPECT_EQ(ColourAt(picture, 98, 27), kRed);
             EXPECT_EQ(ColourAt(picture, 50, 20), GetSysColor(COLOR_3DFACE)) << "its proportions are kept";
         }
-        picture.MoveWindow(0, 0, 20, 100);
+        picture.MoveWindow(CRect(0, 0, 20, 100));
         picture.UpdateWindow();
         EXPECT_EQ(ColourAt(picture, 10, 50), kRed);
         EXPECT_EQ(ColourAt(picture, 10, 60), GetSysColor(COLOR_3DFACE));

@@ -42,10 +42,3 @@ class CTestDllApp : public CWinApp {
 CTestDllApp theApp;
 
 }  // namespace
-
-// The DLL's own object, the application that it sees, and a text of its making.
-extern "C" __declspec(dllexport) void Look(CWinApp** own, CWinApp** seen, CString* text) {
-    *own = &theApp;
-    *seen = AfxGetApp();
-    *text = L"a text too long for a small buffer";
-}
