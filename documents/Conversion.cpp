@@ -21,8 +21,8 @@ struct DocumentValues {
     std::vector<RuleUnits> units;
 };
 
-// Each value that was and still is there, with what it should be now. Older forms are written as today's: their
-// values are not compared.
+// Each value that was and still is there, with what it should be now. Older forms are written as today's:
+// their values are not compared.
 std::vector<ValueLoss> CompareWithExact(const DocumentValues& before, const RuleDocument& converted) {
     std::vector<ValueLoss> compared;
     for (std::size_t i = 0; i < before.values.size(); ++i) {

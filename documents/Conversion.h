@@ -8,12 +8,12 @@
 
 // A value that a conversion does not keep.
 struct ValueLoss {
-    int line = 0;        // of the converted document
-    std::string rule;    // name in the user's language
-    RuleValue before;    // in the old units
-    RuleValue exact;     // what it should be in the new ones
-    RuleValue after;     // what the converted document says
-    double size = 0.0;   // RelativeDifference of the last two
+    int line = 0;       // of the converted document
+    std::string rule;   // name in the user's language
+    RuleValue before;   // in the old units
+    RuleValue exact;    // what it should be in the new ones
+    RuleValue after;    // what the converted document says
+    double size = 0.0;  // RelativeDifference of the last two
 };
 
 // What became of a conversion.

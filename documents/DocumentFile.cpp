@@ -38,8 +38,7 @@ class TemporaryFile {
     TemporaryFile& operator=(const TemporaryFile&) = delete;
 
     bool MoveOver(const CString& target) {
-        if (!MoveFileExW(m_strPath, target, MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH))
-            return false;
+        if (!MoveFileExW(m_strPath, target, MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH)) return false;
         m_strPath.Empty();
         return true;
     }
@@ -53,8 +52,7 @@ bool WriteAll(HANDLE hFile, const std::string& bytes) {
     for (std::size_t done = 0; done < bytes.size();) {
         DWORD written = 0;
         const auto size = static_cast<DWORD>(std::min(kBlock, bytes.size() - done));
-        if (!WriteFile(hFile, bytes.data() + done, size, &written, nullptr) || written == 0)
-            return false;
+        if (!WriteFile(hFile, bytes.data() + done, size, &written, nullptr) || written == 0) return false;
         done += written;
     }
     return true;

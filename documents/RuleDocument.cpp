@@ -86,8 +86,7 @@ void RuleDocument::Parse(const std::string& bytes) {
     if (bytes.empty()) Refuse(0, "the file is empty");
     const MfxXmlParseResult parsed = m_pXml->Parse(bytes);
     const std::string column = parsed.nColumn > 1 ? "column " + std::to_string(parsed.nColumn) + ": " : "";
-    if (!parsed.bOk)
-        Refuse(parsed.nLine, column + "can't be read as XML: " + ::ToUtf8(parsed.strReason));
+    if (!parsed.bOk) Refuse(parsed.nLine, column + "can't be read as XML: " + ::ToUtf8(parsed.strReason));
     const MfxXMLNode root = GetRoot();
     if (root.GetNodeName() != kDocumentTag)
         Refuse(GetLine(root), "not a rule document: the outermost element is " + Quoted(root.GetNodeName()) +
@@ -151,8 +150,9 @@ RulePtr RuleDocument::MakeRule(MfxXMLNode& record) const {
 
 int RuleDocument::GetLine(const Entry& entry, const RecordLocation& location) const {
     MfxXMLNode element = ChildOrSelf(*entry.record, kConstraintTag, location.constraint);
-    const auto parameter =
-        location.paramId ? FindParameterElement(element, static_cast<std::int32_t>(location.paramId)) : nullptr;
+    const auto parameter = location.paramId
+                               ? FindParameterElement(element, static_cast<std::int32_t>(location.paramId))
+                               : nullptr;
     if (parameter) element = ChildOrSelf(*parameter, kValueTag, location.row - 1);
     return GetLine(element);
 }

@@ -36,7 +36,8 @@ class RuleDocument {
     // A document without rules, in millimetres and degrees.
     explicit RuleDocument(const RuleModule& module);
 
-    // Reads a document and makes its rules. Throws DocumentError (Unreadable) that names file, line and reason.
+    // Reads a document and makes its rules. Throws DocumentError (Unreadable) that names file, line and
+    // reason.
     RuleDocument(const RuleModule& module, const CString& path, const ReadingProgress& progress = {});
 
     // The same from the bytes of a document; messages call it by the name.

@@ -40,7 +40,8 @@ RuleModule::RuleModule() : m_strPath(GetModuleFolder(nullptr) + L"\\" + kModuleF
 void RuleModule::CheckResourceLibraries() {
     const CString defaultLibrary = CLocationHelper::GetDefaultResPath() + L"\\" + kResourceLibraryFile;
     const CString localizedLibrary = CLocationHelper::GetLocalizedResPath() + L"\\" + kResourceLibraryFile;
-    if (!IsLibrary(defaultLibrary)) ThrowMissing(defaultLibrary, " is missing or damaged; install the program again");
+    if (!IsLibrary(defaultLibrary))
+        ThrowMissing(defaultLibrary, " is missing or damaged; install the program again");
     if (!IsLibrary(localizedLibrary)) m_strMissingLanguageLibrary = localizedLibrary;
 }
 

@@ -27,8 +27,8 @@ class RuleModule {
     CString GetName() const;
     CString GetSummary() const;
 
-    // Path of the library with the texts in the user's language when that is missing or damaged: the texts are
-    // then in the default language. Otherwise empty.
+    // Path of the library with the texts in the user's language when that is missing or damaged: the texts
+    // are then in the default language. Otherwise empty.
     const CString& GetMissingLanguageLibrary() const { return m_strMissingLanguageLibrary; }
 
     // A fresh instance of every rule.

@@ -12,8 +12,9 @@
 
 // One value of a rule: what it is, and what it is set to.
 struct RuleValue {
-    std::string constraint = {};  // the constraint's name, numbered if not the only one; empty for the rule's own
-    std::string label = {};       // in the user's language: "Minimum wall thickness", "angle 1"
+    std::string constraint =
+        {};                  // the constraint's name, numbered if not the only one; empty for the rule's own
+    std::string label = {};  // in the user's language: "Minimum wall thickness", "angle 1"
     int row = 0;             // from 1 in lists and tables; 0 for what there is once
     Quantity quantity = Quantity::None;
     std::string unit = {};  // symbol; empty for what is no number or has no unit

@@ -28,8 +28,8 @@ std::string FormatNumber(double number, int digits) {
     const bool isFixed = magnitude >= 1e-9 && magnitude < 1e15;
     char buffer[48];
     if (!isFixed) {
-        const auto end = std::to_chars(std::begin(buffer), std::end(buffer), number,
-                                       std::chars_format::general, digits);
+        const auto end =
+            std::to_chars(std::begin(buffer), std::end(buffer), number, std::chars_format::general, digits);
         return std::string(buffer, end.ptr);
     }
     const int decimals = std::max(digits - 1 - static_cast<int>(std::floor(std::log10(magnitude))), 0);

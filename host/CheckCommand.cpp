@@ -101,8 +101,7 @@ void AddCheck(CommandLine& commandLine) {
         commandLine.Add("check", "Report what is wrong or unusual in rule documents",
                         [options](const RuleModule& module) { return CheckFiles(module, *options); });
     AddFile(command, "FILE", options->files, "Rule documents to check")->required();
-    command
-        .add_option("--severity", options->severity, "The least that is reported: hint, warning or error")
+    command.add_option("--severity", options->severity, "The least that is reported: hint, warning or error")
         ->type_name("SEVERITY")
         ->check(CLI::IsMember(std::vector<std::string>{"hint", "warning", "error"}, CLI::ignore_case)
                     .description(""));

@@ -30,11 +30,13 @@ class CommandLine {
     std::string m_language;
 };
 
-// Adds a file name, or several, to a command; an empty one is a slip of whoever wrote the command line, not the
-// absence of the option.
+// Adds a file name, or several, to a command; an empty one is a slip of whoever wrote the command line, not
+// the absence of the option.
 template <class Path>
 CLI::Option* AddFile(CLI::App& command, const char* name, Path& path, const char* description) {
-    const auto findFault = [](const std::string& text) { return text.empty() ? "the file name is empty" : ""; };
+    const auto findFault = [](const std::string& text) {
+        return text.empty() ? "the file name is empty" : "";
+    };
     return command.add_option(name, path, description)->type_name("")->check(CLI::Validator(findFault, ""));
 }
 

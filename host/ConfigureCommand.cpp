@@ -25,10 +25,10 @@ const RuleDocument::Entry& FindRule(const RuleDocument& document, int ruleId) {
     });
     if (found == document.GetEntries().end())
         throw CommandError(ExitCode::WrongUsage, ToUtf8(document.GetPath()) + " has no rule " +
-                                                     std::to_string(ruleId) +
-                                                     "; mfxhost show tells the ids");
+                                                     std::to_string(ruleId) + "; mfxhost show tells the ids");
     if (std::ranges::find(kRulesWithDialog, ruleId) == std::end(kRulesWithDialog))
-        throw CommandError(ExitCode::WrongUsage, ToUtf8(found->rule->m_strDisplayName) + " has no dialog yet");
+        throw CommandError(ExitCode::WrongUsage,
+                           ToUtf8(found->rule->m_strDisplayName) + " has no dialog yet");
     return *found;
 }
 

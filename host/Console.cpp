@@ -20,7 +20,8 @@ std::string Escaped(const std::string& text) {
         if (code == '\n')
             escaped += "\\n";
         else if (code < 0x20 || code == 0x7F || twoBytes)
-            escaped.append(escape, static_cast<std::size_t>(snprintf(escape, sizeof escape, "\\u%04x", code)));
+            escaped.append(escape,
+                           static_cast<std::size_t>(snprintf(escape, sizeof escape, "\\u%04x", code)));
         else
             escaped += text[i];
     }
@@ -58,4 +59,3 @@ void PrepareConsole() {
     _setmode(_fileno(stdout), _O_BINARY);
     _setmode(_fileno(stderr), _O_BINARY);
 }
-

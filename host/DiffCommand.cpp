@@ -13,8 +13,8 @@ namespace {
 
 struct DiffOptions {
     std::string left;
-    std::string right;             // empty with withDefaults
-    bool withDefaults = false;     // compares the defaults of the left document's rules with it
+    std::string right;          // empty with withDefaults
+    bool withDefaults = false;  // compares the defaults of the left document's rules with it
     bool isJson = false;
 };
 
@@ -37,7 +37,8 @@ void PrintTable(const DiffResult& result) {
         return value ? FormatRuleValue(*value) : "(none)";
     };
     for (const Difference& difference : result.differences)
-        table.Add({difference.rule, ValueName(difference), format(difference.left), format(difference.right)});
+        table.Add(
+            {difference.rule, ValueName(difference), format(difference.left), format(difference.right)});
     if (!result.differences.empty()) Print(table.Format(0));
 }
 
@@ -94,16 +95,14 @@ bool Report(const DiffResult& result, bool isJson) {
 
 bool DiffWithDefaults(const RuleModule& module, const DiffOptions& options) {
     const RuleDocument document(module, FromUtf8(options.left), PrintReadingProgress);
-    const bool differs =
-        Report({"default", options.left, CompareWithDefaults(document)}, options.isJson);
+    const bool differs = Report({"default", options.left, CompareWithDefaults(document)}, options.isJson);
     return !PrintIgnored(document).empty() || differs;
 }
 
 bool DiffDocuments(const RuleModule& module, const DiffOptions& options) {
     const RuleDocument right(module, FromUtf8(options.right), PrintReadingProgress);
     const RuleDocument left(module, FromUtf8(options.left), PrintReadingProgress);
-    const bool differs =
-        Report({options.left, options.right, CompareDocuments(left, right)}, options.isJson);
+    const bool differs = Report({options.left, options.right, CompareDocuments(left, right)}, options.isJson);
     return PrintIgnored(left) != PrintIgnored(right) || differs;
 }
 

@@ -46,9 +46,10 @@ void LoadFrameworkLibrary() {
     const CString path = GetModuleFolder(nullptr) + L"\\" + CString(kFrameworkFile);
     const HMODULE hLibrary = LoadLibraryExW(path, nullptr, LOAD_WITH_ALTERED_SEARCH_PATH);
     if (!hLibrary)
-        throw CommandError(ExitCode::NotPossible, ToUtf8(path) + " can't be loaded, install the program again: " +
-                                               WindowsErrorText(GetLastError()));
+        throw CommandError(ExitCode::NotPossible, ToUtf8(path) +
+                                                      " can't be loaded, install the program again: " +
+                                                      WindowsErrorText(GetLastError()));
     if (!BindDelayedImports(hLibrary))
         throw CommandError(ExitCode::NotPossible,
-                        ToUtf8(path) + " belongs to another version, install the program again");
+                           ToUtf8(path) + " belongs to another version, install the program again");
 }

@@ -75,8 +75,8 @@ Json RuleToJson(const RuleDocument::Entry& entry) {
     json["status"] = rule->m_nStatus;
     json["severity"] = rule->m_nSeverity;
     json["parameters"] = ToJson(rule->m_paramArray, *rule);
-    json["constraints"] = ToArray(rule->m_constraintArray,
-                                  [&](const auto* constraint) { return ToJson(*constraint, *rule); });
+    json["constraints"] =
+        ToArray(rule->m_constraintArray, [&](const auto* constraint) { return ToJson(*constraint, *rule); });
     return json;
 }
 

@@ -87,9 +87,8 @@ std::vector<std::vector<std::string>> ConstraintRows(const CMFXConstraint& const
         for (std::size_t i = 0; i < rows.size(); ++i) {
             const int value = static_cast<int>(i);
             rows[i].resize(static_cast<std::size_t>(column), "-");
-            rows[i].push_back(value < values.GetCount()
-                                  ? FormatContent(ContentOfNumber(values[value], isOfBand))
-                                  : "-");
+            rows[i].push_back(
+                value < values.GetCount() ? FormatContent(ContentOfNumber(values[value], isOfBand)) : "-");
         }
     }
     return rows;

@@ -32,8 +32,9 @@ WorkbookColumns ParseColumns(CString list) {
     std::wistringstream stream((list + L",").GetString());  // or an empty end would be lost
     for (std::wstring letters; std::getline(stream, letters, L',');) columns.push_back(letters);
     if (columns.front() != L"A" || !std::ranges::all_of(columns, IsColumn))
-        throw CommandError(ExitCode::WrongUsage, "--columns: " + Quoted(list) +
-                                             " is not a list of column letters that begins with A: A,B,C");
+        throw CommandError(
+            ExitCode::WrongUsage,
+            "--columns: " + Quoted(list) + " is not a list of column letters that begins with A: A,B,C");
     return columns;
 }
 
@@ -50,7 +51,8 @@ std::string Reason(WorkbookFault fault, const CString& readerError) {
 
 WorkbookTable ReadTable(const CString& bookPath, const WorkbookColumns& columns) {
     const std::string book = ToUtf8(bookPath) + ": ";
-    if (IsFolder(bookPath)) throw CommandError(ExitCode::UnreadableInput, book + "can't be read: it is a folder");
+    if (IsFolder(bookPath))
+        throw CommandError(ExitCode::UnreadableInput, book + "can't be read: it is a folder");
     // Excel has a current folder of its own.
     const CString path = std::filesystem::absolute(bookPath.GetString()).make_preferred().c_str();
     WorkbookTable table;
@@ -58,9 +60,9 @@ WorkbookTable ReadTable(const CString& bookPath, const WorkbookColumns& columns)
     const WorkbookFault fault = ReadWorkbook(path, columns, table, readerError);
     if (fault == WorkbookFault::None) return table;
     const bool isMissing = fault == WorkbookFault::ExcelNotInstalled ||
-                          fault == WorkbookFault::ExcelNotStarted || fault == WorkbookFault::ReaderMissing;
+                           fault == WorkbookFault::ExcelNotStarted || fault == WorkbookFault::ReaderMissing;
     throw CommandError(isMissing ? ExitCode::NotPossible : ExitCode::UnreadableInput,
-                    book + Reason(fault, readerError));
+                       book + Reason(fault, readerError));
 }
 
 // A very long text is cut, or the table could not be read; --json has all of it.

@@ -30,7 +30,8 @@ struct BandJoint {
 };
 
 inline void AddNotContiguous(const Reporter& reporter, int findingRow, const BandJoint& joint) {
-    const std::string begin = FormatBound(joint.begin, joint.unit), end = FormatBound(joint.endBefore, joint.unit);
+    const std::string begin = FormatBound(joint.begin, joint.unit),
+                      end = FormatBound(joint.endBefore, joint.unit);
     if (joint.begin > joint.endBefore)
         reporter.AddAboutValues<FindingCode::BandGap>(findingRow, joint.row, begin, joint.rowBefore, end,
                                                       joint.noun);

@@ -5,10 +5,10 @@
 
 #include <vector>
 
-// Everything that the checks find in a document, by line: what the module ignores, what is unusual, and values
-// that make no sense.
+// Everything that the checks find in a document, by line: what the module ignores, what is unusual, and
+// values that make no sense.
 std::vector<Finding> CheckDocument(const RuleDocument& document);
 
-// The findings about what the module ignores when it reads the document, by line: rules and parameters that it
-// does not know, texts that are no numbers, constraints that do not match. Nothing is said of values.
+// The findings about what the module ignores when it reads the document, by line: rules and parameters that
+// it does not know, texts that are no numbers, constraints that do not match. Nothing is said of values.
 std::vector<Finding> FindIgnoredContent(const RuleDocument& document);

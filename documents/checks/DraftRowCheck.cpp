@@ -14,8 +14,7 @@ constexpr std::size_t kRequiredCells = DraftCell::ThirdAngle;  // the third angl
 
 // Rows with too few cells are never converted.
 void CheckCellCount(const Reporter& reporter, const MfxXMLNode& row, std::size_t cells) {
-    if (cells < kRequiredCells)
-        reporter.Add<FindingCode::TooFewCells>(row, Count(cells, "cell"));
+    if (cells < kRequiredCells) reporter.Add<FindingCode::TooFewCells>(row, Count(cells, "cell"));
     if (cells > DraftCell::Count) reporter.Add<FindingCode::TooManyCells>(row, Count(cells, "cell"));
 }
 
@@ -56,6 +55,6 @@ void CheckRow(const Reporter& reporter, const MfxXMLNode& row, const std::vector
 void CheckDraftRows(const Reporter& reporter, const MfxXMLNode& parameter,
                     const MfxArray<MfxTableRow>& rows) {
     int index = 0;
-    parameter.ForEachChild(
-        kValueTag, [&](const MfxXMLNode& row) { CheckRow(reporter, row, rows[index++].cells); });
+    parameter.ForEachChild(kValueTag,
+                           [&](const MfxXMLNode& row) { CheckRow(reporter, row, rows[index++].cells); });
 }

@@ -21,7 +21,8 @@ struct Finding {
     const FindingKind& Kind() const { return KindOf(code); }
 };
 
-// The code's text with its inserts, in UTF-8; of a value in a constraint it begins with the constraint's name.
+// The code's text with its inserts, in UTF-8; of a value in a constraint it begins with the constraint's
+// name.
 std::string FindingText(const Finding& finding);
 
 // "Variable Draft Angle: parameter 29183 (Draft angles by size), ...": the text with what it is about.

@@ -103,8 +103,7 @@ inline constexpr FindingKind kFindingKinds[] = {
     {FindingCode::MissingRuleNumber, "missing-rule-number", Severity::Warning, false,
      "Rule: {} is missing and reads as -1"},
 
-    {FindingCode::NotAWholeNumber, "not-a-whole-number", Severity::Error, true,
-     "{} is not a whole number"},
+    {FindingCode::NotAWholeNumber, "not-a-whole-number", Severity::Error, true, "{} is not a whole number"},
     {FindingCode::NotANumber, "not-a-number", Severity::Error, true, "{}: {} is not a number"},
     {FindingCode::NumberMisread, "number-misread", Severity::Error, true,
      "{}: {} is not a number and reads as {}"},

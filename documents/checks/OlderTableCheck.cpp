@@ -21,9 +21,9 @@ bool IsKnownAttribute(const CString& name) {
 }
 
 bool IsKnownElement(const CString& tag) {
-    const CString* const known[] = {&kOperatorTag,         &kOperatorOptionTag,    &kParameterTypeTag,
-                                    &kValueTag,            &kCriteriaTag,          &kPercentDeviationTag,
-                                    &kAbsoluteDeviationTag, &kAbsoluteValueTag,     &kRemarksTag};
+    const CString* const known[] = {
+        &kOperatorTag,         &kOperatorOptionTag,    &kParameterTypeTag, &kValueTag,  &kCriteriaTag,
+        &kPercentDeviationTag, &kAbsoluteDeviationTag, &kAbsoluteValueTag, &kRemarksTag};
     return std::ranges::any_of(known, [&](const CString* other) { return tag == *other; });
 }
 
@@ -57,8 +57,7 @@ void CheckOlderParameter(const Reporter& reporter, const MfxXMLNode& parameter) 
     if (reporter.GetParamId() == kLegacyMaterialSwitchId)
         CheckReals(reporter, parameter);
     else
-        parameter.ForEachChild(kValueTag,
-                               [&](const MfxXMLNode& row) { CheckMaterialRow(reporter, row); });
+        parameter.ForEachChild(kValueTag, [&](const MfxXMLNode& row) { CheckMaterialRow(reporter, row); });
 }
 
 }  // namespace

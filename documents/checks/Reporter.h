@@ -21,8 +21,8 @@ inline std::string ToInsert(int number) {
     return std::to_string(number);
 }
 
-// Adds findings about one subject to a list: the document, one of its rules, or a constraint or parameter of a
-// rule.
+// Adds findings about one subject to a list: the document, one of its rules, or a constraint or parameter of
+// a rule.
 class Reporter {
   public:
     Reporter(const RuleDocument& document, std::vector<Finding>& findings)

@@ -18,8 +18,8 @@ void AddFlaw(const Reporter& reporter, const MfxXmlFlaw& flaw) {
     if (flaw.kind == MfxXmlFlaw::RepeatedAttribute)
         reporter.Add<FindingCode::RepeatedAttribute>(flaw.element, element, attribute);
     else
-        reporter.Add<FindingCode::ControlCharacter>(
-            flaw.element, element, attribute.empty() ? std::string("the text") : attribute);
+        reporter.Add<FindingCode::ControlCharacter>(flaw.element, element,
+                                                    attribute.empty() ? std::string("the text") : attribute);
 }
 
 // Rules of other modules are nothing wrong, but nobody here can say what in them has a unit.

@@ -8,8 +8,9 @@ IgnoredValues::IgnoredValues(const std::vector<Finding>& findings) {
 }
 
 bool IgnoredValues::HasAnyOf(int entry, int constraint, std::initializer_list<long> paramIds) const {
-    return std::ranges::any_of(
-        paramIds, [&](long paramId) { return m_values.contains({entry, constraint, paramId}); });
+    return std::ranges::any_of(paramIds, [&](long paramId) {
+        return m_values.contains({entry, constraint, paramId});
+    });
 }
 
 bool RuleToCheck::IsRead(int constraint, std::initializer_list<long> paramIds) const {

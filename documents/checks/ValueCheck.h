@@ -1,5 +1,5 @@
-// Whether a rule's values make sense; a function for each kind of rule. Bands are checked as their dialogs do.
-// Of values that the module ignores nothing is said.
+// Whether a rule's values make sense; a function for each kind of rule. Bands are checked as their dialogs
+// do. Of values that the module ignores nothing is said.
 #pragma once
 
 #include "Reporter.h"

@@ -1,5 +1,5 @@
-// What records of the module's rules say: the module, and the rules' parameters with their ids and quantities.
-// A parameter's id is also the string id of its label.
+// What records of the module's rules say: the module, and the rules' parameters with their ids and
+// quantities. A parameter's id is also the string id of its label.
 #pragma once
 
 #include "MfxTypes.h"

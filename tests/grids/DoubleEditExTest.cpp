@@ -61,14 +61,17 @@ TEST_P(DoubleEditExTest, GoesBackToTheLastValidText) {
 }
 
 TEST_P(DoubleEditExTest, FiltersTextThatComesAtOnce) {
+    const auto paste = [&](const wchar_t* pszText) {
+        m_edit.SendMessage(EM_REPLACESEL, TRUE, reinterpret_cast<LPARAM>(pszText));
+    };
     Typed(L"12");
     for (const auto& [pszPasted, pszLeft] :
          {std::pair{L"3.4", L"123.4"}, {L"5 mm", L"123.4"}, {L"1,5", L"123.4"}}) {
-        m_edit.ReplaceSel(pszPasted);
+        paste(pszPasted);
         EXPECT_STREQ(WindowText(m_edit), pszLeft) << pszPasted;
     }
     m_edit.SetSel(0, -1);
-    m_edit.ReplaceSel(L"mm");
+    paste(L"mm");
     EXPECT_STREQ(WindowText(m_edit), L"") << "nothing in front is left";
 }
 

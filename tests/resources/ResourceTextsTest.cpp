@@ -36,6 +36,6 @@ TEST(ResourceTextsTest, EveryLanguageHasEveryTextWithTheSameInserts) {
                                                                 {MassKilogram, 29102},
                                                                 {MassTonne, 29100},
                                                                 {MassPound, 29109}})
-            EXPECT_STREQ(app.Text(nId), GetMassUnitLabel(nMassUnit));
+            EXPECT_EQ(app.Text(nId), GetMassUnitLabel(nMassUnit).GetString());
     }
 }
