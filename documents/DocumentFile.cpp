@@ -8,6 +8,8 @@
 
 namespace {
 
+constexpr DWORD kShareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+
 class FileHandle {
   public:
     explicit FileHandle(HANDLE hFile) : m_hFile(hFile) {}
@@ -25,26 +27,6 @@ class FileHandle {
 
   private:
     HANDLE m_hFile;
-};
-
-// Deletes the temporary file unless it became the real one.
-class TemporaryFile {
-  public:
-    explicit TemporaryFile(const CString& path) : m_strPath(path) {}
-    ~TemporaryFile() {
-        if (!m_strPath.IsEmpty()) DeleteFileW(m_strPath);
-    }
-    TemporaryFile(const TemporaryFile&) = delete;
-    TemporaryFile& operator=(const TemporaryFile&) = delete;
-
-    bool MoveOver(const CString& target) {
-        if (!MoveFileExW(m_strPath, target, MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH)) return false;
-        m_strPath.Empty();
-        return true;
-    }
-
-  private:
-    CString m_strPath;
 };
 
 bool WriteAll(HANDLE hFile, const std::string& bytes) {
@@ -73,6 +55,65 @@ bool HasAttribute(const CString& path, DWORD attribute) {
     return attributes != INVALID_FILE_ATTRIBUTES && (attributes & attribute);
 }
 
+void ThrowIfNoTarget(const CString& path) {
+    if (IsFolder(path)) ThrowUnwritable(path, "it is a folder");
+    // Moving a file over a read-only one succeeds on some systems.
+    if (HasAttribute(path, FILE_ATTRIBUTE_READONLY)) ThrowUnwritable(path, "it is read-only");
+}
+
+// A new file beside the one that it is to replace. It goes away with the object unless it was moved, also
+// when the program is killed.
+class TemporaryFile {
+  public:
+    explicit TemporaryFile(const CString& target) : m_file(Create(target)) {
+        DeleteOnClose(m_file.Get(), true);
+    }
+    ~TemporaryFile() {
+        m_file.Close();  // an open file can't be deleted
+        if (!m_isMoved) DeleteFileW(m_strPath);
+    }
+    TemporaryFile(const TemporaryFile&) = delete;
+    TemporaryFile& operator=(const TemporaryFile&) = delete;
+
+    // Writes all of the file. False, with the reason as last error, when that fails.
+    bool Write(const std::string& bytes) {
+        return WriteAll(m_file.Get(), bytes) && FlushFileBuffers(m_file.Get()) &&
+               DeleteOnClose(m_file.Get(), false) && m_file.Close();
+    }
+
+    bool MoveOver(const CString& target) {
+        m_isMoved = MoveFileExW(m_strPath, target, MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) != 0;
+        return m_isMoved;
+    }
+
+  private:
+    HANDLE Create(const CString& target) {
+        for (int i = 0;; ++i) {
+            m_strPath.Format(L"%s.%lu-%d.tmp", target.GetString(), GetCurrentProcessId(), i);
+            const HANDLE hFile = CreateFileW(m_strPath, GENERIC_WRITE | DELETE, 0, nullptr, CREATE_NEW,
+                                             FILE_ATTRIBUTE_NORMAL, nullptr);
+            if (hFile != INVALID_HANDLE_VALUE) return hFile;
+            if (GetLastError() != ERROR_FILE_EXISTS)
+                ThrowUnwritable(target, WindowsErrorText(GetLastError()));
+        }
+    }
+
+    CString m_strPath;
+    FileHandle m_file;
+    bool m_isMoved = false;
+};
+
+// The same name for every way to write the path, as long as it fits: names of mutexes are short and have no
+// backslash.
+CString MutexName(const CString& path) {
+    std::wstring full(GetFullPathNameW(path, 0, nullptr, nullptr), L'\0');
+    full.resize(GetFullPathNameW(path, static_cast<DWORD>(full.size()), full.data(), nullptr));
+    CharLowerBuffW(full.data(), static_cast<DWORD>(full.size()));
+    CString name;
+    name.Format(L"Local\\mfx-document-%016I64x", std::hash<std::wstring>()(full));
+    return name;
+}
+
 }  // namespace
 
 FileFingerprint FingerprintOf(std::string_view bytes) {
@@ -99,30 +140,19 @@ std::string ReadFileBytes(const CString& path) {
     return bytes;
 }
 
-void ReplaceFileBytes(const CString& path, const std::string& bytes) {
-    if (IsFolder(path)) ThrowUnwritable(path, "it is a folder");
-    // Moving a file over a read-only one succeeds on some systems.
-    if (HasAttribute(path, FILE_ATTRIBUTE_READONLY)) ThrowUnwritable(path, "it is read-only");
+void ThrowIfUnwritable(const CString& path) {
+    ThrowIfNoTarget(path);
+    TemporaryFile temporary(path);
+    // A file that another program holds can't be replaced.
+    const FileHandle old(CreateFileW(path, DELETE, kShareAll, nullptr, OPEN_EXISTING, 0, nullptr));
+    if (!old.IsOpen() && FileExists(path)) ThrowUnwritable(path, WindowsErrorText(GetLastError()));
+}
 
-    CString temporaryPath;
-    HANDLE hFile = INVALID_HANDLE_VALUE;
-    for (int i = 0; hFile == INVALID_HANDLE_VALUE; ++i) {
-        temporaryPath.Format(L"%s.%lu-%d.tmp", path.GetString(), GetCurrentProcessId(), i);
-        hFile = CreateFileW(temporaryPath, GENERIC_WRITE | DELETE, 0, nullptr, CREATE_NEW,
-                            FILE_ATTRIBUTE_NORMAL, nullptr);
-        if (hFile == INVALID_HANDLE_VALUE && GetLastError() != ERROR_FILE_EXISTS)
-            ThrowUnwritable(path, WindowsErrorText(GetLastError()));
-    }
-    FileHandle file(hFile);
-    TemporaryFile temporary(temporaryPath);
-    DeleteOnClose(file.Get(), true);  // a file system that can't do so may keep it
-    if (!WriteAll(file.Get(), bytes) || !FlushFileBuffers(file.Get()) || !DeleteOnClose(file.Get(), false) ||
-        !file.Close()) {
-        const DWORD error = GetLastError();
-        file.Close();  // an open file can't be deleted
-        ThrowUnwritable(path, WindowsErrorText(error));
-    }
-    if (!temporary.MoveOver(path)) ThrowUnwritable(path, WindowsErrorText(GetLastError()));
+void ReplaceFileBytes(const CString& path, const std::string& bytes) {
+    ThrowIfNoTarget(path);
+    TemporaryFile temporary(path);
+    if (!temporary.Write(bytes) || !temporary.MoveOver(path))
+        ThrowUnwritable(path, WindowsErrorText(GetLastError()));
 }
 
 void ThrowIfFileChanged(const CString& path, const FileFingerprint& expected) {
@@ -137,4 +167,16 @@ bool FileExists(const CString& path) {
 
 bool IsFolder(const CString& path) {
     return HasAttribute(path, FILE_ATTRIBUTE_DIRECTORY);
+}
+
+SavingLock::SavingLock(const CString& path) : m_hMutex(CreateMutexW(nullptr, FALSE, MutexName(path))) {
+    constexpr DWORD kLongestWaitMs = 30'000;
+    if (m_hMutex && WaitForSingleObject(m_hMutex, kLongestWaitMs) != WAIT_TIMEOUT) return;
+    if (m_hMutex) CloseHandle(m_hMutex);
+    ThrowUnwritable(path, "another program is saving it");
+}
+
+SavingLock::~SavingLock() {
+    ReleaseMutex(m_hMutex);
+    CloseHandle(m_hMutex);
 }

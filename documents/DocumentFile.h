@@ -22,8 +22,25 @@ std::string ReadFileBytes(const CString& path);
 // (Unwritable) that names the file and the reason.
 void ReplaceFileBytes(const CString& path, const std::string& bytes);
 
+// Throws DocumentError (Unwritable) when ReplaceFileBytes could not write that file now.
+void ThrowIfUnwritable(const CString& path);
+
 // Throws DocumentError (ChangedMeanwhile) unless the file still has that content.
 void ThrowIfFileChanged(const CString& path, const FileFingerprint& expected);
+
+// Keeps other programs that save by this class from the file for the life of the object: of two that have
+// read it, the second one to save sees what the first one wrote. Throws DocumentError (Unwritable) when
+// another program keeps it for half a minute.
+class SavingLock {
+  public:
+    explicit SavingLock(const CString& path);
+    ~SavingLock();
+    SavingLock(const SavingLock&) = delete;
+    SavingLock& operator=(const SavingLock&) = delete;
+
+  private:
+    HANDLE m_hMutex;
+};
 
 bool FileExists(const CString& path);
 bool IsFolder(const CString& path);

@@ -213,6 +213,8 @@ bool RuleDocument::ConfigureRule(const Entry& entry) {
 }
 
 void RuleDocument::Save(const CString& path) const {
+    const std::string bytes = ToUtf8();
+    const SavingLock lock(path);
     if (m_source) ThrowIfFileChanged(m_strPath, *m_source);
-    ReplaceFileBytes(path, ToUtf8());
+    ReplaceFileBytes(path, bytes);
 }

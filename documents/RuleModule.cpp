@@ -5,13 +5,19 @@
 #include "ModulePath.h"
 #include "ResourceLibrary.h"
 #include "Text.h"
+#include "resource.h"
 
 namespace {
 
 constexpr wchar_t kModuleFile[] = L"MFXSandCastingRulesu.dll";
 
-bool IsLibrary(const CString& path) {
-    return LibraryPtr(LoadLibraryExW(path, nullptr, LOAD_LIBRARY_AS_DATAFILE)) != nullptr;
+// Whether the module can load it. A file that is cut off passes for a library of resources, but has lost
+// texts.
+bool IsResourceLibrary(const CString& path) {
+    const LibraryPtr library(LoadLibraryW(path));
+    CString text;
+    return library && text.LoadString(library.get(), IDS_MODULE_NAME) &&
+           text.LoadString(library.get(), IDS_DRAFT_RULE_SUMMARY);
 }
 
 [[noreturn]] void ThrowMissing(const CString& path, const std::string& reason) {
@@ -40,9 +46,9 @@ RuleModule::RuleModule() : m_strPath(GetModuleFolder(nullptr) + L"\\" + kModuleF
 void RuleModule::CheckResourceLibraries() {
     const CString defaultLibrary = CLocationHelper::GetDefaultResPath() + L"\\" + kResourceLibraryFile;
     const CString localizedLibrary = CLocationHelper::GetLocalizedResPath() + L"\\" + kResourceLibraryFile;
-    if (!IsLibrary(defaultLibrary))
+    if (!IsResourceLibrary(defaultLibrary))
         ThrowMissing(defaultLibrary, " is missing or damaged; install the program again");
-    if (!IsLibrary(localizedLibrary)) m_strMissingLanguageLibrary = localizedLibrary;
+    if (!IsResourceLibrary(localizedLibrary)) m_strMissingLanguageLibrary = localizedLibrary;
 }
 
 template <class Function>

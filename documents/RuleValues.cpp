@@ -77,9 +77,10 @@ class ValueLister {
             AddBands(storage.GetValues<MfxTableRow>());
         else
             std::visit([&](const auto& values) { AddTexts(values, label); }, storage.m_values);
-        AddDeviations(storage.m_percentDeviation, label + ", percent deviation");
-        AddDeviations(storage.m_absoluteDeviation, label + ", absolute deviation");
-        AddDeviations(storage.m_absoluteValue, label + ", absolute value");
+        const Quantity quantity = QuantityOfParameter(storage.m_nParamId);
+        AddDeviations(storage.m_percentDeviation, label + ", percent deviation", Quantity::None);
+        AddDeviations(storage.m_absoluteDeviation, label + ", absolute deviation", quantity);
+        AddDeviations(storage.m_absoluteValue, label + ", absolute value", quantity);
     }
 
     void AddNumbers(const CMfxParamStorage& storage, const std::string& label) {
@@ -108,16 +109,16 @@ class ValueLister {
     }
 
     // Of the result criteria; a second number of 0 or less is not given.
-    void AddDeviations(const MfxSeverityMap& map, const std::string& label) {
+    void AddDeviations(const MfxSeverityMap& map, const std::string& label, Quantity quantity) {
         int row = 0;
         for (const auto& [severityCode, deviation] : map) {
             const std::string severity = severityCode == SeverityWarning ? "warning"
                                          : severityCode == SeverityInfo  ? "info"
                                                                          : "unknown";
             const std::string entry = label + ", " + severity;
-            AddNumber(entry, ++row, Quantity::None, deviation.first, kHalfOfSixthDecimal);
+            AddNumber(entry, ++row, quantity, deviation.first, kHalfOfSixthDecimal);
             if (deviation.second > 0.0)
-                AddNumber(entry + ", second", row, Quantity::None, deviation.second, kHalfOfSixthDecimal);
+                AddNumber(entry + ", second", row, quantity, deviation.second, kHalfOfSixthDecimal);
         }
     }
 

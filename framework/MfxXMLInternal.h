@@ -44,6 +44,19 @@ void ForEachElement(pugi::xml_node parent, Visit visit) {
     parent.traverse(walker);
 }
 
+// The first child element with that tag, and the next one beside it. The library's own look-ups by name find
+// processing instructions too.
+inline pugi::xml_node FirstElement(const pugi::xml_node& parent, const wchar_t* tag) {
+    return parent.find_child([=](const pugi::xml_node& child) {
+        return child.type() == pugi::node_element && wcscmp(child.name(), tag) == 0;
+    });
+}
+inline pugi::xml_node NextElement(pugi::xml_node element, const wchar_t* tag) {
+    do element = element.next_sibling(tag);
+    while (element && element.type() != pugi::node_element);
+    return element;
+}
+
 // An element's text; texts that comments separate are joined.
 inline CString TextOf(const pugi::xml_node& element) {
     CString strText;

@@ -11,6 +11,8 @@
 namespace {
 
 using mfx_xml::Access;
+using mfx_xml::FirstElement;
+using mfx_xml::NextElement;
 using pugi::xml_node;
 
 // ---- writing
@@ -139,14 +141,15 @@ std::int32_t IdOf(xml_node element) {
 }
 
 xml_node FindElement(xml_node parent, std::int32_t nParamId) {
-    for (const xml_node element : parent.children(kParameterTag))
-        if (IdOf(element) == nParamId) return element;
-    return {};
+    xml_node element = FirstElement(parent, kParameterTag);
+    while (element && IdOf(element) != nParamId) element = NextElement(element, kParameterTag);
+    return element;
 }
 
 void ReadOperatorOptions(xml_node element, CMfxParamStorage& storage) {
     storage.m_operatorOptions.RemoveAll();
-    for (const xml_node option : element.children(kOperatorOptionTag))
+    for (xml_node option = FirstElement(element, kOperatorOptionTag); option;
+         option = NextElement(option, kOperatorOptionTag))
         storage.m_operatorOptions.Add(ToNumber(mfx_xml::TextOf(option)));
 }
 
@@ -169,7 +172,7 @@ template <class T>
 void ReadValues(xml_node element, CMfxParamStorage& storage) {
     MfxArray<T>& values = storage.GetValues<T>();
     values.RemoveAll();
-    for (const xml_node child : element.children(kValueTag)) {
+    for (xml_node child = FirstElement(element, kValueTag); child; child = NextElement(child, kValueTag)) {
         T value{};
         if (storage.m_paramType == ParamTable)
             FromRow(ReadTableRow(child), value);
@@ -186,10 +189,10 @@ int SeverityOfTag(const wchar_t* pszTag) {
 
 // An entry's numbers that are missing or no numbers are 0.
 MfxDeviation ReadDeviation(xml_node entry) {
-    const xml_node first = entry.child(kValueTag);
+    const xml_node first = FirstElement(entry, kValueTag);
     MfxDeviation deviation;
     ParseReal(mfx_xml::TextOf(first), deviation.first);
-    ParseReal(mfx_xml::TextOf(first.next_sibling(kValueTag)), deviation.second);
+    ParseReal(mfx_xml::TextOf(NextElement(first, kValueTag)), deviation.second);
     return deviation;
 }
 
@@ -202,17 +205,18 @@ void ReadSeverityMap(xml_node entries, MfxSeverityMap& map) {
 
 // Without the element the criteria stay as they are; an attribute that is missing means off and type 0.
 void ReadResultCriteria(xml_node element, CMfxParamStorage& storage) {
-    const xml_node criteria = element.child(kCriteriaTag);
+    const xml_node criteria = FirstElement(element, kCriteriaTag);
     if (!criteria) return;
     storage.m_bCriteriaStatus = wcscmp(criteria.attribute(kStatusAttribute).value(), L"1") == 0;
     storage.m_nCriteriaType = ToNumber(criteria.attribute(kCriteriaTypeAttribute).value());
-    ReadSeverityMap(criteria.child(kPercentDeviationTag), storage.m_percentDeviation);
-    ReadSeverityMap(criteria.child(kAbsoluteDeviationTag), storage.m_absoluteDeviation);
-    ReadSeverityMap(criteria.child(kAbsoluteValueTag), storage.m_absoluteValue);
+    ReadSeverityMap(FirstElement(criteria, kPercentDeviationTag), storage.m_percentDeviation);
+    ReadSeverityMap(FirstElement(criteria, kAbsoluteDeviationTag), storage.m_absoluteDeviation);
+    ReadSeverityMap(FirstElement(criteria, kAbsoluteValueTag), storage.m_absoluteValue);
 }
 
 void ReadRemarks(xml_node element, CMfxParamStorage& storage) {
-    if (const xml_node remarks = element.child(kRemarksTag)) storage.m_strRemarks = mfx_xml::TextOf(remarks);
+    if (const xml_node remarks = FirstElement(element, kRemarksTag))
+        storage.m_strRemarks = mfx_xml::TextOf(remarks);
 }
 
 // The name is not read: it is the label in the user's language, which the parameter's creator set.
@@ -221,10 +225,11 @@ void ReadParameter(CMfxParamStorage& storage, const MfxXMLNode* pParent) {
     const xml_node element =
         pParent ? FindElement(Access::Element(*pParent), storage.m_nParamId) : xml_node();
     if (!element) return;
-    storage.m_operator = static_cast<MfxOperator_e>(ToNumber(mfx_xml::TextOf(element.child(kOperatorTag))));
+    storage.m_operator =
+        static_cast<MfxOperator_e>(ToNumber(mfx_xml::TextOf(FirstElement(element, kOperatorTag))));
     ReadOperatorOptions(element, storage);
     storage.m_paramType =
-        static_cast<MfxParamType_e>(ToNumber(mfx_xml::TextOf(element.child(kParameterTypeTag))));
+        static_cast<MfxParamType_e>(ToNumber(mfx_xml::TextOf(FirstElement(element, kParameterTypeTag))));
     ReadStatus(element, storage);
     ReadValues<T>(element, storage);
     ReadResultCriteria(element, storage);

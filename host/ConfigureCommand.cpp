@@ -54,13 +54,14 @@ ExitCode Configure(const RuleModule& module, const ConfigureOptions& options) {
         PrintError("mfxhost: " + options.input + " was not changed\n");
         return ExitCode::Findings;
     }
+    const std::string& output = options.output.empty() ? options.input : options.output;
+    ThrowIfUnwritable(FromUtf8(output));  // before anything is edited
     RequireDisplay();
     const std::string rule = ToUtf8(entry.rule->m_strDisplayName);
     if (!document.ConfigureRule(entry)) {
         Print(rule + " was not changed\n");
         return ExitCode::Done;
     }
-    const std::string& output = options.output.empty() ? options.input : options.output;
     document.Save(FromUtf8(output));
     Print(output + ": " + rule + " changed\n");
     return ExitCode::Done;

@@ -110,6 +110,7 @@ void CMFXSCWTVariationRule::SetRuleStatusForAssemblyModel(int) {}
 
 void CMFXSCWTVariationRule::UpdateVariationSummary() {
     const CMfxParamStorage* pVariation = FindParameterInArray(kVariationId);
-    if (!g_pSandCastingRulesApp || !pVariation || pVariation->GetValues<double>().IsEmpty()) return;
-    m_strSummary = VariationSummary(FormatDouble(pVariation->GetValues<double>()[0]));
+    if (!g_pSandCastingRulesApp || !pVariation) return;
+    const MfxArray<double>& values = pVariation->GetValues<double>();
+    m_strSummary = VariationSummary(values.IsEmpty() ? CString() : FormatDouble(values[0]));
 }

@@ -34,11 +34,12 @@ void CheckAttributes(const Reporter& reporter, const MfxXMLNode& constraint, std
     CheckName(reporter, constraint, names);
 }
 
-// Element i of each list makes band i.
+// Element i of each list of a material group makes band i.
 void CheckListLengths(const Reporter& reporter, const MfxXMLNode& constraint, const MfxParamArray& params) {
     std::set<int> lengths;
     for (const MfxParamRecord& record : params)
-        if (record.m_type == TypeDouble) lengths.insert(record.m_pStorage->GetValues<double>().GetCount());
+        if (IsBandParameter(record.m_pStorage->m_nParamId))
+            lengths.insert(record.m_pStorage->GetValues<double>().GetCount());
     if (lengths.size() > 1) reporter.Add<FindingCode::UnequalLists>(constraint);
 }
 

@@ -9,6 +9,7 @@
 #include "RuleParameters.h"
 #include "Text.h"
 #include "Units.h"
+#include "ValueContent.h"
 #include "XmlNumber.h"
 
 #include <set>
@@ -44,12 +45,38 @@ void CheckOperatorAndType(const Reporter& reporter, const MfxXMLNode& parameter,
         reporter.Add<FindingCode::UnpairedRangeValues>(parameter);
 }
 
+void CheckSwitch(const Reporter& reporter, const MfxXMLNode& value) {
+    double number = 0.0;
+    if (value.GetNodeValueInDouble(number) && number != 0.0 && number != 1.0)
+        reporter.Add<FindingCode::LimitSwitchNotBoolean>(value, FormatNumber(number));
+}
+
+// A limit has one value. In older records a switch may stand before it, but not in a constraint.
+void CheckLimitValues(const Reporter& reporter, const MfxXMLNode& parameter, int count) {
+    if (count == 0) reporter.Add<FindingCode::MissingLimitValue>(parameter);
+    if (count > 1 && reporter.IsInConstraint())
+        reporter.Add<FindingCode::TooManyMaterialLimitValues>(parameter, count);
+    else if (count > 2)
+        reporter.Add<FindingCode::TooManyLimitValues>(parameter, count);
+    else if (count == 2)
+        CheckSwitch(reporter, *parameter.FindChild(kValueTag));
+}
+
 void CheckNumbers(const Reporter& reporter, const MfxXMLNode& parameter) {
     const int count = CheckReals(reporter, parameter);
     const long paramId = reporter.GetParamId();
-    if (paramId != kThicknessMinId && paramId != kThicknessMaxId) return;
-    if (count > 2) reporter.Add<FindingCode::TooManyLimitValues>(parameter);
-    if (count == 0) reporter.Add<FindingCode::MissingLimitValue>(parameter);
+    if (paramId == kThicknessMinId || paramId == kThicknessMaxId)
+        CheckLimitValues(reporter, parameter, count);
+    if (paramId != kVariationId) return;
+    if (count == 0) reporter.Add<FindingCode::MissingVariation>(parameter);
+    if (count > 1) reporter.Add<FindingCode::TooManyVariations>(parameter, count);
+}
+
+// Rules convert a parameter's values, but not its criteria.
+void CheckUnconverted(const Reporter& reporter, const MfxXMLNode& criteria, const CMfxParamStorage& storage) {
+    const bool isLength = QuantityOfParameter(storage.m_nParamId) == Quantity::Length;
+    const bool isAbsolute = !storage.m_absoluteDeviation.empty() || !storage.m_absoluteValue.empty();
+    if (isLength && isAbsolute) reporter.Add<FindingCode::UnconvertedDeviations>(criteria);
 }
 
 void CheckKnownParameter(const Reporter& reporter, const MfxXMLNode& parameter,
@@ -63,7 +90,10 @@ void CheckKnownParameter(const Reporter& reporter, const MfxXMLNode& parameter,
     if (storage.GetType() == TypeTableRow && isTable)
         CheckDraftRows(reporter, parameter, storage.GetValues<MfxTableRow>());
     if (storage.GetType() == TypeDouble && !isTable) CheckNumbers(reporter, parameter);
-    if (const auto criteria = parameter.FindChild(kCriteriaTag)) CheckCriteria(reporter, *criteria);
+    if (const auto criteria = parameter.FindChild(kCriteriaTag)) {
+        CheckCriteria(reporter, *criteria);
+        CheckUnconverted(reporter, *criteria, storage);
+    }
 }
 
 void CheckParameter(const Reporter& reporter, const MfxXMLNode& parameter, const CMfxParamStorage* storage,

@@ -52,6 +52,7 @@ class Reporter {
     const RuleDocument::Entry& GetEntry() const { return *m_entry; }
     const CMfxRule& GetRule() const { return *m_entry->rule; }
     long GetParamId() const { return m_location.paramId; }
+    bool IsInConstraint() const { return m_location.constraint >= 0; }
 
   private:
     Finding& AddAtLine(FindingCode code, int line, std::vector<std::string> inserts) const;

@@ -39,9 +39,9 @@ void HintAtOlderForms(const RuleToCheck& rule) {
             .AddAboutValues<FindingCode::OlderMaterialTable>(Reporter::kNoRow);
     for (const long paramId : {kThicknessMinId, kThicknessMaxId}) {
         const auto limit = FindParameterElement(record, static_cast<std::int32_t>(paramId));
-        const auto first = limit ? limit->FindChild(kValueTag) : std::nullopt;
-        if (first && first->FindNext(kValueTag))
-            rule.reporter.OfParameter(paramId).AddAboutValues<FindingCode::OlderSwitchedLimit>(2);
+        int count = 0;
+        if (limit) limit->ForEachChild(kValueTag, [&](const MfxXMLNode&) { ++count; });
+        if (count == 2) rule.reporter.OfParameter(paramId).AddAboutValues<FindingCode::OlderSwitchedLimit>(2);
     }
 }
 

@@ -91,6 +91,18 @@ TEST_F(HostTest, ChecksWhatRecordsSay) {
         {"1</ParameterType>\n      <Value>6</Value>", "24</ParameterType>\n      <Value Attribute1=\"3\"/>",
          "error: " + limit + "ParameterType: it does not fit the parameter's values"},
         {"<Value>16</Value>", "<Value>nan</Value>", "error: .* \"nan\" is not a number"},
+        {"<Value>6</Value>", "<Value>2</Value><Value>6</Value>",
+         "error: " + limit + "Value: the first of two values is a switch, 0 or 1, and not 2"},
+        {"<Value>6</Value>", "<Value>1</Value><Value>6</Value><Value>9</Value>",
+         "error: " + limit + "Value: there are 3; a limit has one value, or a switch and one value"},
+        {"<Value>4.76</Value>", "<Value>1</Value><Value>25.4</Value>",
+         "error: " + limit + "Value: there are 2; the limit of a material has one value"},
+        {"<AbsoluteDeviation />", "<AbsoluteDeviation><Info><Value>2</Value></Info></AbsoluteDeviation>",
+         "hint: " + limit + "ResultCriteria: absolute deviations and values keep their numbers"},
+        {"<Value>25</Value>", "", "error: .* Value: the variation has none"},
+        {"<Value>25</Value>", "<Value>25</Value><Value>3</Value>",
+         "warning: .* Value: there are 2; only the first one is used"},
+        {"<Value>16</Value>", "<?Value 7?><Value>nan</Value>", "error: .* \"nan\" is not a number"},
         {" Unit=\"1\"", "", "warning: MfxRules: Unit is missing and taken for millimetres"},
         {"AngleUnit=\"0\"", "", "warning: MfxRules: AngleUnit is missing and taken for degrees"},
         {"Version=\"1\" U", "U", "warning: MfxRules: Version is missing and taken for 1"},
@@ -121,6 +133,9 @@ TEST_F(HostTest, ChecksWhatRecordsSay) {
         Run({L"check", L"d.xml", L"--severity", bHint ? L"hint" : L"warning"}, 1,
             ContainsRegex(bHint ? findings : "^d.xml:\\d+: " + findings + "\n$"), "");
     }
+    m_folder.Write(L"d.xml", Replaced(all, "<Value>25</Value>", ""));
+    Run({L"show", L"d.xml", L"--lang", L"english"}, 0, HasSubstr("\n  Wall thickness may vary by at most \n"),
+        "");
     Run({L"check", Wide(MFX_SAMPLES "all-rules.xml")}, 1,
         ContainsRegex("^.*:154: hint: .* Status=\"0\" has no effect: .*\n$"), "");
 }

@@ -8,10 +8,10 @@ TEST_F(HostTest, ListsTheRulesInEveryLanguage) {
     const std::string kCases[][3] = {
         {"english", "Sand Casting Rules\nChecks wall", "Variable Draft Angle Sand Casting Draft angle req"},
         {"japanese", "砂型鋳造ルール\n砂型鋳造品の肉厚", "可変抜き勾配 砂型鋳造 鋳造フィーチャ"},
-        {"korean", "사형 주조 규칙\n사형 주조품의", "가변 구배 각도 사형 주조 주조 형상"},
+        {"korean", "사형 주조 규칙\n사형 주조품의", "가변 빼기 구배 사형 주조 주조 형상"},
         {"French", "Règles de moulage en sable\nContrôle les",
          "Angle de dépouille variable Moulage en sable A"},
-        {"chinese-simplified", "砂型铸造规则\n检查砂型铸件的", "可变拔模角 砂型铸造 按铸造特征"},
+        {"chinese-simplified", "砂型铸造规则\n检查砂型铸件的", "可变起模斜度 砂型铸造 按铸造特征"},
     };
     for (const auto& [language, head, rule] : kCases) {
         const ProcessResult run = Run({L"list", L"--lang", Wide(language)});

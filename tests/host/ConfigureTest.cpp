@@ -62,6 +62,12 @@ TEST_F(ConfigureTest, WritesNothingWhenNothingChanged) {
 
 TEST_F(ConfigureTest, RefusesWhatItCanNotEdit) {
     const Arguments variation{L"configure", L"r.xml", L"--rule", L"19030"};
+    // No dialog opens for what could not be saved.
+    SetFileAttributesW(m_folder.Write(L"read-only.xml", "mine").c_str(), FILE_ATTRIBUTE_READONLY);
+    for (const std::wstring target : {L"read-only.xml", L"none\\d.xml", L"."})
+        Run({L"configure", L"r.xml", L"--rule", L"19030", L"-o", target}, 4, "",
+            HasSubstr(Utf8(target) + ": can't be written: "));
+    EXPECT_EQ(m_folder.Names().size(), 2u);
     Run({L"configure", L"r.xml", L"--rule", L"7"}, 2, "", HasSubstr("r.xml has no rule 7; mfxhost show"));
     Run({L"configure", L"r.xml", L"--rule", L"19010"}, 2, "",
         HasSubstr("Uniform Wall Thickness has no dialog yet"));

@@ -168,6 +168,16 @@ TEST_F(HostTest, NamesTheValuesThatLoseDigits) {
             "1, angle 1: 1.5 .*\n.*1, angle 2: 3 .*\n.*2, angle 1: 0.75 .*\n.*2, angle 2: 6 .*\n$"));
 }
 
+// Rules convert the values of a parameter, but not its criteria.
+TEST_F(HostTest, NamesTheDeviationsThatKeepTheirNumbers) {
+    m_folder.Write(L"d.xml",
+                   Replaced(m_folder.Read(Wide(MFX_SAMPLES "all-rules.xml")), "<AbsoluteDeviation />",
+                            "<AbsoluteDeviation><Info><Value>25.4</Value></Info></AbsoluteDeviation>"));
+    Run({L"convert", L"d.xml", L"--length", L"in", L"--lang", L"english"}, 0, _,
+        HasSubstr("parameter 10067, row 1, Minimum wall thickness, absolute deviation, info: 25.4 mm became "
+                  "25.4 in instead of 1 in\n"));
+}
+
 TEST_F(HostTest, ConvertsNoNumberThatIsTooLargeInTheNewUnit) {
     const std::string number = "1" + std::string(307, '0');
     const std::string document =

@@ -55,3 +55,25 @@ TEST_F(HostTest, LeavesAWholeDocumentWhenItIsKilled) {
     EXPECT_TRUE(m_folder.Read(L"d.xml") == converted);
     EXPECT_LE(m_folder.Names().size() - 1, nLeft);
 }
+
+// Of two conversions at once that have read the same document, the second one to save does not undo the
+// first.
+TEST_F(HostTest, LosesNoUpdate) {
+    const std::string old = ManyRules(100);
+    for (int i = 0; i < 10; ++i) {
+        m_folder.Write(L"d.xml", old);
+        ProcessResult length, angle;
+        {
+            const std::jthread other([&] { length = Run({L"convert", L"d.xml", L"--length", L"in"}); });
+            angle = Run({L"convert", L"d.xml", L"--angle", L"rad"});
+        }
+        const std::string after = m_folder.Read(L"d.xml");
+        EXPECT_THAT(after, HasSubstr(length.nExitCode == 0 ? "Unit=\"3\" Angle" : "Unit=\"1\" Angle"));
+        EXPECT_THAT(after, HasSubstr(angle.nExitCode == 0 ? "AngleUnit=\"1\"" : "AngleUnit=\"0\""));
+        for (const ProcessResult& run : {length, angle}) {
+            if (run.nExitCode == 0) continue;
+            EXPECT_EQ(run.nExitCode, 4);
+            EXPECT_THAT(run.err, HasSubstr("d.xml was changed by another program meanwhile"));
+        }
+    }
+}
