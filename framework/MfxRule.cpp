@@ -49,30 +49,33 @@ int CMfxRule::ExecuteAlternate(MFXICadSys*, const CMfxData*, MFXResultSet*, int)
     return 0;
 }
 
+void CMfxRule::CopyHeader(const CMfxRule& other) {
+    m_strName = other.m_strName;
+    m_strDisplayName = other.m_strDisplayName;
+    m_strSummary = other.m_strSummary;
+    m_strModule = other.m_strModule;
+    m_strRuleCategory = other.m_strRuleCategory;
+    m_strRuleModule = other.m_strRuleModule;
+    m_strRuleModuleFileName = other.m_strRuleModuleFileName;
+    m_processList.RemoveAll();
+    for (POSITION pos = other.m_processList.GetHeadPosition(); pos;)
+        m_processList.AddTail(other.m_processList.GetNext(pos));
+    m_nStatus = other.m_nStatus;
+    m_nSeverity = other.m_nSeverity;
+    m_nLifeStatus = other.m_nLifeStatus;
+    m_bPopulated = other.m_bPopulated;
+    m_nRuleId = other.m_nRuleId;
+    m_nLengthUnit = other.m_nLengthUnit;
+    m_nAngleUnit = other.m_nAngleUnit;
+    m_strDescription = other.m_strDescription;
+    m_strDialogImage = other.m_strDialogImage;
+    m_bParametersCreated = other.m_bParametersCreated;
+    m_category = other.m_category;
+}
+
 CMfxRule& CMfxRule::operator=(CMfxRule* pOther) {
     if (!pOther || pOther == this) return *this;
-    m_strName = pOther->m_strName;
-    m_strDisplayName = pOther->m_strDisplayName;
-    m_strSummary = pOther->m_strSummary;
-    m_strModule = pOther->m_strModule;
-    m_strRuleCategory = pOther->m_strRuleCategory;
-    m_strRuleModule = pOther->m_strRuleModule;
-    m_strRuleModuleFileName = pOther->m_strRuleModuleFileName;
-    m_processList.RemoveAll();
-    for (POSITION pos = pOther->m_processList.GetHeadPosition(); pos;)
-        m_processList.AddTail(pOther->m_processList.GetNext(pos));
-    m_nStatus = pOther->m_nStatus;
-    m_nSeverity = pOther->m_nSeverity;
-    m_nLifeStatus = pOther->m_nLifeStatus;
-    m_bPopulated = pOther->m_bPopulated;
-    m_nRuleId = pOther->m_nRuleId;
-    m_nLengthUnit = pOther->m_nLengthUnit;
-    m_nAngleUnit = pOther->m_nAngleUnit;
-    m_strDescription = pOther->m_strDescription;
-    m_strDialogImage = pOther->m_strDialogImage;
-    m_bParametersCreated = pOther->m_bParametersCreated;
-    m_category = pOther->m_category;
-
+    CopyHeader(*pOther);
     MfxParamArray params = CloneParameters(pOther->m_paramArray);
     DeleteParameters(m_paramArray);
     m_paramArray = std::move(params);

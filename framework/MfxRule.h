@@ -164,6 +164,8 @@ class MFXKIT_API CMfxRule {
     bool m_bParametersCreated = false;
 
   private:
+    void CopyHeader(const CMfxRule& other);
+
     MFXRuleCategory_e m_category = CategoryNone;
 };
 

@@ -23,6 +23,8 @@ constexpr unsigned kParseOptions = pugi::parse_comments | pugi::parse_pi | pugi:
 
 constexpr wchar_t kIndent[] = L"  ";
 
+const MfxXmlParseResult kSuccess{.bOk = true};
+
 // Byte-order marks
 constexpr std::string_view kUtf8Mark = "\xEF\xBB\xBF", kLittleEndianMark = "\xFF\xFE",
                            kBigEndianMark = "\xFE\xFF";
@@ -178,48 +180,72 @@ MfxXmlParseResult MfxXMLDocument::Parse(std::string_view bytes) {
     Clear();
     if (IsTruncatedUtf16(bytes)) return Fail(1, 1, L"the text ends in the middle of a UTF-16 character");
     m_source = ToPlainUtf8(bytes);
-    pugi::xml_document declaration;  // read first: without it bytes of other encodings look like bad UTF-8
+    using Step = MfxXmlParseResult (MfxXMLDocument::*)();
+    constexpr Step kSteps[] = {&MfxXMLDocument::CheckEncoding, &MfxXMLDocument::BuildTree,
+                               &MfxXMLDocument::CheckReferences, &MfxXMLDocument::CheckOutermostElement,
+                               &MfxXMLDocument::CheckSize};
+    for (const Step step : kSteps)
+        if (const MfxXmlParseResult result = (this->*step)(); !result.bOk) return result;
+    return kSuccess;
+}
+
+// The declaration is read first: without it bytes of other encodings look like bad UTF-8.
+MfxXmlParseResult MfxXMLDocument::CheckEncoding() {
+    pugi::xml_document declaration;
     const std::string_view text = DeclarationOf(m_source);
     declaration.load_buffer(text.data(), text.size(), kParseOptions, pugi::encoding_utf8);
-    if (const pugi::xml_attribute encoding = FindEncoding(declaration);
-        encoding && !IsReadableEncoding(encoding.value()))
+    const pugi::xml_attribute encoding = FindEncoding(declaration);
+    if (encoding && !IsReadableEncoding(encoding.value()))
         return Fail(
             1, 1, L"the encoding \"" + CString(encoding.value()) + L"\" is not read, only UTF-8 and UTF-16");
-    if (const int nLine = FindUndecodableLine(m_source))
-        return Fail(nLine, 1, L"the text is not valid UTF-8");
+    if (const int line = FindUndecodableLine(m_source)) return Fail(line, 1, L"the text is not valid UTF-8");
     // pugixml takes a text up to its first NUL for the whole of it; the rest would be lost without a word.
-    if (const std::size_t nNul = m_source.find('\0'); nNul != m_source.npos)
-        return FailAtByte(nNul, L"the text holds a NUL character (UTF-16 needs a byte-order mark)");
+    if (const std::size_t nul = m_source.find('\0'); nul != m_source.npos)
+        return FailAtByte(nul, L"the text holds a NUL character (UTF-16 needs a byte-order mark)");
+    return kSuccess;
+}
 
+MfxXmlParseResult MfxXMLDocument::BuildTree() {
     const pugi::xml_parse_result parsed =
         m_pDocument->load_buffer(m_source.data(), m_source.size(), kParseOptions, pugi::encoding_utf8);
     if (!parsed) return Fail(parsed.offset, CString(parsed.description()));
     FindEncoding(*m_pDocument).set_value(L"UTF-8");  // what ToUtf8 writes; of a null attribute nothing
-    if (const pugi::xml_node type = m_pDocument->find_child([](const pugi::xml_node& node) {
-            return node.type() == pugi::node_doctype && wcschr(node.value(), L'[');
-        }))
+    return kSuccess;
+}
+
+// Entities would be saved as plain text.
+MfxXmlParseResult MfxXMLDocument::CheckReferences() {
+    const pugi::xml_node type = m_pDocument->find_child([](const pugi::xml_node& node) {
+        return node.type() == pugi::node_doctype && wcschr(node.value(), L'[');
+    });
+    if (type)
         return Fail(type.offset_debug(),
                     L"the document type declares entities or attributes, which are not read");
-    if (const std::size_t nAt = FindForeignReference(m_source); nAt != m_source.npos)
-        return FailAtByte(nAt,
+    if (const std::size_t at = FindForeignReference(m_source); at != m_source.npos)
+        return FailAtByte(at,
                           L"a reference stands for an entity that has to be declared, or for no character");
+    return kSuccess;
+}
+
+MfxXmlParseResult MfxXMLDocument::CheckOutermostElement() {
     const pugi::xml_node root = m_pDocument->document_element();
     if (!root) return Fail(1, 1, L"there is no element");
     for (const pugi::xml_node child : m_pDocument->children()) {
-        const bool bText = child.type() == pugi::node_pcdata || child.type() == pugi::node_cdata;
-        if (bText && !CString(child.value()).Trim().IsEmpty())
+        const bool isText = child.type() == pugi::node_pcdata || child.type() == pugi::node_cdata;
+        if (isText && !CString(child.value()).Trim().IsEmpty())
             return Fail(child.offset_debug(), L"there is text outside the outermost element");
         if (child.type() == pugi::node_element && child != root)
             return Fail(child.offset_debug(), L"there is more than one outermost element");
     }
-    if (const pugi::xml_node large = FindTooLarge(*m_pDocument, kMaxDepth, kMaxAttributes))
-        return Fail(large.offset_debug(), HasTooManyAttributes(large, kMaxAttributes)
-                                              ? L"an element has too many attributes"
-                                              : L"elements are nested too deep");
+    return kSuccess;
+}
 
-    MfxXmlParseResult result;
-    result.bOk = true;
-    return result;
+MfxXmlParseResult MfxXMLDocument::CheckSize() {
+    const pugi::xml_node large = FindTooLarge(*m_pDocument, kMaxDepth, kMaxAttributes);
+    if (!large) return kSuccess;
+    return Fail(large.offset_debug(), HasTooManyAttributes(large, kMaxAttributes)
+                                          ? L"an element has too many attributes"
+                                          : L"elements are nested too deep");
 }
 
 MfxXmlParseResult MfxXMLDocument::Fail(std::ptrdiff_t nOffset, const CString& strReason) {

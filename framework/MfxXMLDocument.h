@@ -19,7 +19,7 @@ struct MfxXmlParseResult {
     bool bOk = false;
     int nLine = 0;    // from 1; 0 where no place can be named
     int nColumn = 0;  // from 1
-    CString strReason;
+    CString strReason = {};
 };
 
 // What XML does not allow, but is read and saved all the same: an attribute that an element has twice, of
@@ -75,6 +75,15 @@ class MFXKIT_API MfxXMLDocument {
     friend class CurrentDocumentScope;
 
     void Clear();
+
+    // Steps of parsing m_source.
+    MfxXmlParseResult CheckEncoding();
+    MfxXmlParseResult BuildTree();
+    MfxXmlParseResult CheckReferences();
+    MfxXmlParseResult CheckOutermostElement();
+    MfxXmlParseResult CheckSize();
+
+    // The result of a failed step, which also empties the document.
     MfxXmlParseResult Fail(std::ptrdiff_t nOffset, const CString& strReason);
     MfxXmlParseResult FailAtByte(std::size_t nByte, const CString& strReason);
     MfxXmlParseResult Fail(int nLine, int nColumn, const CString& strReason);
