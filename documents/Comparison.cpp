@@ -31,7 +31,7 @@ RuleContent ContentOf(const CMfxRule& rule, const RuleUnits& to) {
 // The texts of a record that the module does not know, each with its path as label: "Parameter (2)/Value".
 void ListTexts(const MfxXMLNode& element, const std::string& path, std::vector<RuleValue>& values) {
     const auto add = [&](const std::string& label, const CString& text) {
-        if (!text.IsEmpty()) values.push_back({.label = label, .content = ToUtf8(text)});
+        if (!text.IsEmpty()) values.push_back({.key = label, .label = label, .content = ToUtf8(text)});
     };
     add(path, element.GetNodeValue().Trim());
     const std::string prefix = path.empty() ? "" : path + "/";
@@ -83,7 +83,7 @@ std::set<std::string> ConstraintsOnlyIn(const RuleContent& first, const RuleCont
 using NumberedContents = std::map<std::tuple<int, std::string, int>, const RuleContent*>;
 
 // Each rule with its kind and its number among those of its kind.
-NumberedContents Number(const std::vector<RuleContent>& contents) {
+NumberedContents NumberByKind(const std::vector<RuleContent>& contents) {
     NumberedContents numbered;
     std::map<std::pair<int, std::string>, int> counts;
     for (const RuleContent& content : contents)
@@ -97,7 +97,7 @@ class Comparer {
     // second one.
     std::vector<Difference> Compare(const std::vector<RuleContent>& left,
                                     const std::vector<RuleContent>& right) {
-        const NumberedContents lefts = Number(left), rights = Number(right);
+        const NumberedContents lefts = NumberByKind(left), rights = NumberByKind(right);
         for (const auto& [key, content] : lefts) {
             m_rule = content;
             const auto found = rights.find(key);
@@ -118,6 +118,7 @@ class Comparer {
                   std::optional<RuleValue> right) {
         m_differences.push_back({.rule = m_rule->name,
                                  .ruleId = m_rule->ruleId,
+                                 .key = constraint,
                                  .constraint = constraint,
                                  .label = label,
                                  .left = std::move(left),
@@ -128,6 +129,8 @@ class Comparer {
         const RuleValue& value = left ? *left : *right;
         m_differences.push_back({.rule = m_rule->name,
                                  .ruleId = m_rule->ruleId,
+                                 .key = value.key,
+                                 .paramId = value.location.paramId,
                                  .constraint = value.constraint,
                                  .label = value.label,
                                  .row = value.row,
@@ -136,21 +139,21 @@ class Comparer {
     }
 
     void CompareRules(const RuleContent& left, const RuleContent& right) {
-        std::set<std::string> onlyOnce = ConstraintsOnlyIn(left, right);
-        for (const std::string& constraint : onlyOnce)
+        std::set<std::string> onlyOnOneSide = ConstraintsOnlyIn(left, right);
+        for (const std::string& constraint : onlyOnOneSide)
             AddWhole(constraint, "constraint", kWhole, std::nullopt);
         for (const std::string& constraint : ConstraintsOnlyIn(right, left)) {
             AddWhole(constraint, "constraint", std::nullopt, kWhole);
-            onlyOnce.insert(constraint);
+            onlyOnOneSide.insert(constraint);
         }
         const RuleValueIndex lefts(left.values), rights(right.values);
         for (const RuleValue& value : left.values) {
             const RuleValue* other = rights.FindCounterpart(value);
-            if (!onlyOnce.contains(value.constraint) && !(other && IsSameValue(value, *other)))
+            if (!onlyOnOneSide.contains(value.constraint) && !(other && IsSameValue(value, *other)))
                 AddValue(&value, other);
         }
         for (const RuleValue& value : right.values)
-            if (!onlyOnce.contains(value.constraint) && !lefts.FindCounterpart(value))
+            if (!onlyOnOneSide.contains(value.constraint) && !lefts.FindCounterpart(value))
                 AddValue(nullptr, &value);
     }
 

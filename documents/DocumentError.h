@@ -9,7 +9,7 @@ class DocumentError : public std::runtime_error {
     enum class Kind {
         Unreadable,        // the file can't be read, or is not a rule document
         Unwritable,        // the file can't be written
-        ChangedMeanwhile,  // the file is not any more what was read from it
+        ChangedMeanwhile,  // another program changed the file after it was read
         ComponentMissing,  // a library of the installation is missing or damaged
         RuleNotWritten,    // a rule could not write itself
     };

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <functional>
+#include <utility>
 
 namespace {
 
@@ -14,6 +15,7 @@ class FileHandle {
   public:
     explicit FileHandle(HANDLE hFile) : m_hFile(hFile) {}
     ~FileHandle() { Close(); }
+    FileHandle(FileHandle&& other) noexcept : m_hFile(std::exchange(other.m_hFile, INVALID_HANDLE_VALUE)) {}
     FileHandle(const FileHandle&) = delete;
     FileHandle& operator=(const FileHandle&) = delete;
 
@@ -40,9 +42,10 @@ bool WriteAll(HANDLE hFile, const std::string& bytes) {
     return true;
 }
 
-// Whether the file goes away when it is closed, even if that is because the program was killed.
-bool DeleteOnClose(HANDLE hFile, bool deletes) {
-    FILE_DISPOSITION_INFO disposition{deletes};
+// Whether the file is to be deleted when it is closed, even if that is because the program was killed. Some
+// file systems can't do so.
+bool SetDeletedOnClose(HANDLE hFile, bool isDeleted) {
+    FILE_DISPOSITION_INFO disposition{isDeleted};
     return SetFileInformationByHandle(hFile, FileDispositionInfo, &disposition, sizeof disposition) != 0;
 }
 
@@ -61,13 +64,28 @@ void ThrowIfNoTarget(const CString& path) {
     if (HasAttribute(path, FILE_ATTRIBUTE_READONLY)) ThrowUnwritable(path, "it is read-only");
 }
 
+// Calls attempt() until it succeeds, for some time when another program is in the way. False, with the reason
+// as last error, when it does not.
+template <class Attempt>
+bool Retry(DWORD longestWaitMs, Attempt attempt) {
+    constexpr DWORD kPauseMs = 20;
+    for (DWORD waitedMs = 0;; waitedMs += kPauseMs) {
+        if (attempt()) return true;
+        const DWORD error = GetLastError();
+        const bool isInUse = error == ERROR_SHARING_VIOLATION || error == ERROR_ACCESS_DENIED;
+        if (!isInUse || waitedMs >= longestWaitMs) return false;
+        Sleep(kPauseMs);
+        SetLastError(error);
+    }
+}
+constexpr DWORD kShortWaitMs = 500;  // virus scanners hold a file for a moment
+
 // A new file beside the one that it is to replace. It goes away with the object unless it was moved, also
 // when the program is killed.
 class TemporaryFile {
   public:
-    explicit TemporaryFile(const CString& target) : m_file(Create(target)) {
-        DeleteOnClose(m_file.Get(), true);
-    }
+    explicit TemporaryFile(const CString& target)
+        : m_file(Create(target)), m_isDeletedOnClose(SetDeletedOnClose(m_file.Get(), true)) {}
     ~TemporaryFile() {
         m_file.Close();  // an open file can't be deleted
         if (!m_isMoved) DeleteFileW(m_strPath);
@@ -78,11 +96,13 @@ class TemporaryFile {
     // Writes all of the file. False, with the reason as last error, when that fails.
     bool Write(const std::string& bytes) {
         return WriteAll(m_file.Get(), bytes) && FlushFileBuffers(m_file.Get()) &&
-               DeleteOnClose(m_file.Get(), false) && m_file.Close();
+               (!m_isDeletedOnClose || SetDeletedOnClose(m_file.Get(), false)) && m_file.Close();
     }
 
     bool MoveOver(const CString& target) {
-        m_isMoved = MoveFileExW(m_strPath, target, MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) != 0;
+        m_isMoved = Retry(kShortWaitMs, [&] {
+            return MoveFileExW(m_strPath, target, MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) != 0;
+        });
         return m_isMoved;
     }
 
@@ -100,18 +120,44 @@ class TemporaryFile {
 
     CString m_strPath;
     FileHandle m_file;
+    bool m_isDeletedOnClose;
     bool m_isMoved = false;
 };
 
-// The same name for every way to write the path, as long as it fits: names of mutexes are short and have no
-// backslash.
-CString MutexName(const CString& path) {
+// Keeps other programs that replace the file from doing so for the life of the handle: a file beside it,
+// which goes away with the handle, however the program ends. Unlike a mutex it works between sessions and
+// machines.
+FileHandle LockForSaving(const CString& path) {
+    constexpr DWORD kLongestWaitMs = 30'000;
+    HANDLE hLock = INVALID_HANDLE_VALUE;
+    const auto lock = [&] {
+        hLock = CreateFileW(path + L".mfx-lock", GENERIC_WRITE, 0, nullptr, OPEN_ALWAYS,
+                            FILE_ATTRIBUTE_TEMPORARY | FILE_FLAG_DELETE_ON_CLOSE, nullptr);
+        return hLock != INVALID_HANDLE_VALUE;
+    };
+    // "Access denied" is also the answer of a folder that can't be written.
+    if (!Retry(kShortWaitMs, lock) &&
+        (GetLastError() != ERROR_SHARING_VIOLATION || !Retry(kLongestWaitMs, lock)))
+        ThrowUnwritable(path, WindowsErrorText(GetLastError()));
+    return FileHandle(hLock);
+}
+
+void ThrowIfChanged(const CString& path, const FileFingerprint& expected) {
+    bool isChanged = true;
+    try {
+        isChanged = FingerprintOf(ReadFileBytes(path)) != expected;
+    } catch (const DocumentError&) {
+        // It is gone, or held by another program, which is about to change it.
+    }
+    if (isChanged)
+        throw DocumentError(DocumentError::Kind::ChangedMeanwhile,
+                            ToUtf8(path) + " was changed by another program meanwhile; nothing was saved");
+}
+
+std::wstring FullPath(const CString& path) {
     std::wstring full(GetFullPathNameW(path, 0, nullptr, nullptr), L'\0');
     full.resize(GetFullPathNameW(path, static_cast<DWORD>(full.size()), full.data(), nullptr));
-    CharLowerBuffW(full.data(), static_cast<DWORD>(full.size()));
-    CString name;
-    name.Format(L"Local\\mfx-document-%016I64x", std::hash<std::wstring>()(full));
-    return name;
+    return full;
 }
 
 }  // namespace
@@ -142,23 +188,22 @@ std::string ReadFileBytes(const CString& path) {
 
 void ThrowIfUnwritable(const CString& path) {
     ThrowIfNoTarget(path);
-    TemporaryFile temporary(path);
-    // A file that another program holds can't be replaced.
+    const TemporaryFile temporary(path);
     const FileHandle old(CreateFileW(path, DELETE, kShareAll, nullptr, OPEN_EXISTING, 0, nullptr));
     if (!old.IsOpen() && FileExists(path)) ThrowUnwritable(path, WindowsErrorText(GetLastError()));
 }
 
-void ReplaceFileBytes(const CString& path, const std::string& bytes) {
+void ReplaceFileBytes(const CString& path, const std::string& bytes, const FileFingerprint* expected) {
     ThrowIfNoTarget(path);
+    const FileHandle lock = LockForSaving(path);
+    if (expected) ThrowIfChanged(path, *expected);
     TemporaryFile temporary(path);
     if (!temporary.Write(bytes) || !temporary.MoveOver(path))
         ThrowUnwritable(path, WindowsErrorText(GetLastError()));
 }
 
-void ThrowIfFileChanged(const CString& path, const FileFingerprint& expected) {
-    if (!FileExists(path) || FingerprintOf(ReadFileBytes(path)) != expected)
-        throw DocumentError(DocumentError::Kind::ChangedMeanwhile,
-                            ToUtf8(path) + " was changed by another program meanwhile; nothing was saved");
+bool IsSamePath(const CString& first, const CString& second) {
+    return CString(FullPath(first).c_str()).CompareNoCase(FullPath(second).c_str()) == 0;
 }
 
 bool FileExists(const CString& path) {
@@ -167,16 +212,4 @@ bool FileExists(const CString& path) {
 
 bool IsFolder(const CString& path) {
     return HasAttribute(path, FILE_ATTRIBUTE_DIRECTORY);
-}
-
-SavingLock::SavingLock(const CString& path) : m_hMutex(CreateMutexW(nullptr, FALSE, MutexName(path))) {
-    constexpr DWORD kLongestWaitMs = 30'000;
-    if (m_hMutex && WaitForSingleObject(m_hMutex, kLongestWaitMs) != WAIT_TIMEOUT) return;
-    if (m_hMutex) CloseHandle(m_hMutex);
-    ThrowUnwritable(path, "another program is saving it");
-}
-
-SavingLock::~SavingLock() {
-    ReleaseMutex(m_hMutex);
-    CloseHandle(m_hMutex);
 }

@@ -6,7 +6,7 @@
 #include <string>
 #include <string_view>
 
-// Tells whether two contents are the same without keeping them.
+// Size and hash of a file's bytes, to notice a change.
 struct FileFingerprint {
     std::size_t size = 0;
     std::size_t hash = 0;
@@ -17,30 +17,20 @@ FileFingerprint FingerprintOf(std::string_view bytes);
 // The bytes of a file. Throws DocumentError (Unreadable) that names the file and the reason.
 std::string ReadFileBytes(const CString& path);
 
-// Replaces the file by the bytes, or creates it: they are written to a temporary file in the same folder,
-// flushed, and moved over the old file, which stays whole whenever a step fails. Throws DocumentError
-// (Unwritable) that names the file and the reason.
-void ReplaceFileBytes(const CString& path, const std::string& bytes);
+// Replaces the file by the bytes, or creates it. They are written to a temporary file in the same folder,
+// flushed, and moved over the old file, which stays whole whenever a step fails. With a fingerprint nothing
+// is written unless the file still has that content; programs that replace a file by this function wait for
+// each other, so that none undoes what another has just written. Throws DocumentError that names the file and
+// the reason: Unwritable or ChangedMeanwhile.
+void ReplaceFileBytes(const CString& path, const std::string& bytes,
+                      const FileFingerprint* expected = nullptr);
 
-// Throws DocumentError (Unwritable) when ReplaceFileBytes could not write that file now.
+// Throws DocumentError (Unwritable) when ReplaceFileBytes would find the file unwritable now.
 void ThrowIfUnwritable(const CString& path);
 
-// Throws DocumentError (ChangedMeanwhile) unless the file still has that content.
-void ThrowIfFileChanged(const CString& path, const FileFingerprint& expected);
+// Whether both are names of one file or folder, as far as their spelling tells.
+bool IsSamePath(const CString& first, const CString& second);
 
-// Keeps other programs that save by this class from the file for the life of the object: of two that have
-// read it, the second one to save sees what the first one wrote. Throws DocumentError (Unwritable) when
-// another program keeps it for half a minute.
-class SavingLock {
-  public:
-    explicit SavingLock(const CString& path);
-    ~SavingLock();
-    SavingLock(const SavingLock&) = delete;
-    SavingLock& operator=(const SavingLock&) = delete;
-
-  private:
-    HANDLE m_hMutex;
-};
-
+// Whether there is a file or folder of that name, and whether it is a folder.
 bool FileExists(const CString& path);
 bool IsFolder(const CString& path);

@@ -1,6 +1,6 @@
 #pragma once
 
-// Where in a rule's record a value stands, as far as it is known.
+// Where in a rule's record a value stands.
 struct RecordLocation {
     int constraint = -1;  // from 0; -1 in the rule itself
     long paramId = 0;

@@ -57,9 +57,9 @@ bool IsListElement(const Child& child) {
 }
 
 // The material table of older records, which the uniform thickness rule writes as constraints.
-bool IsReplacedOlderTable(const Child& child, const ChildIndex& written) {
-    const bool isOlder = child.key == kLegacyMaterialTableId || child.key == kLegacyMaterialSwitchId;
-    return child.tag == kParameterTag && isOlder && written.HasParameter(kThicknessMinId);
+bool IsReplacedLegacyTable(const Child& child, const ChildIndex& written) {
+    return child.tag == kParameterTag && IsLegacyMaterialTable(child.key) &&
+           written.HasParameter(kThicknessMinId);
 }
 
 // A constraint's status is the record's own, and the rule writes -1 for a number that was missing.
@@ -103,7 +103,7 @@ void UpdateChildren(MfxXMLNode& old, const ChildIndex& oldIndex, std::vector<Chi
 void RemoveDropped(MfxXMLNode& old, const std::vector<Child>& oldChildren, const ChildIndex& newIndex) {
     for (const Child& child : oldChildren)
         if (!newIndex.FindCounterpart(child) &&
-            (IsListElement(child) || IsReplacedOlderTable(child, newIndex)))
+            (IsListElement(child) || IsReplacedLegacyTable(child, newIndex)))
             old.RemoveNode(child.element);
 }
 

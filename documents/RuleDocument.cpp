@@ -8,6 +8,7 @@
 #include "Units.h"
 #include "XmlNumber.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace {
@@ -212,9 +213,16 @@ bool RuleDocument::ConfigureRule(const Entry& entry) {
     return ToUtf8() != before;
 }
 
-void RuleDocument::Save(const CString& path) const {
+void RuleDocument::Save(const CString& path) {
     const std::string bytes = ToUtf8();
-    const SavingLock lock(path);
-    if (m_source) ThrowIfFileChanged(m_strPath, *m_source);
-    ReplaceFileBytes(path, bytes);
+    const bool isSource = m_source && IsSamePath(path, m_strPath);
+    ReplaceFileBytes(path, bytes, isSource ? &*m_source : nullptr);
+    m_strPath = path;
+    m_source = FingerprintOf(bytes);
+}
+
+const RuleDocument::Entry* RuleDocument::FindRule(int ruleId) const {
+    const auto found = std::ranges::find_if(
+        m_entries, [=](const Entry& entry) { return entry.rule && entry.rule->GetRuleId() == ruleId; });
+    return found != m_entries.end() ? &*found : nullptr;
 }

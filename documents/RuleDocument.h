@@ -53,17 +53,18 @@ class RuleDocument {
     // Appends the record of a rule, which the document takes over.
     void Append(RulePtr rule);
 
-    // Converts every rule to other units and brings its record up to date; the rule then is what the record
-    // says. Conversion.h does so with its checks.
+    // Converts every rule to other units and brings its record up to date. Each rule is then read again from
+    // its record. Conversion.h does so with its checks. After an exception the document is of no use.
     void ConvertUnits(const UnitPair& units);
 
     // Runs the dialog of one of the document's rules, then brings the rule back to the document's units and
     // its record up to date. Whether anything changed.
     bool ConfigureRule(const Entry& entry);
 
-    // Line in which the element starts, 0 for one that was not read; or of the element that stands there, or
-    // of the nearest one around it.
+    // Line of the element's start tag, from 1; 0 for an element that was created later.
     int GetLine(const MfxXMLNode& element) const { return m_pXml->GetLine(element); }
+
+    // Line of a value, or of the nearest element around it.
     int GetLine(const Entry& entry, const RecordLocation& location) const;
 
     MfxXMLNode GetRoot() const { return *std::unique_ptr<MfxXMLNode>(m_pXml->GetRootNode()); }
@@ -72,12 +73,16 @@ class RuleDocument {
     // "Rule" elements that stand deeper than the rules of the document, where nothing reads them.
     std::vector<MfxXMLNode> FindNestedRules() const;
 
+    // The first rule with that id, or null.
+    const Entry* FindRule(int ruleId) const;
+
     // The entry in whose record the element stands, or null.
     const Entry* FindEntry(const MfxXMLNode& element) const;
 
-    // Replaces a file by the document, or creates it. Throws DocumentError: ChangedMeanwhile when the file
-    // that the document was read from is another one by now, Unwritable when the file can't be written.
-    void Save(const CString& path) const;
+    // Replaces a file by the document, or creates it; from then on it is the document's file. Throws
+    // DocumentError: Unwritable when the file can't be written, ChangedMeanwhile when it is the document's
+    // file and another program has changed it.
+    void Save(const CString& path);
 
     std::string ToUtf8() const { return m_pXml->ToUtf8(); }
 

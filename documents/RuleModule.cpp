@@ -5,19 +5,14 @@
 #include "ModulePath.h"
 #include "ResourceLibrary.h"
 #include "Text.h"
-#include "resource.h"
 
 namespace {
 
 constexpr wchar_t kModuleFile[] = L"MFXSandCastingRulesu.dll";
 
-// Whether the module can load it. A file that is cut off passes for a library of resources, but has lost
-// texts.
+// Loaded as the module loads it, to see what the module will see.
 bool IsResourceLibrary(const CString& path) {
-    const LibraryPtr library(LoadLibraryW(path));
-    CString text;
-    return library && text.LoadString(library.get(), IDS_MODULE_NAME) &&
-           text.LoadString(library.get(), IDS_DRAFT_RULE_SUMMARY);
+    return LibraryPtr(LoadLibraryW(path)) != nullptr;
 }
 
 [[noreturn]] void ThrowMissing(const CString& path, const std::string& reason) {
@@ -70,7 +65,7 @@ CString RuleModule::GetSummary() const {
     return summary;
 }
 
-// What a record says of the rule's module stays.
+// A module name that the record has is kept.
 RulePtr RuleModule::Adopt(CMfxRule* rule) const {
     if (rule && rule->m_strRuleModule.IsEmpty())
         rule->m_strRuleModule = CString(kModuleFile).SpanExcluding(L".");

@@ -16,8 +16,8 @@ struct RuleDeleter {
 };
 using RulePtr = std::unique_ptr<CMfxRule, RuleDeleter>;
 
-// A rules module, loaded by name and used through its seven exports and the texts beside it. Its rules have
-// to be gone before it is.
+// A rules module, loaded by name and used through its seven exports and the texts beside it. It must
+// outlive its rules.
 class RuleModule {
   public:
     // Loads the sand casting module from the program's folder. Throws DocumentError (ComponentMissing) that

@@ -13,20 +13,22 @@ namespace {
 constexpr double kHalfOfSixthDecimal = 0.5e-6;
 
 constexpr const char* kBandColumnNames[] = {"from", "to", "angle 1", "angle 2", "angle 3"};
+constexpr const char* kBandColumnKeys[] = {"from", "to", "angle1", "angle2", "angle3"};
 static_assert(std::size(kBandColumnNames) == DraftCell::Count);
+static_assert(std::size(kBandColumnKeys) == DraftCell::Count);
 
 class ValueLister {
   public:
     explicit ValueLister(const CMfxRule& rule) : m_rule(rule), m_units(UnitsOf(rule)) {}
 
     std::vector<RuleValue> List() {
-        AddWord("status", std::to_string(m_rule.m_nStatus));
-        AddWord("severity", std::to_string(m_rule.m_nSeverity));
+        AddWord("status", "status", std::to_string(m_rule.m_nStatus));
+        AddWord("severity", "severity", std::to_string(m_rule.m_nSeverity));
         AddParameters(m_rule.m_paramArray);
         for (const CMFXConstraint* constraint : m_rule.m_constraintArray) {
             m_constraint = NumberedName(*constraint);
             ++m_location.constraint;
-            AddWord("active", constraint->m_bActive ? "yes" : "no");
+            AddWord("active", "active", constraint->m_bActive ? "yes" : "no");
             AddParameters(constraint->m_paramArray);
         }
         return std::move(m_values);
@@ -41,20 +43,25 @@ class ValueLister {
         return count > 1 ? name + " (" + std::to_string(count) + ")" : name;
     }
 
-    RuleValue& Add(const std::string& label, ValueContent content) {
-        return m_values.emplace_back(RuleValue{.constraint = m_constraint,
+    // The value's key is what it is of, and the rest.
+    RuleValue& Add(const std::string& key, const std::string& label, ValueContent content) {
+        std::string whole = m_constraint;
+        if (m_location.paramId) whole += (whole.empty() ? "" : "/") + std::to_string(m_location.paramId);
+        if (!key.empty()) whole += (whole.empty() ? "" : "/") + key;
+        return m_values.emplace_back(RuleValue{.key = std::move(whole),
+                                               .constraint = m_constraint,
                                                .label = label,
                                                .content = std::move(content),
                                                .location = m_location});
     }
 
-    void AddWord(const std::string& label, const std::string& word, int row = 0) {
-        Add(label, word).row = row;
+    void AddWord(const std::string& key, const std::string& label, const std::string& word, int row = 0) {
+        Add(key, label, word).row = row;
     }
 
-    void AddNumber(const std::string& label, int row, Quantity quantity, ValueContent content,
-                   double roundingError) {
-        RuleValue& value = Add(label, std::move(content));
+    void AddNumber(const std::string& key, const std::string& label, int row, Quantity quantity,
+                   ValueContent content, double roundingError) {
+        RuleValue& value = Add(key, label, std::move(content));
         value.row = row;
         value.quantity = quantity;
         value.roundingError = roundingError;
@@ -70,7 +77,7 @@ class ValueLister {
     }
 
     void AddParameter(const CMfxParamStorage& storage, const std::string& label) {
-        AddWord(label + ", active", storage.m_bStatus ? "yes" : "no");
+        AddWord("active", label + ", active", storage.m_bStatus ? "yes" : "no");
         if (storage.GetType() == TypeDouble)
             AddNumbers(storage, label);
         else if (storage.GetType() == TypeTableRow)
@@ -78,16 +85,17 @@ class ValueLister {
         else
             std::visit([&](const auto& values) { AddTexts(values, label); }, storage.m_values);
         const Quantity quantity = QuantityOfParameter(storage.m_nParamId);
-        AddDeviations(storage.m_percentDeviation, label + ", percent deviation", Quantity::None);
-        AddDeviations(storage.m_absoluteDeviation, label + ", absolute deviation", quantity);
-        AddDeviations(storage.m_absoluteValue, label + ", absolute value", quantity);
+        AddDeviations(storage.m_percentDeviation, label, "percent deviation", Quantity::None);
+        AddDeviations(storage.m_absoluteDeviation, label, "absolute deviation", quantity);
+        AddDeviations(storage.m_absoluteValue, label, "absolute value", quantity);
     }
 
     void AddNumbers(const CMfxParamStorage& storage, const std::string& label) {
         const MfxArray<double>& values = storage.GetValues<double>();
         const bool isNumbered = values.GetCount() > 1 || !m_constraint.empty();
         for (int i = 0; i < values.GetCount(); ++i)
-            AddNumber(label, isNumbered ? i + 1 : 0, QuantityOfParameter(storage.m_nParamId),
+            AddNumber(isNumbered ? std::to_string(i + 1) : "", label, isNumbered ? i + 1 : 0,
+                      QuantityOfParameter(storage.m_nParamId),
                       ContentOfNumber(values[i], IsBandParameter(storage.m_nParamId)), 0.0);
     }
 
@@ -96,29 +104,34 @@ class ValueLister {
             m_location.row = i + 1;
             const std::size_t cells = std::min<std::size_t>(rows[i].cells.size(), DraftCell::Count);
             for (std::size_t cell = 0; cell < cells; ++cell)
-                AddNumber(kBandColumnNames[cell], i + 1, QuantityOfDraftCell(cell),
-                          ContentOfCell(rows[i], cell), kHalfOfSixthDecimal);
+                AddNumber(std::to_string(i + 1) + "/" + kBandColumnKeys[cell], kBandColumnNames[cell], i + 1,
+                          QuantityOfDraftCell(cell), ContentOfCell(rows[i], cell), kHalfOfSixthDecimal);
         }
         m_location.row = 0;
     }
 
     template <class Values>
     void AddTexts(const Values& values, const std::string& label) {
-        for (int i = 0; i < values.GetCount(); ++i)
-            AddWord(label, ToUtf8(ToText(values[i])), values.GetCount() > 1 ? i + 1 : 0);
+        for (int i = 0; i < values.GetCount(); ++i) {
+            const int row = values.GetCount() > 1 ? i + 1 : 0;
+            AddWord(row ? std::to_string(row) : "", label, ToUtf8(ToText(values[i])), row);
+        }
     }
 
     // Of the result criteria; a second number of 0 or less is not given.
-    void AddDeviations(const MfxSeverityMap& map, const std::string& label, Quantity quantity) {
+    void AddDeviations(const MfxSeverityMap& map, const std::string& label, const std::string& kind,
+                       Quantity quantity) {
         int row = 0;
         for (const auto& [severityCode, deviation] : map) {
             const std::string severity = severityCode == SeverityWarning ? "warning"
                                          : severityCode == SeverityInfo  ? "info"
                                                                          : "unknown";
-            const std::string entry = label + ", " + severity;
-            AddNumber(entry, ++row, quantity, deviation.first, kHalfOfSixthDecimal);
+            const std::string name = kind + ", " + severity;
+            const std::string entry = label + ", " + name, key = std::to_string(++row) + "/" + name;
+            AddNumber(key, entry, row, quantity, deviation.first, kHalfOfSixthDecimal);
             if (deviation.second > 0.0)
-                AddNumber(entry + ", second", row, quantity, deviation.second, kHalfOfSixthDecimal);
+                AddNumber(key + ", second", entry + ", second", row, quantity, deviation.second,
+                          kHalfOfSixthDecimal);
         }
     }
 
@@ -146,11 +159,11 @@ RuleValue ConvertValue(RuleValue value, const RuleUnits& from, const RuleUnits& 
 }
 
 RuleValueIndex::RuleValueIndex(const std::vector<RuleValue>& values) {
-    for (const RuleValue& value : values) m_values.emplace(KeyOf(value), &value);
+    for (const RuleValue& value : values) m_values.emplace(value.key, &value);
 }
 
 const RuleValue* RuleValueIndex::FindCounterpart(const RuleValue& value) const {
-    const auto found = m_values.find(KeyOf(value));
+    const auto found = m_values.find(value.key);
     return found != m_values.end() ? found->second : nullptr;
 }
 

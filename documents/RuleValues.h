@@ -7,19 +7,22 @@
 #include <array>
 #include <map>
 #include <string>
-#include <tuple>
+#include <string_view>
 #include <vector>
 
-// One value of a rule: what it is, and what it is set to.
+// One value of a rule: what it is, and what it is set to. The key names the value in its rule, the same in
+// every language: "status", "10067", "Steel/10068/active", "29183/2/to" for row 2 of the table's column "to",
+// "Steel/29120/3" for the third value of a list.
 struct RuleValue {
+    std::string key = {};
     std::string constraint =
         {};                  // the constraint's name, numbered if not the only one; empty for the rule's own
     std::string label = {};  // in the user's language: "Minimum wall thickness", "angle 1"
-    int row = 0;             // from 1 in lists and tables; 0 for what there is once
+    int row = 0;             // from 1; 0 outside lists and tables
     Quantity quantity = Quantity::None;
     std::string unit = {};  // symbol; empty for what is no number or has no unit
     ValueContent content = {};
-    double roundingError = 0.0;  // how far a number may be from its text form, in its unit
+    double roundingError = 0.0;  // the largest of the number's text form, in its unit
     RecordLocation location = {};
 };
 
@@ -29,17 +32,14 @@ std::vector<RuleValue> ListRuleValues(const CMfxRule& rule);
 // The same value in other units.
 RuleValue ConvertValue(RuleValue value, const RuleUnits& from, const RuleUnits& to);
 
-// Finds the value of a list that has the same constraint, label and row as another one. Refers to the list.
+// Finds the value of a list that has the same key as another one. Refers to the list.
 class RuleValueIndex {
   public:
     explicit RuleValueIndex(const std::vector<RuleValue>& values);
     const RuleValue* FindCounterpart(const RuleValue& value) const;  // null when there is none
 
   private:
-    using Key = std::tuple<int, const std::string&, const std::string&>;
-    static Key KeyOf(const RuleValue& value) { return {value.row, value.label, value.constraint}; }
-
-    std::map<Key, const RuleValue*> m_values;
+    std::map<std::string_view, const RuleValue*> m_values;
 };
 
 // The value as it is shown, with its unit.

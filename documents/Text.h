@@ -8,8 +8,10 @@
 std::string ToUtf8(const CString& text);
 CString FromUtf8(const std::string& text);
 
-// A text of a document as a sentence shows it: cut where it is very long; and in quotation marks.
+// A text for use in a sentence: cut after 80 characters.
 std::string Shortened(const CString& text);
+
+// The same in quotation marks.
 std::string Quoted(const CString& text);
 
 // "1 rule", "2 rules".

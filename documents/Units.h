@@ -16,11 +16,11 @@ struct RuleUnits {
     int massUnit = MassKilogram;
 };
 
-// A rule whose label of the mass unit is none keeps kilograms.
+// The units of a rule's values. Kilograms when the rule names no known mass unit.
 RuleUnits UnitsOf(const CMfxRule& rule);
 
 // The code for a name or symbol ("mm", "Inch", "millimeters"), without regard to letter case; nothing for a
-// name that is none of the units that a rule document can be in.
+// unit that a rule document can't have.
 std::optional<int> FindLengthUnit(std::string_view name);
 std::optional<int> FindAngleUnit(std::string_view name);
 

@@ -11,7 +11,7 @@ inline CString GetModulePath(HMODULE hModule) {
     for (;;) {
         const DWORD length = GetModuleFileNameW(hModule, path.data(), static_cast<DWORD>(path.size()));
         if (length < path.size()) return CString(path.c_str(), static_cast<int>(length));
-        path.resize(path.size() * 2);  // what does not fit is cut off
+        path.resize(path.size() * 2);  // the path was cut off
     }
 }
 

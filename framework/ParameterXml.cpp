@@ -49,7 +49,7 @@ void WriteOperator(xml_node element, const CMfxParamStorage& storage) {
         AppendTextChild(element, kOperatorOptionTag, FormatInteger(nOption));
 }
 
-// Name of a table cell's attribute: "Attribute1" for the first.
+// Name of a table cell's attribute, without an allocation: tables have many cells.
 class CellName {
   public:
     explicit CellName(std::size_t nCell) {

@@ -1,5 +1,5 @@
-// The vocabulary of rule documents and rule records: every element and attribute name, once. Strings, as the
-// node operations take them: records are read by the thousand. RuleDocument.h, RuleRecord.h, ParameterXml.h
+// The vocabulary of rule documents and rule records: every element and attribute name, once. They
+// are CString objects, so that reading thousands of records creates none. RuleDocument.h, RuleRecord.h, ParameterXml.h
 // and MFXConstraint.h show the elements.
 #pragma once
 

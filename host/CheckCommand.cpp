@@ -5,13 +5,14 @@
 #include "Text.h"
 
 #include <algorithm>
+#include <map>
 #include <memory>
 
 namespace {
 
 struct CheckOptions {
     std::vector<std::string> files;
-    std::string severity = SeverityName(Severity::Hint);  // the least that is reported
+    Severity severity = Severity::Hint;  // the least that is reported
     bool isJson = false;
 };
 
@@ -24,13 +25,7 @@ struct FileReport {
     std::vector<Finding> findings = {};
 };
 
-bool IsReported(const Finding& finding, const std::string& least) {
-    for (const Severity severity : {Severity::Hint, Severity::Warning, Severity::Error})
-        if (SeverityName(severity) == least) return finding.Kind().severity >= severity;
-    return true;
-}
-
-FileReport CheckFile(const RuleModule& module, const std::string& file, const std::string& least) {
+FileReport CheckFile(const RuleModule& module, const std::string& file, Severity least) {
     FileReport report{.file = file};
     try {
         report.document = std::make_unique<RuleDocument>(module, FromUtf8(file), PrintReadingProgress);
@@ -42,7 +37,7 @@ FileReport CheckFile(const RuleModule& module, const std::string& file, const st
     report.rules = std::ranges::count_if(report.document->GetEntries(),
                                          [](const auto& entry) { return entry.rule != nullptr; });
     report.findings = CheckDocument(*report.document);
-    std::erase_if(report.findings, [&](const Finding& finding) { return !IsReported(finding, least); });
+    std::erase_if(report.findings, [=](const Finding& finding) { return finding.Kind().severity < least; });
     return report;
 }
 
@@ -71,15 +66,14 @@ Json ReportToJson(const FileReport& report) {
     return json;
 }
 
-// Every file is checked, whatever is wrong with the others. UnreadableInput when a file could not be read,
+// Every file is checked, even when another one can't be read. UnreadableInput when a file could not be read,
 // otherwise Findings when something was found or a file has no rule to check.
 ExitCode CheckFiles(const RuleModule& module, const CheckOptions& options) {
     constexpr int kJsonVersion = 1;
     Json json{{"version", kJsonVersion}, {"files", Json::array()}};
-    const std::string least = CLI::detail::to_lower(options.severity);
     bool isUnreadable = false, isFound = false;
     for (std::size_t i = 0; i < options.files.size(); ++i) {
-        const FileReport report = CheckFile(module, options.files[i], least);
+        const FileReport report = CheckFile(module, options.files[i], options.severity);
         if (options.isJson)
             json["files"].push_back(ReportToJson(report));
         else
@@ -100,10 +94,12 @@ void AddCheck(CommandLine& commandLine) {
     CLI::App& command =
         commandLine.Add("check", "Report what is wrong or unusual in rule documents",
                         [options](const RuleModule& module) { return CheckFiles(module, *options); });
+    std::map<std::string, Severity> severities;
+    for (const Severity severity : {Severity::Hint, Severity::Warning, Severity::Error})
+        severities[SeverityName(severity)] = severity;
     AddFile(command, "FILE", options->files, "Rule documents to check")->required();
     command.add_option("--severity", options->severity, "The least that is reported: hint, warning or error")
         ->type_name("SEVERITY")
-        ->check(CLI::IsMember(std::vector<std::string>{"hint", "warning", "error"}, CLI::ignore_case)
-                    .description(""));
+        ->transform(CLI::CheckedTransformer(severities, CLI::ignore_case).description(""));
     command.add_flag("--json", options->isJson, "Print the findings as JSON");
 }

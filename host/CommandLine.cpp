@@ -8,6 +8,12 @@
 
 namespace {
 
+std::string Joined(const std::vector<std::string>& words) {
+    std::string joined;
+    for (const std::string& word : words) joined += (joined.empty() ? "" : ", ") + word;
+    return joined;
+}
+
 std::vector<std::string> LanguageWords() {
     std::vector<std::string> words;
     for (const CString& word : CLanguageUtil::GetLanguageWords()) words.push_back(ToUtf8(word));
@@ -23,10 +29,11 @@ CommandLine::CommandLine()
     m_cli.fallthrough();                       // --lang stands before or behind the command
     m_cli.allow_windows_style_options(false);  // "/file" is a file
     m_cli.set_version_flag("--version", "mfxhost " MFX_VERSION);
-    m_cli.footer("Every command takes --lang LANGUAGE too: " + CLI::detail::join(LanguageWords(), ", ") +
-                 ".\n"
-                 "Exit codes: 0 done, 1 findings, 2 wrong usage, 3 input that can't be read,\n"
-                 "4 something missing on the machine or a file that can't be written.");
+    m_cli.footer(
+        "Every command takes --lang LANGUAGE too: " + Joined(LanguageWords()) +
+        ".\n"
+        "Exit codes: 0 done, 1 findings, 2 wrong usage, 3 input that can't be read,\n"
+        "4 something missing on the machine, or a file that can't be written or was changed meanwhile.");
     m_cli.add_option("--lang", m_language, "Language of the rules' texts, also of those that are saved")
         ->type_name("LANGUAGE")
         ->check(CLI::IsMember(LanguageWords(), CLI::ignore_case));
@@ -43,7 +50,7 @@ std::string CommandLine::CommandNames() const {
     for (const CLI::App* command : m_cli.get_subcommands({})) names.push_back(command->get_name());
     const std::string last = names.back();
     names.pop_back();
-    return CLI::detail::join(names, ", ") + " or " + last;
+    return Joined(names) + " or " + last;
 }
 
 // The library's own words for a wrong command line, but for those that would not help.

@@ -15,7 +15,7 @@ class CommandLine {
 
     CommandLine();
 
-    // Adds a command without options.
+    // Adds a command; the caller adds its options.
     CLI::App& Add(const char* name, const char* description, Command command);
 
     // Runs the named command. Throws CommandError for a wrong command line, and what the command throws.
@@ -30,8 +30,8 @@ class CommandLine {
     std::string m_language;
 };
 
-// Adds a file name, or several, to a command; an empty one is a slip of whoever wrote the command line, not
-// the absence of the option.
+// Adds a file name, or several, to a command. An empty name is refused: it is a mistake in the command line,
+// not a missing option.
 template <class Path>
 CLI::Option* AddFile(CLI::App& command, const char* name, Path& path, const char* description) {
     const auto findFault = [](const std::string& text) {

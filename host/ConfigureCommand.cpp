@@ -1,7 +1,9 @@
 #include "Commands.h"
 #include "Console.h"
 #include "DocumentCheck.h"
+#include "DocumentFile.h"
 #include "DocumentOutput.h"
+#include "RuleParameters.h"
 #include "Text.h"
 
 #include <algorithm>
@@ -17,19 +19,17 @@ struct ConfigureOptions {
 };
 
 // The other rules' dialogs are not there yet; their operation would do nothing, and say nothing.
-constexpr int kRulesWithDialog[] = {19030};
+constexpr int kRulesWithDialog[] = {kVariationRuleId};
 
-const RuleDocument::Entry& FindRule(const RuleDocument& document, int ruleId) {
-    const auto found = std::ranges::find_if(document.GetEntries(), [=](const auto& entry) {
-        return entry.rule && entry.rule->GetRuleId() == ruleId;
-    });
-    if (found == document.GetEntries().end())
+const RuleDocument::Entry& RequireRule(const RuleDocument& document, int ruleId) {
+    const RuleDocument::Entry* entry = document.FindRule(ruleId);
+    if (!entry)
         throw CommandError(ExitCode::WrongUsage, ToUtf8(document.GetPath()) + " has no rule " +
                                                      std::to_string(ruleId) + "; mfxhost show tells the ids");
     if (std::ranges::find(kRulesWithDialog, ruleId) == std::end(kRulesWithDialog))
         throw CommandError(ExitCode::WrongUsage,
-                           ToUtf8(found->rule->m_strDisplayName) + " has no dialog yet");
-    return *found;
+                           ToUtf8(entry->rule->m_strDisplayName) + " has no dialog yet");
+    return *entry;
 }
 
 void RequireDisplay() {
@@ -40,17 +40,11 @@ void RequireDisplay() {
     DestroyWindow(hWindow);
 }
 
-// The dialog would drop what the module ignores of the rule.
-bool HasIgnoredContent(const RuleDocument& document, int ruleId) {
-    std::vector<Finding> ignored = FindIgnoredContent(document);
-    std::erase_if(ignored, [=](const Finding& finding) { return finding.ruleId != ruleId; });
-    return PrintFindings(document, ignored);
-}
-
 ExitCode Configure(const RuleModule& module, const ConfigureOptions& options) {
     RuleDocument document(module, FromUtf8(options.input), PrintReadingProgress);
-    const RuleDocument::Entry& entry = FindRule(document, options.ruleId);
-    if (HasIgnoredContent(document, options.ruleId)) {
+    const RuleDocument::Entry& entry = RequireRule(document, options.ruleId);
+    // The dialog would drop what the module ignores of the rule.
+    if (PrintFindings(document, FindIgnoredContent(document, entry))) {
         PrintError("mfxhost: " + options.input + " was not changed\n");
         return ExitCode::Findings;
     }

@@ -1,16 +1,16 @@
 #include "Commands.h"
 #include "Console.h"
 #include "Conversion.h"
+#include "DocumentCheck.h"
 #include "DocumentOutput.h"
 #include "Text.h"
 #include "Units.h"
 
+#include <algorithm>
 #include <memory>
 #include <optional>
 
 namespace {
-
-constexpr int kDigits = 10;
 
 struct ConvertOptions {
     std::string input;
@@ -55,9 +55,10 @@ void PrintLoss(const RuleDocument& document, const ValueLoss& loss, const std::s
 // "3 deg became 0.05236 rad instead of 0.05235987756 rad"
 std::string LossSentence(const ValueLoss& loss) {
     if (!std::holds_alternative<double>(loss.before.content))
-        return "an empty cell became " + FormatRuleValue(loss.after, kDigits);
-    return FormatRuleValue(loss.before, kDigits) + " became " + FormatRuleValue(loss.after, kDigits) +
-           " instead of " + FormatRuleValue(loss.exact, kDigits);
+        return "an empty cell became " + FormatRuleValue(loss.after, kComparedDigits);
+    return FormatRuleValue(loss.before, kComparedDigits) + " became " +
+           FormatRuleValue(loss.after, kComparedDigits) + " instead of " +
+           FormatRuleValue(loss.exact, kComparedDigits);
 }
 
 void PrintLosses(const RuleDocument& document, const std::vector<ValueLoss>& losses, bool all) {
@@ -71,8 +72,9 @@ void PrintLosses(const RuleDocument& document, const std::vector<ValueLoss>& los
 void PrintRefusal(const RuleDocument& document, const Conversion& conversion) {
     PrintFindings(document, conversion.ignored);
     for (const ValueLoss& loss : conversion.tooLarge)
-        PrintLoss(document, loss,
-                  FormatRuleValue(loss.before, kDigits) + " is too large a number in " + loss.exact.unit);
+        PrintLoss(
+            document, loss,
+            FormatRuleValue(loss.before, kComparedDigits) + " is too large a number in " + loss.exact.unit);
     PrintError("mfxhost: " + ToUtf8(document.GetPath()) + " was not converted\n");
 }
 
@@ -81,12 +83,14 @@ ExitCode Convert(const RuleModule& module, const ConvertOptions& options) {
         throw CommandError(ExitCode::WrongUsage, "convert: give the new units by --length, --angle or both");
     RuleDocument document(module, FromUtf8(options.input), PrintReadingProgress);
     const UnitPair from = document.GetUnits(), to = TargetUnits(from, options);
-    const Conversion conversion = ConvertDocument(document, to);
+    const bool isDoneAlready = from == to && options.output.empty();
+    const Conversion conversion =
+        isDoneAlready ? Conversion{.ignored = FindIgnoredContent(document)} : ConvertDocument(document, to);
     if (!conversion.IsDone()) {
         PrintRefusal(document, conversion);
         return ExitCode::Findings;
     }
-    if (from == to && options.output.empty()) {
+    if (isDoneAlready) {
         Print(options.input + " is in " + UnitWords(to) + " already\n");
         return ExitCode::Done;
     }
@@ -102,15 +106,16 @@ ExitCode Convert(const RuleModule& module, const ConvertOptions& options) {
 
 void AddConvert(CommandLine& commandLine) {
     const auto options = std::make_shared<ConvertOptions>();
-    CLI::App& command = commandLine.Add(
-        "convert",
-        "Convert a rule document to other units; names on standard error the values that lose digits",
-        [options](const RuleModule& module) { return Convert(module, *options); });
+    CLI::App& command =
+        commandLine.Add("convert",
+                        "Convert a rule document to other units; names on standard error the values that are "
+                        "not kept exactly",
+                        [options](const RuleModule& module) { return Convert(module, *options); });
     command.add_option("--length", options->lengthUnit, "New length unit: " + LengthUnitSymbols())
         ->type_name("UNIT");
     command.add_option("--angle", options->angleUnit, "New angle unit: " + AngleUnitSymbols())
         ->type_name("UNIT");
     command.add_flag("--losses", options->allLosses,
-                     "Name every value that loses digits, not only the ten with the largest losses");
+                     "Name every value that is not kept exactly, not only the ten with the largest losses");
     AddInputAndOutput(command, options->input, options->output);
 }

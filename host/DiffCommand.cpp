@@ -58,6 +58,8 @@ std::string UnitOf(const Difference& difference) {
 Json DifferenceToJson(const Difference& difference) {
     Json json{{"rule", difference.rule},
               {"ruleId", difference.ruleId ? Json(difference.ruleId) : Json(nullptr)}};
+    json["key"] = TextOrNull(difference.key);
+    json["parameter"] = difference.paramId ? Json(difference.paramId) : Json(nullptr);
     json["constraint"] = TextOrNull(difference.constraint);
     json["value"] = difference.label;
     json["row"] = difference.row ? Json(difference.row) : Json(nullptr);
@@ -75,7 +77,7 @@ void PrintAsJson(const DiffResult& result) {
                {"differences", ToArray(result.differences, DifferenceToJson)}});
 }
 
-// Names what one side ignores, and returns it without its lines.
+// Prints the ignored content of one side; returns the texts without line numbers.
 std::vector<std::string> PrintIgnored(const RuleDocument& document) {
     const std::vector<Finding> ignored = FindIgnoredContent(document);
     PrintFindings(document, ignored);
@@ -103,7 +105,8 @@ bool DiffDocuments(const RuleModule& module, const DiffOptions& options) {
     const RuleDocument right(module, FromUtf8(options.right), PrintReadingProgress);
     const RuleDocument left(module, FromUtf8(options.left), PrintReadingProgress);
     const bool differs = Report({options.left, options.right, CompareDocuments(left, right)}, options.isJson);
-    return PrintIgnored(left) != PrintIgnored(right) || differs;
+    const std::vector<std::string> leftIgnored = PrintIgnored(left), rightIgnored = PrintIgnored(right);
+    return leftIgnored != rightIgnored || differs;
 }
 
 ExitCode Diff(const RuleModule& module, const DiffOptions& options) {

@@ -23,7 +23,7 @@ Json FindingToJson(const Finding& finding) {
               {"line", finding.line},
               {"rule", finding.rule}};
     json["ruleId"] = finding.ruleId ? Json(finding.ruleId) : Json(nullptr);
-    json["parameter"] = finding.paramId ? Json(finding.paramId) : Json(nullptr);
+    json["parameter"] = finding.location.paramId ? Json(finding.location.paramId) : Json(nullptr);
     json["text"] = FindingText(finding);
     return json;
 }

@@ -65,7 +65,7 @@ WorkbookTable ReadTable(const CString& bookPath, const WorkbookColumns& columns)
                        book + Reason(fault, readerError));
 }
 
-// A very long text is cut, or the table could not be read; --json has all of it.
+// Long texts are cut so that the table stays readable; --json has them whole.
 void PrintTable(const WorkbookColumns& columns, const WorkbookTable& table) {
     using Align = TextTable::Align;
     std::vector<Align> alignments(columns.size() + 1, Align::Left);

@@ -1,5 +1,5 @@
-// The dialogs of the rules. Each runs until the user closes it, edits the rule on OK, and belongs to the
-// host's window. dialogs/ defines them.
+// Each opens a rule's dialog and returns when it is closed. OK changes the rule. The host's window owns the
+// dialog. dialogs/ defines these functions; exceptions may leave them.
 #pragma once
 
 class CMFXSCWTVariationRule;

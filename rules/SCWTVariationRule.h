@@ -1,11 +1,12 @@
 #pragma once
 
 #include "MfxRule.h"
+#include "RuleParameters.h"
 
 // How much the wall thickness of a casting may vary: one number, without a unit.
 class CMFXSCWTVariationRule : public CMfxRule {
   public:
-    static constexpr int kRuleId = 19030;
+    static constexpr int kRuleId = kVariationRuleId;
 
     // A rule of this module with the default variation.
     explicit CMFXSCWTVariationRule(int nRuleId);

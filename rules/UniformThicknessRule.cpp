@@ -45,7 +45,7 @@ std::unique_ptr<MfxXMLNode> FindLastParameter(const MfxXMLNode& record, long nPa
 }
 
 // Older records switch their material table on by a parameter of its own.
-bool IsOlderTableOn(const MfxXMLNode& record) {
+bool IsLegacyTableOn(const MfxXMLNode& record) {
     const std::unique_ptr<MfxXMLNode> pSwitch = FindLastParameter(record, kLegacyMaterialSwitchId);
     const std::unique_ptr<MfxXMLNode> pValue(pSwitch ? pSwitch->SelectSingleNode(kValueTag) : nullptr);
     double value = 0.0;
@@ -120,7 +120,7 @@ void CMFXUniformThicknessRule::CreateParameters(const MfxXMLNode* pRecord) {
     CreateLimits();
     UpdateSummary();  // shows the default limits until the record is read
     if (pRecord) {
-        CreateConstraintsOfOlderTable(*pRecord);
+        CreateConstraintsOfLegacyTable(*pRecord);
         CreateConstraints(*pRecord);
     }
     m_bParametersCreated = true;
@@ -136,22 +136,22 @@ void CMFXUniformThicknessRule::CreateLimits() {
 }
 
 // Older records keep the materials as rows of a table: name, lower limit, upper limit.
-void CMFXUniformThicknessRule::CreateConstraintsOfOlderTable(const MfxXMLNode& record) {
+void CMFXUniformThicknessRule::CreateConstraintsOfLegacyTable(const MfxXMLNode& record) {
     const std::unique_ptr<MfxXMLNode> pTable = FindLastParameter(record, kLegacyMaterialTableId);
     if (!pTable) return;
-    const bool bActive = IsOlderTableOn(record);
+    const bool bActive = IsLegacyTableOn(record);
     const std::unique_ptr<MfxXMLNodeList> pRows(pTable->GetNodeList(kValueTag));
     for (long i = 0; i < pRows->GetSize(); ++i) {
         const MfxXMLNode& row = *(*pRows)[i];
         const CMFXConstraint* pConstraint = CreateConstraintWithParameters(
-            *this, row.GetAttribute(CellAttribute(OlderTableCell::Material)), bActive, kLimitSpecs, bActive);
+            *this, row.GetAttribute(CellAttribute(LegacyTableCell::Material)), bActive, kLimitSpecs, bActive);
         if (!pConstraint) continue;
         pConstraint->FindParameterInArray(kThicknessMinId)
             ->GetValues<double>()
-            .SetFirst(ParseDouble(row.GetAttribute(CellAttribute(OlderTableCell::Minimum))));
+            .SetFirst(ParseDouble(row.GetAttribute(CellAttribute(LegacyTableCell::Minimum))));
         pConstraint->FindParameterInArray(kThicknessMaxId)
             ->GetValues<double>()
-            .SetFirst(ParseDouble(row.GetAttribute(CellAttribute(OlderTableCell::Maximum))));
+            .SetFirst(ParseDouble(row.GetAttribute(CellAttribute(LegacyTableCell::Maximum))));
     }
 }
 

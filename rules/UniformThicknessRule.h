@@ -1,12 +1,13 @@
 #pragma once
 
 #include "MfxRule.h"
+#include "RuleParameters.h"
 
 // Wall thickness between two limits, in the rule's length unit m_nLengthUnit; optionally limits per material,
 // each a constraint named after the material with a pair of limits of its own.
 class CMFXUniformThicknessRule : public CMfxRule {
   public:
-    static constexpr int kRuleId = 19010;
+    static constexpr int kRuleId = kUniformThicknessRuleId;
 
     // A rule of this module with the default limits.
     explicit CMFXUniformThicknessRule(int nRuleId);
@@ -35,7 +36,7 @@ class CMFXUniformThicknessRule : public CMfxRule {
                    int nRuleId);
     void CreateParameters(const MfxXMLNode* pRecord);
     void CreateLimits();
-    void CreateConstraintsOfOlderTable(const MfxXMLNode& record);
+    void CreateConstraintsOfLegacyTable(const MfxXMLNode& record);
     void CreateConstraints(const MfxXMLNode& record);
     void UpdateSummary();
 };

@@ -2,6 +2,7 @@
 
 #include "CastSizeAndWeightBand.h"
 #include "MfxRule.h"
+#include "RuleParameters.h"
 
 #include <map>
 #include <vector>
@@ -10,7 +11,7 @@
 // numbers; band i is element i of each list.
 class CMFXWTBasedOnCastSizeAndWeightRule : public CMfxRule {
   public:
-    static constexpr int kRuleId = 19020;
+    static constexpr int kRuleId = kSizeAndWeightRuleId;
 
     // A rule of this module. A record gives the rule its constraints, which PopulateFromXML fills.
     explicit CMFXWTBasedOnCastSizeAndWeightRule(MfxXMLNode* pRecord);

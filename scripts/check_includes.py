@@ -18,14 +18,14 @@ BELOW = {
     "rules/tables": ["framework"],
     "module/application": ["framework", "resources"],
     "rules": ["rules/tables", "module/application"],
-    "grids": ["rules"],
+    "grids": ["rules/tables", "module/application"],
     "exchange/interface": ["framework", "resources"],
     "exchange": ["exchange/interface"],
-    "dialogs": ["grids", "exchange"],
+    "dialogs": ["rules", "grids", "exchange"],
     "module": ["dialogs"],
     "sheetreader": ["exchange/interface"],
-    "documents": ["rules/tables", "exchange", "resources"],
-    "host": ["documents"],
+    "documents": ["rules/tables", "resources"],
+    "host": ["documents", "exchange"],
 }
 
 
@@ -59,7 +59,7 @@ def main():
             includes += 1
             storey, target = storey_of(path), storey_of(header[0])
             if target not in reach(storey):
-                faults.append(f"{path.relative_to(ROOT)}:{number}: {storey}/ is below {target}/: {line.strip()}")
+                faults.append(f"{path.relative_to(ROOT)}:{number}: {storey}/ does not stand on {target}/: {line.strip()}")
     print("\n".join(sorted(faults)) or f"{includes} includes in {len(files)} files: none runs up")
     return 1 if faults else 0
 

@@ -7,6 +7,7 @@
 #include "Text.h"
 
 #include <set>
+#include <utility>
 
 namespace {
 

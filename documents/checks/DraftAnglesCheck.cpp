@@ -24,18 +24,17 @@ void CheckAngles(const Reporter& reporter, const Rows& rows, const RuleUnits& un
     before.fill(kNone);
     int rowNumber = 0;
     for (const MfxTableRow& row : rows) {
-        ++rowNumber;
+        const Reporter inRow = reporter.InRow(++rowNumber);
         bool grows = false;
         for (std::size_t cell = DraftCell::FirstAngle; cell < DraftCell::Count; ++cell) {
             const double angle = ParseDouble(row.cells[cell]);
             if (!IsBelowRightAngle(angle, units))
-                reporter.AddAboutValues<FindingCode::AngleTooLarge>(
-                    rowNumber, rowNumber, static_cast<int>(cell - DraftCell::UpperBound),
-                    ToUtf8(row.cells[cell]));
+                inRow.AddAboutValues<FindingCode::AngleTooLarge>(
+                    rowNumber, static_cast<int>(cell - DraftCell::UpperBound), ToUtf8(row.cells[cell]));
             grows = grows || angle > before[cell] + kTolerance;
             before[cell] = row.cells[cell].IsEmpty() ? kNone : angle;
         }
-        if (grows) reporter.AddAboutValues<FindingCode::AngleGrows>(rowNumber, rowNumber);
+        if (grows) inRow.AddAboutValues<FindingCode::AngleGrows>(rowNumber);
     }
 }
 
@@ -53,20 +52,19 @@ void AddFlaw(const Reporter& reporter, const Rows& rows, const DraftTableResult&
     };
     switch (result.flaw) {
         case DraftTableFlaw::NoBands:
-            return reporter.AddAboutValues<FindingCode::NoDraftBands>(result.nRow);
+            return reporter.AddAboutValues<FindingCode::NoDraftBands>();
         case DraftTableFlaw::IncompleteRow:
-            return reporter.AddAboutValues<FindingCode::DraftValueMissing>(result.nRow, result.nRow);
+            return reporter.AddAboutValues<FindingCode::DraftValueMissing>(result.nRow);
         case DraftTableFlaw::UpperNotAboveLower:
-            return AddInverted(reporter, result.nRow, result.nRow, "band", number(DraftCell::LowerBound),
+            return AddInverted(reporter, result.nRow, "band", number(DraftCell::LowerBound),
                                number(DraftCell::UpperBound));
         case DraftTableFlaw::NotContiguous:
-            return AddNotContiguous(reporter, result.nRow,
-                                    {.row = result.nRow,
-                                     .rowBefore = result.nRow - 1,
-                                     .begin = number(DraftCell::LowerBound),
-                                     .endBefore = result.expected,
-                                     .noun = "sizes",
-                                     .unit = UnitSymbol(Quantity::Length, units)});
+            return AddNotContiguous(reporter, {.row = result.nRow,
+                                               .rowBefore = result.nRow - 1,
+                                               .begin = number(DraftCell::LowerBound),
+                                               .endBefore = result.expected,
+                                               .noun = "sizes",
+                                               .unit = UnitSymbol(Quantity::Length, units)});
         case DraftTableFlaw::None:
             break;
     }
@@ -84,5 +82,6 @@ void CheckDraftAngles(const RuleToCheck& rule) {
     const Reporter reporter = rule.reporter.OfParameter(kDraftAngleTableId);
     CheckAngles(reporter, rows, units);
     OpenLastBand(rows);
-    AddFlaw(reporter, rows, CheckDraftTable(rows), units);
+    const DraftTableResult result = CheckDraftTable(rows);
+    AddFlaw(reporter.InRow(result.nRow), rows, result, units);
 }

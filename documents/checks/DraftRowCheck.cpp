@@ -30,7 +30,7 @@ void CheckForDialog(const Reporter& reporter, const MfxXMLNode& row, const std::
         reporter.Add<FindingCode::MissingCell>(row, number);
 }
 
-// Cells are read up to the first number that is missing.
+// Reading stops at the first missing cell.
 void CheckAllCellsRead(const Reporter& reporter, const MfxXMLNode& row, std::size_t cells) {
     if (row.GetAttributeCount() == cells) return;
     std::set<CString> further;

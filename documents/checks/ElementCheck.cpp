@@ -10,7 +10,7 @@
 
 namespace {
 
-// Of most texts some digits are read all the same, or 0.
+// Reading takes the number at the start of such a text, or 0.
 void AddNotANumber(const Reporter& reporter, const MfxXMLNode& element, const CString& name,
                    const CString& text, double readAs) {
     if (std::isfinite(readAs))

@@ -44,7 +44,7 @@ struct BandRange {
 
 void AddInvertedBand(const Reporter& reporter, const Bands& bands, int row, const BandRange& range) {
     const CastSizeAndWeightBand& band = bands[static_cast<std::size_t>(row - 1)].band;
-    AddInverted(reporter, Reporter::kNoRow, row, range.band, band.*range.lower, band.*range.upper);
+    AddInverted(reporter, row, range.band, band.*range.lower, band.*range.upper);
 }
 
 // The row continues the nearest one before it that has an upper bound.
@@ -54,18 +54,16 @@ void AddJoint(const Reporter& reporter, const Bands& bands, const SizeAndWeightR
     const double begin = bands[before].band.*range.lower;
     do --before;
     while (before > 0 && bands[before].band.*range.upper == kValueNotGiven);
-    AddNotContiguous(reporter, Reporter::kNoRow,
-                     {.row = result.nRow,
-                      .rowBefore = bands[before].nRow,
-                      .begin = begin,
-                      .endBefore = result.expected,
-                      .noun = range.noun,
-                      .unit = range.unit});
+    AddNotContiguous(reporter, {.row = result.nRow,
+                                .rowBefore = bands[before].nRow,
+                                .begin = begin,
+                                .endBefore = result.expected,
+                                .noun = range.noun,
+                                .unit = range.unit});
 }
 
 void AddFlaw(const Reporter& reporter, const Bands& bands, const SizeAndWeightResult& result,
              const BandRange& sizes, const BandRange& weights) {
-    constexpr int kNoRow = Reporter::kNoRow;
     switch (result.flaw) {
         case SizeAndWeightFlaw::SizeInverted:
             return AddInvertedBand(reporter, bands, result.nRow, sizes);
@@ -76,17 +74,17 @@ void AddFlaw(const Reporter& reporter, const Bands& bands, const SizeAndWeightRe
         case SizeAndWeightFlaw::WeightNotContiguous:
             return AddJoint(reporter, bands, result, weights);
         case SizeAndWeightFlaw::NoBands:
-            return reporter.AddAboutValues<FindingCode::NoCompleteBand>(kNoRow);
+            return reporter.AddAboutValues<FindingCode::NoCompleteBand>();
         case SizeAndWeightFlaw::MissingOrZero:
-            return reporter.AddAboutValues<FindingCode::ZeroInBand>(kNoRow, result.nRow);
+            return reporter.AddAboutValues<FindingCode::ZeroInBand>(result.nRow);
         case SizeAndWeightFlaw::SizeIncomplete:
-            return reporter.AddAboutValues<FindingCode::SizeMissing>(kNoRow, result.nRow);
+            return reporter.AddAboutValues<FindingCode::SizeMissing>(result.nRow);
         case SizeAndWeightFlaw::WeightIncomplete:
-            return reporter.AddAboutValues<FindingCode::WeightMissing>(kNoRow, result.nRow);
+            return reporter.AddAboutValues<FindingCode::WeightMissing>(result.nRow);
         case SizeAndWeightFlaw::SizeAndWeightIncomplete:
-            return reporter.AddAboutValues<FindingCode::SizeAndWeightMissing>(kNoRow, result.nRow);
+            return reporter.AddAboutValues<FindingCode::SizeAndWeightMissing>(result.nRow);
         case SizeAndWeightFlaw::ThicknessMissing:
-            return reporter.AddAboutValues<FindingCode::ThicknessMissing>(kNoRow, result.nRow);
+            return reporter.AddAboutValues<FindingCode::ThicknessMissing>(result.nRow);
         case SizeAndWeightFlaw::IncompleteWhileTyping:
         case SizeAndWeightFlaw::None:
             break;
@@ -97,8 +95,7 @@ void HintAtThinnerWalls(const Reporter& reporter, const Bands& bands) {
     for (std::size_t i = 1; i < bands.size(); ++i) {
         const double thickness = bands[i].band.thickness, before = bands[i - 1].band.thickness;
         if (thickness != kValueNotGiven && thickness < before - kTolerance)
-            reporter.OfParameter(kThicknessId)
-                .AddAboutValues<FindingCode::ThinnerWall>(Reporter::kNoRow, bands[i].nRow);
+            reporter.OfParameter(kThicknessId).AddAboutValues<FindingCode::ThinnerWall>(bands[i].nRow);
     }
 }
 

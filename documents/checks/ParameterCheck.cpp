@@ -16,10 +16,6 @@
 
 namespace {
 
-bool IsOlderTable(long paramId) {
-    return paramId == kLegacyMaterialTableId || paramId == kLegacyMaterialSwitchId;
-}
-
 int CountValues(const CMfxParamStorage& storage) {
     return std::visit([](const auto& values) { return values.GetCount(); }, storage.m_values);
 }
@@ -102,10 +98,10 @@ void CheckParameter(const Reporter& reporter, const MfxXMLNode& parameter, const
         CheckKnownParameter(reporter, parameter, *storage);
     else if (storage)
         reporter.Add<FindingCode::RepeatedParameter>(parameter);
-    else if (!IsOlderTable(reporter.GetParamId()))
+    else if (!IsLegacyMaterialTable(reporter.GetParamId()))
         reporter.Add<FindingCode::UnknownParameter>(parameter);
     else if (!isFirst)
-        reporter.Add<FindingCode::RepeatedOlderTable>(parameter);
+        reporter.Add<FindingCode::RepeatedLegacyTable>(parameter);
 }
 
 }  // namespace

@@ -33,12 +33,15 @@ Reporter Reporter::OfParameter(long paramId) const {
     return other;
 }
 
+Reporter Reporter::InRow(int row) const {
+    Reporter other(*this);
+    other.m_location.row = row;
+    return other;
+}
+
 Finding& Reporter::AddAtLine(FindingCode code, int line, std::vector<std::string> inserts) const {
-    Finding& finding = m_findings.emplace_back(Finding{.code = code,
-                                                       .inserts = std::move(inserts),
-                                                       .line = line,
-                                                       .constraint = m_location.constraint,
-                                                       .paramId = m_location.paramId});
+    Finding& finding = m_findings.emplace_back(
+        Finding{.code = code, .inserts = std::move(inserts), .line = line, .location = m_location});
     if (!m_entry) return finding;
     const CMfxRule* rule = m_entry->rule.get();
     finding.entry = static_cast<int>(m_entry - m_document.GetEntries().data());
@@ -49,10 +52,8 @@ Finding& Reporter::AddAtLine(FindingCode code, int line, std::vector<std::string
     return finding;
 }
 
-void Reporter::AddAtRow(FindingCode code, int row, std::vector<std::string> inserts) const {
-    RecordLocation location = m_location;
-    location.row = row;
-    Finding& finding = AddAtLine(code, m_document.GetLine(*m_entry, location), std::move(inserts));
-    if (location.constraint >= 0)
-        finding.constraintName = Shortened(GetRule().m_constraintArray[location.constraint]->m_strName);
+void Reporter::AddAtValue(FindingCode code, std::vector<std::string> inserts) const {
+    Finding& finding = AddAtLine(code, m_document.GetLine(*m_entry, m_location), std::move(inserts));
+    if (m_location.constraint >= 0)
+        finding.constraintName = Shortened(GetRule().m_constraintArray[m_location.constraint]->m_strName);
 }

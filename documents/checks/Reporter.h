@@ -32,6 +32,7 @@ class Reporter {
     Reporter About(const RuleDocument::Entry* entry) const;
     Reporter InConstraint(int constraint) const;  // from 0
     Reporter OfParameter(long paramId) const;
+    Reporter InRow(int row) const;  // from 1, of the parameter's values
 
     // A finding in an element of the subject.
     template <FindingCode Code, class... Inserts>
@@ -40,13 +41,12 @@ class Reporter {
         AddAtLine(Code, m_document.GetLine(element), {ToInsert(inserts)...});
     }
 
-    // A finding about the subject's values, or about those in one row of it.
+    // A finding about the subject's values.
     template <FindingCode Code, class... Inserts>
-    void AddAboutValues(int row, const Inserts&... inserts) const {
+    void AddAboutValues(const Inserts&... inserts) const {
         static_assert(sizeof...(Inserts) == CountInserts(Code));
-        AddAtRow(Code, row, {ToInsert(inserts)...});
+        AddAtValue(Code, {ToInsert(inserts)...});
     }
-    static constexpr int kNoRow = 0;
 
     const RuleDocument& GetDocument() const { return m_document; }
     const RuleDocument::Entry& GetEntry() const { return *m_entry; }
@@ -56,7 +56,7 @@ class Reporter {
 
   private:
     Finding& AddAtLine(FindingCode code, int line, std::vector<std::string> inserts) const;
-    void AddAtRow(FindingCode code, int row, std::vector<std::string> inserts) const;
+    void AddAtValue(FindingCode code, std::vector<std::string> inserts) const;
 
     const RuleDocument& m_document;
     std::vector<Finding>& m_findings;

@@ -2,16 +2,17 @@
 
 #include "ConstraintCheck.h"
 #include "ElementCheck.h"
-#include "OlderTableCheck.h"
+#include "LegacyTableCheck.h"
 #include "ParameterCheck.h"
 #include "RecordNames.h"
 #include "RuleParameters.h"
 #include "Text.h"
 
+#include <utility>
+
 namespace {
 
-// Of an attribute that stands twice a conversion would change the first one alone; control characters it
-// keeps.
+// A conversion would change only the first of two equal attributes. Control characters stay as they are.
 void AddFlaw(const Reporter& reporter, const MfxXmlFlaw& flaw) {
     const std::string element = Shortened(flaw.element.GetNodeName());
     const std::string attribute = Shortened(flaw.strAttribute);
@@ -22,7 +23,7 @@ void AddFlaw(const Reporter& reporter, const MfxXmlFlaw& flaw) {
                                                     attribute.empty() ? std::string("the text") : attribute);
 }
 
-// Rules of other modules are nothing wrong, but nobody here can say what in them has a unit.
+// Rules of other modules are valid, but their units are unknown here.
 void AddUnknownRule(const Reporter& reporter) {
     const MfxXMLNode& record = *reporter.GetEntry().record;
     const CString module = record.GetAttribute(kModuleAttribute);
@@ -73,7 +74,7 @@ void CheckRuleRecord(const Reporter& reporter) {
     if (IsRepeated(reporter)) reporter.Add<FindingCode::RepeatedRule>(record);
     CheckParameters(reporter, record, reporter.GetRule().m_paramArray);
     CheckConstraints(reporter);
-    CheckOlderTable(reporter);
+    CheckLegacyTable(reporter);
     CheckMassUnit(reporter);
 }
 

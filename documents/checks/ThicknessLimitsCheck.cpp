@@ -7,8 +7,6 @@
 
 namespace {
 
-constexpr int kDigits = 10;  // of limits that differ by little both are named
-
 bool IsOn(const CMfxParamStorage& limit) {
     return limit.m_bStatus && !limit.GetValues<double>().IsEmpty();
 }
@@ -22,26 +20,25 @@ void CheckPair(const RuleToCheck& rule, int constraint, const MfxParamArray& par
     const Reporter reporter = rule.reporter.InConstraint(constraint);
     for (const CMfxParamStorage* limit : {minimum, maximum})
         if (IsOn(*limit) && limit->GetValues<double>()[0] <= 0.0)
-            reporter.OfParameter(limit->m_nParamId)
-                .AddAboutValues<FindingCode::LimitNotPositive>(Reporter::kNoRow);
+            reporter.OfParameter(limit->m_nParamId).AddAboutValues<FindingCode::LimitNotPositive>();
     if (!IsOn(*minimum) || !IsOn(*maximum)) return;
     const double lower = minimum->GetValues<double>()[0], upper = maximum->GetValues<double>()[0];
     if (lower > upper + kTolerance)
         reporter.OfParameter(kThicknessMinId)
-            .AddAboutValues<FindingCode::MinimumAboveMaximum>(Reporter::kNoRow, FormatNumber(lower, kDigits),
-                                                              FormatNumber(upper, kDigits));
+            .AddAboutValues<FindingCode::MinimumAboveMaximum>(FormatNumber(lower, kComparedDigits),
+                                                              FormatNumber(upper, kComparedDigits));
 }
 
 void HintAtOlderForms(const RuleToCheck& rule) {
     const MfxXMLNode& record = *rule.reporter.GetEntry().record;
     if (FindParameterElement(record, kLegacyMaterialTableId))
-        rule.reporter.OfParameter(kLegacyMaterialTableId)
-            .AddAboutValues<FindingCode::OlderMaterialTable>(Reporter::kNoRow);
+        rule.reporter.OfParameter(kLegacyMaterialTableId).AddAboutValues<FindingCode::LegacyMaterialTable>();
     for (const long paramId : {kThicknessMinId, kThicknessMaxId}) {
         const auto limit = FindParameterElement(record, static_cast<std::int32_t>(paramId));
         int count = 0;
         if (limit) limit->ForEachChild(kValueTag, [&](const MfxXMLNode&) { ++count; });
-        if (count == 2) rule.reporter.OfParameter(paramId).AddAboutValues<FindingCode::OlderSwitchedLimit>(2);
+        if (count == 2 && rule.IsRead(-1, {paramId}))
+            rule.reporter.OfParameter(paramId).InRow(2).AddAboutValues<FindingCode::LegacySwitchedLimit>();
     }
 }
 

@@ -4,7 +4,8 @@
 
 IgnoredValues::IgnoredValues(const std::vector<Finding>& findings) {
     for (const Finding& finding : findings)
-        if (finding.Kind().isIgnored) m_values.emplace(finding.entry, finding.constraint, finding.paramId);
+        if (finding.Kind().isIgnored)
+            m_values.emplace(finding.entry, finding.location.constraint, finding.location.paramId);
 }
 
 bool IgnoredValues::HasAnyOf(int entry, int constraint, std::initializer_list<long> paramIds) const {

@@ -1,5 +1,6 @@
 // Whether a rule's values make sense; a function for each kind of rule. Bands are checked as their dialogs
-// do. Of values that the module ignores nothing is said.
+// do. Values that the module ignores are
+// not checked.
 #pragma once
 
 #include "Reporter.h"

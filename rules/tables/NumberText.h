@@ -19,8 +19,7 @@ bool IsNoUpperLimit(double value);
 CString FormatDouble(double value);
 
 // The number at the start of the text: "5 mm" gives 5, "1.2.3" gives 1.2. Signs are not read: "-5" gives 0,
-// as do
-// "" and "abc".
+// as do "" and "abc".
 double ParseDouble(const CString& strText);
 
 // Whether the text has nothing but points and digits; the empty text has.

@@ -10,6 +10,12 @@ inline constexpr wchar_t kModuleName[] = L"MFXSandCastingRulesValidator";
 // Name, in every language, of the material group whose limits hold from the start.
 inline constexpr wchar_t kDefaultGroup[] = L"Default";
 
+// Ids of the rules
+inline constexpr int kUniformThicknessRuleId = 19010;
+inline constexpr int kSizeAndWeightRuleId = 19020;
+inline constexpr int kVariationRuleId = 19030;
+inline constexpr int kDraftAngleRuleId = 19040;
+
 // Variable draft angle
 inline constexpr long kDraftAngleTableId = 29183;
 
@@ -19,8 +25,12 @@ inline constexpr long kThicknessMaxId = 10068;
 inline constexpr long kLegacyMaterialTableId = 10070;
 inline constexpr long kLegacyMaterialSwitchId = 10071;
 
+constexpr bool IsLegacyMaterialTable(long nParamId) {
+    return nParamId == kLegacyMaterialTableId || nParamId == kLegacyMaterialSwitchId;
+}
+
 // Cells of a row of that table.
-namespace OlderTableCell {
+namespace LegacyTableCell {
 enum Index : std::size_t { Material, Minimum, Maximum, Count };
 }
 

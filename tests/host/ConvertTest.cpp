@@ -93,7 +93,7 @@ TEST_F(HostTest, LosesNothingSilently) {
 }
 
 // The material table of older records is replaced by constraints.
-TEST_F(HostTest, DropsNothingOfOthersWithAnOlderTable) {
+TEST_F(HostTest, DropsNothingOfOthersWithAnLegacyTable) {
     const std::string table = m_folder.Read(Wide(MFX_SAMPLES "legacy-material-table.xml"));
     const std::string steel = "<Value Attribute1=\"Steel\"",
                       last = "<Remarks />\n    </Parameter>\n  </Rule>";

@@ -24,7 +24,7 @@ struct UniformThicknessRuleTest : RuleTest {
 
 }  // namespace
 
-TEST_F(UniformThicknessRuleTest, OlderMaterialTableSurvivesPopulating) {
+TEST_F(UniformThicknessRuleTest, LegacyMaterialTableSurvivesPopulating) {
     // The last table and the last switch count.
     const std::string table =
         "<Parameter Type='10070'><Value Attribute1='Old'/></Parameter>"

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "FindingTable.h"
+#include "RecordLocation.h"
 
 #include <string>
 #include <vector>
@@ -11,8 +12,7 @@ struct Finding {
     std::vector<std::string> inserts = {};  // of the code's text
     int line = 0;                           // in the document; 0 where none can be named
     int entry = -1;                         // of the document's entries; -1 when it is not about one
-    int constraint = -1;                    // from 0; -1 when it is not about one
-    long paramId = 0;                       // 0 when it is not about one parameter
+    RecordLocation location = {};           // in the entry's record
     int ruleId = 0;                         // 0 when no rule of the module was recognised
     std::string rule = {};                  // name in the user's language, or as the record says it
     std::string parameter = {};             // its name, where the rule knows it

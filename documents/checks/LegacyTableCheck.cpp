@@ -1,4 +1,4 @@
-#include "OlderTableCheck.h"
+#include "LegacyTableCheck.h"
 
 #include "ElementCheck.h"
 #include "ParameterXml.h"
@@ -10,12 +10,12 @@
 
 namespace {
 
-// Read, or the same in every record.
+// Attributes that are read, or that are the same in every record.
 bool IsKnownAttribute(const CString& name) {
     const CString* const known[] = {&kNameAttribute, &kTypeAttribute, &kStatusAttribute,
                                     &kCriteriaTypeAttribute};
     if (std::ranges::any_of(known, [&](const CString* other) { return name == *other; })) return true;
-    for (std::size_t cell = 0; cell < OlderTableCell::Count; ++cell)
+    for (std::size_t cell = 0; cell < LegacyTableCell::Count; ++cell)
         if (name == CellAttribute(cell)) return true;
     return false;
 }
@@ -45,7 +45,7 @@ void CheckForLosses(const Reporter& reporter, const MfxXMLNode& element) {
 
 void CheckMaterialRow(const Reporter& reporter, const MfxXMLNode& row) {
     CheckStrayText(reporter, row);
-    for (const std::size_t cell : {OlderTableCell::Minimum, OlderTableCell::Maximum}) {
+    for (const std::size_t cell : {LegacyTableCell::Minimum, LegacyTableCell::Maximum}) {
         const CString name = CellAttribute(cell);
         CheckCellNumber(reporter, row, name, row.GetAttribute(name));
     }
@@ -62,11 +62,10 @@ void CheckOlderParameter(const Reporter& reporter, const MfxXMLNode& parameter) 
 
 }  // namespace
 
-void CheckOlderTable(const Reporter& reporter) {
+void CheckLegacyTable(const Reporter& reporter) {
     if (!FindParameter(reporter.GetRule().m_paramArray, kThicknessMinId)) return;
     reporter.GetEntry().record->ForEachChild(kParameterTag, [&](const MfxXMLNode& parameter) {
         const long paramId = ParameterIdOf(parameter);
-        if (paramId == kLegacyMaterialTableId || paramId == kLegacyMaterialSwitchId)
-            CheckOlderParameter(reporter.OfParameter(paramId), parameter);
+        if (IsLegacyMaterialTable(paramId)) CheckOlderParameter(reporter.OfParameter(paramId), parameter);
     });
 }

@@ -12,3 +12,6 @@ std::vector<Finding> CheckDocument(const RuleDocument& document);
 // The findings about what the module ignores when it reads the document, by line: rules and parameters that
 // it does not know, texts that are no numbers, constraints that do not match. Nothing is said of values.
 std::vector<Finding> FindIgnoredContent(const RuleDocument& document);
+
+// Those of one rule.
+std::vector<Finding> FindIgnoredContent(const RuleDocument& document, const RuleDocument::Entry& entry);

@@ -44,3 +44,10 @@ std::vector<Finding> FindIgnoredContent(const RuleDocument& document) {
     SortByLine(findings);
     return findings;
 }
+
+std::vector<Finding> FindIgnoredContent(const RuleDocument& document, const RuleDocument::Entry& entry) {
+    std::vector<Finding> findings = FindIgnoredContent(document);
+    const auto index = &entry - document.GetEntries().data();
+    std::erase_if(findings, [=](const Finding& finding) { return finding.entry != index; });
+    return findings;
+}

@@ -54,11 +54,11 @@ enum class FindingCode {
     EmptyRequiredCell,
     MissingCell,
     // the material table of older records
-    RepeatedOlderTable,
+    RepeatedLegacyTable,
     CommentLost,
     ContentLost,
-    OlderMaterialTable,
-    OlderSwitchedLimit,
+    LegacyMaterialTable,
+    LegacySwitchedLimit,
     // values: limits of the wall thickness
     LimitNotPositive,
     MinimumAboveMaximum,
@@ -80,6 +80,8 @@ enum class FindingCode {
     AngleGrows,
     // values: variation
     VariationNotPositive,
+
+    Count,
 };
 
 struct FindingKind {
@@ -92,11 +94,10 @@ struct FindingKind {
 
 inline constexpr FindingKind kFindingKinds[] = {
     {FindingCode::MissingDocumentAttribute, "missing-document-attribute", Severity::Warning, false,
-     "MfxRules: {} is missing and taken for {}"},
+     "MfxRules: {} is missing; {} is assumed"},
     {FindingCode::ForeignRule, "foreign-rule", Severity::Warning, true,
-     "a rule of module {} that is not known here"},
-    {FindingCode::UnknownRule, "unknown-rule", Severity::Error, true,
-     "a rule of module {} that is not known here"},
+     "a rule of another module, {}, which is not known here"},
+    {FindingCode::UnknownRule, "unknown-rule", Severity::Error, true, "module {} has no rule of this name"},
     {FindingCode::RepeatedRule, "repeated-rule", Severity::Warning, false,
      "the document has this rule more than once"},
     {FindingCode::NestedRule, "nested-rule", Severity::Error, true,
@@ -116,7 +117,7 @@ inline constexpr FindingKind kFindingKinds[] = {
      "{}: Status={} is neither 0 nor 1"},
     {FindingCode::StrayText, "stray-text", Severity::Error, true, "{}: the text {} is not read"},
 
-    {FindingCode::MissingParameter, "missing-parameter", Severity::Error, true, "it is missing"},
+    {FindingCode::MissingParameter, "missing-parameter", Severity::Error, true, "the parameter is missing"},
     {FindingCode::UnknownParameter, "unknown-parameter", Severity::Warning, false,
      "unknown to the rule, left unchanged"},
     {FindingCode::RepeatedParameter, "repeated-parameter", Severity::Error, true,
@@ -126,7 +127,7 @@ inline constexpr FindingKind kFindingKinds[] = {
     {FindingCode::UnsavedOperator, "unsaved-operator", Severity::Error, true,
      "Operator: it is missing or says that the parameter is not saved"},
     {FindingCode::UnpairedRangeValues, "unpaired-range-values", Severity::Error, true,
-     "Operator: it asks for pairs or threes of values, and these are neither"},
+     "Operator: it needs values in pairs or threes"},
     {FindingCode::UnsuitableParameterType, "unsuitable-parameter-type", Severity::Error, true,
      "ParameterType: it does not fit the parameter's values"},
     {FindingCode::TooManyLimitValues, "too-many-limit-values", Severity::Error, true,
@@ -134,24 +135,24 @@ inline constexpr FindingKind kFindingKinds[] = {
     {FindingCode::TooManyMaterialLimitValues, "too-many-material-limit-values", Severity::Error, true,
      "Value: there are {}; the limit of a material has one value"},
     {FindingCode::LimitSwitchNotBoolean, "limit-switch-not-boolean", Severity::Error, true,
-     "Value: the first of two values is a switch, 0 or 1, and not {}"},
+     "Value: the first of two values must be a switch, 0 or 1, but is {}"},
     {FindingCode::MissingLimitValue, "missing-limit-value", Severity::Error, false,
-     "Value: the limit has none"},
+     "Value: the limit has no value"},
     {FindingCode::MissingVariation, "missing-variation", Severity::Error, false,
-     "Value: the variation has none"},
+     "Value: the variation has no value"},
     {FindingCode::TooManyVariations, "too-many-variations", Severity::Warning, false,
      "Value: there are {}; only the first one is used"},
     {FindingCode::UnknownMassUnit, "unknown-mass-unit", Severity::Error, true,
      "Value: {} is not a mass unit: {}"},
     {FindingCode::UnknownSeverity, "unknown-severity", Severity::Error, true,
-     "{}: it is not a severity; those are Warning, Info, Unknown"},
+     "{}: not a severity (Warning, Info or Unknown)"},
     {FindingCode::TooManyDeviationValues, "too-many-deviation-values", Severity::Error, true,
      "{}: only its first two values are read"},
     {FindingCode::UnconvertedDeviations, "unconverted-deviations", Severity::Hint, false,
      "ResultCriteria: absolute deviations and values keep their numbers when the document's unit changes"},
 
     {FindingCode::ConstraintCount, "constraint-count", Severity::Error, true,
-     "the record has {}, the rule {}; they were not read"},
+     "the record has {}, the rule has {}; the record's were not read"},
     {FindingCode::MissingConstraintAttribute, "missing-constraint-attribute", Severity::Error, true,
      "Constraint: {} is missing"},
     {FindingCode::MissingConstraintName, "missing-constraint-name", Severity::Error, false,
@@ -174,15 +175,15 @@ inline constexpr FindingKind kFindingKinds[] = {
     {FindingCode::MissingCell, "missing-cell", Severity::Warning, false,
      "Value: the dialog would drop this row, because its cell {} is missing"},
 
-    {FindingCode::RepeatedOlderTable, "repeated-older-table", Severity::Error, true,
+    {FindingCode::RepeatedLegacyTable, "repeated-legacy-table", Severity::Error, true,
      "it is repeated; only the last one is read"},
     {FindingCode::CommentLost, "comment-lost", Severity::Error, true,
      "a comment in it would be lost by saving"},
     {FindingCode::ContentLost, "content-lost", Severity::Error, true,
      "{}: it would be lost by saving, which replaces this older form"},
-    {FindingCode::OlderMaterialTable, "older-material-table", Severity::Hint, false,
+    {FindingCode::LegacyMaterialTable, "legacy-material-table", Severity::Hint, false,
      "an older form: saving makes a constraint of each of its materials"},
-    {FindingCode::OlderSwitchedLimit, "older-switched-limit", Severity::Hint, false,
+    {FindingCode::LegacySwitchedLimit, "legacy-switched-limit", Severity::Hint, false,
      "an older form: the first value is a switch, which saving makes the parameter's status"},
 
     {FindingCode::LimitNotPositive, "limit-not-positive", Severity::Error, false,
@@ -217,7 +218,7 @@ inline constexpr FindingKind kFindingKinds[] = {
     {FindingCode::AngleTooLarge, "angle-too-large", Severity::Error, false,
      "row {}: angle {}, {}, is not below 90 degrees"},
     {FindingCode::AngleGrows, "angle-grows", Severity::Hint, false,
-     "row {}: a draft angle is larger than for smaller sizes"},
+     "row {}: a draft angle is larger than in the row before"},
 
     {FindingCode::VariationNotPositive, "variation-not-positive", Severity::Error, false,
      "the variation has to be above zero"},
@@ -227,7 +228,7 @@ inline constexpr FindingKind kFindingKinds[] = {
 constexpr bool AreFindingKindsInOrder() {
     for (std::size_t i = 0; i < std::size(kFindingKinds); ++i)
         if (kFindingKinds[i].code != static_cast<FindingCode>(i)) return false;
-    return std::size(kFindingKinds) == static_cast<std::size_t>(FindingCode::VariationNotPositive) + 1;
+    return std::size(kFindingKinds) == static_cast<std::size_t>(FindingCode::Count);
 }
 static_assert(AreFindingKindsInOrder());
 

@@ -17,9 +17,9 @@ std::string FindingText(const Finding& finding) {
 
 std::string DescribeFinding(const Finding& finding) {
     std::string text = finding.rule.empty() ? "" : Shortened(FromUtf8(finding.rule)) + ": ";
-    if (finding.paramId) text += "parameter " + std::to_string(finding.paramId);
+    if (finding.location.paramId) text += "parameter " + std::to_string(finding.location.paramId);
     if (!finding.parameter.empty()) text += " (" + finding.parameter + ")";
-    return text + (finding.paramId ? ", " : "") + FindingText(finding);
+    return text + (finding.location.paramId ? ", " : "") + FindingText(finding);
 }
 
 void SortByLine(std::vector<Finding>& findings) {
