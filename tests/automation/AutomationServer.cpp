@@ -7,13 +7,23 @@ namespace {
 
 constexpr CLSID kClassId = {0x19D4B5AB, 0xCC0E, 0x4750, {0x95, 0xAA, 0x0A, 0x79, 0x8D, 0x7D, 0x37, 0x60}};
 constexpr wchar_t kApplicationKey[] = L"Software\\Classes\\Excel.Application";
-constexpr WORD kMethod = DISPATCH_METHOD, kProperty = DISPATCH_PROPERTYGET;
+constexpr WORD kMethod = DISPATCH_METHOD, kProperty = DISPATCH_PROPERTYGET, kPut = DISPATCH_PROPERTYPUT;
 
 using Members = std::vector<Member>;
 
 struct Session {
     CallLog& log;
     CellRows rows;  // of the open workbook
+    _variant_t showsAlerts = true, macroSecurity = 1L;
+
+    // Opening and closing a workbook would ask the user something.
+    void Ask() {
+        if (bool{showsAlerts}) log.lines.push_back(L"Alert");
+    }
+    void RunMacro() {
+        constexpr long kForceDisable = 3;
+        if (long{macroSecurity} != kForceDisable) log.lines.push_back(L"Macro");
+    }
 };
 
 _variant_t NewObject(Session& session, Members members) {
@@ -39,6 +49,7 @@ Members Sheet(Session& session) {
 
 Members Workbook(Session& session) {
     return {{L"Close", kMethod, 0, [&session](const auto&) {
+                 session.Ask();
                  session.rows.clear();
                  return _variant_t();
              }}};
@@ -46,13 +57,24 @@ Members Workbook(Session& session) {
 
 Members Workbooks(Session& session) {
     return {{L"Open", kMethod, 1, [&session](const auto& path) {
+                 session.Ask();
+                 session.RunMacro();
                  session.rows = ReadCellFile(path.bstrVal);
                  return NewObject(session, Workbook(session));
              }}};
 }
 
+Member Setting(const std::wstring& name, _variant_t& setting) {
+    return {name, kPut, 1, [&](const auto& value) {
+                setting = value;
+                return _variant_t();
+            }};
+}
+
 Members Application(Session& session) {
-    return {{L"Workbooks", kProperty, 0, [&](const auto&) { return NewObject(session, Workbooks(session)); }},
+    return {Setting(L"DisplayAlerts", session.showsAlerts),
+            Setting(L"AutomationSecurity", session.macroSecurity),
+            {L"Workbooks", kProperty, 0, [&](const auto&) { return NewObject(session, Workbooks(session)); }},
             {L"ActiveSheet", kProperty, 0, [&](const auto&) { return NewObject(session, Sheet(session)); }},
             {L"Quit", kMethod, 0, [](const auto&) { return _variant_t(); }}};
 }
