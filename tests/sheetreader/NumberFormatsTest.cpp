@@ -24,12 +24,34 @@ TEST(NumberFormatsTest, TellsPlainNumbersFromDatesAndCurrencies) {
     for (const int nOther : {5, 8, 14, 22, 42, 44, 46, 57, 81}) EXPECT_FALSE(IsPlain(nOther)) << nOther;
     for (const std::string code :
          {"General", "[]0.0", "0.00%", "# ?/?", "0.00E+00", "[Red][&lt;0]-0.0;[$-409]0.0", "0.0\\d;0_d;*d0",
-          "0.0&quot; dmy&quot;;&quot;h", "0.0&quot;mm&quot;", "_(* #,##0.00_$"})
+          "0.0&quot; dmy&quot;;&quot;h", "0.0&quot;mm&quot;", "_(* #,##0.00_$", "0.0e-0", "GENERAL;-General",
+          "G/通用格式", "0.0_₸*¢", "0.0&quot;ab&quot;\\e", "[$-411]0"})
         EXPECT_TRUE(IsPlain(164, code)) << code;
-    for (const std::string code :
-         {"_($* #,##0.00_)", "yyyy\\-mm", "0;[$-411]ggge&quot;年&quot;m&quot;月&quot;", "h:mm AM/PM",
-          "[mm]:ss", "[HH]", "\\$0.0", "&quot;$&quot;#,##0", "#,##0\\ [$CHF-807]", "&quot;₩&quot;#,##0",
-          "[$￥-804]#,##0", "#,##0.00 €"})
+    for (const std::string code : {"_($* #,##0.00_)",
+                                   "yyyy\\-mm",
+                                   "0;[$-411]ggge&quot;年&quot;m&quot;月&quot;",
+                                   "h:mm AM/PM",
+                                   "[mm]:ss",
+                                   "[HH]",
+                                   "\\$0.0",
+                                   "&quot;$&quot;#,##0",
+                                   "#,##0\\ [$CHF-807]",
+                                   "&quot;₩&quot;#,##0",
+                                   "[$￥-804]#,##0",
+                                   "#,##0.00 €",
+                                   "A/P",
+                                   "ggge&quot;年&quot;",
+                                   "e&quot;年&quot;",
+                                   "b",
+                                   "AAA",
+                                   "0 ₸",
+                                   "₾0",
+                                   "&quot;₦&quot;0",
+                                   "0\\¢",
+                                   "0 ؋",
+                                   "﷼0",
+                                   "0꠸",
+                                   "𞲰0"})
         EXPECT_FALSE(IsPlain(164, code)) << code;
     // Workbooks give built-in formats codes of their own. A date may become a number, a currency may not.
     EXPECT_TRUE(IsPlain(14, "0.0"));

@@ -143,6 +143,14 @@ TEST(XlsxColumnsTest, RefusesLargeWorkbooksWithoutDelay) {
         std::string part, what, by;
     } kCases[] = {
         {kStyles, "<xf/>", Repeated("<xf/>", 1 << 16)},
+        {kStyles, "<numFmt ", Repeated("<numFmt numFmtId='9'/>", 1 << 16) + "<numFmt "},
+        {kStyles, "0.0", Repeated("0", 300)},
+        {kLinks, "<Relationship ", "<Relationship Target='" + std::string(5000, 'a') + "'/><Relationship "},
+        {kLinks, "<Relationship ", "<Relationship Id='" + std::string(5000, 'a') + "'/><Relationship "},
+        {kLinks, "<Relationship ",
+         Repeated("<Relationship Target='" + std::string(3000, 'a') + "'/>", 10'000) + "<Relationship "},
+        {kStrings, "plain", Repeated("<![CDATA[" + std::string(1 << 20, 'x') + "]]>", 40)},
+        {kStrings, "<si>", "<si>" + Repeated("<t>" + std::string(1 << 20, 'x') + "</t>", 40)},
         {kWorkbook, "<sheet ", Repeated("<sheet r:id='rId1'/>", 1 << 16) + "<sheet "},
         {kLinks, "<Relationship ", Repeated("<Relationship/>", 1 << 16) + "<Relationship "},
         {kSheet, "<c ", Repeated("<c/>", 1'000'000) + "<c "},
@@ -150,7 +158,7 @@ TEST(XlsxColumnsTest, RefusesLargeWorkbooksWithoutDelay) {
         {kStrings, "</sst>", Repeated("<si/>", 16 << 20) + "</sst>"},  // inflates too far
     };
     for (const auto& [part, what, by] : kCases) ExpectRefused(Changed(part, what, by), by);
-    Parts parts = Changed(kSheet, "</row>", Repeated("<c r='A1'/>", 1 << 24) + "</row>");
+    Parts parts = Changed(kSheet, "</row>", Repeated("<c r='A1'/>", 1 << 23) + "</row>");
     std::mt19937 random(1);
     for (int i = 0; i < 1 << 20; ++i)
         parts["large.bin"] += static_cast<char>(random());  // or it inflates too far

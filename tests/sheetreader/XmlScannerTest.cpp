@@ -7,7 +7,8 @@
 namespace {
 
 constexpr std::string_view kDocument =
-    "<?xml version='1.0'?><!-- a > b --><p:list\tp:kind = 'x &lt;\r\ny' ><p:item name=\"1\" other='2'>a "
+    "<?xml version='1.0'?><!-- a > b --><p:list\tkind = 'x &lt;\r\ny' q:kind='q'><p:item q:name='q' "
+    "name=\"1\" other='2'>a "
     "&amp; b"
     "<![CDATA[<c>]]>]]&gt;<q:item>no</q:item><!-- -- > -->d</p:item ><p:item\n/><?end?></p:list>\n";
 
@@ -63,4 +64,6 @@ TEST(XmlScannerTest, RefusesWhatIsNotWellFormed) {
     expectRefused(ToUtf16("<list/>", false, true) + std::string("\x01\xD8\n\0", 4));  // half a pair
     expectRefused("<list>" + Repeated("<a>", 300) + Repeated("</a>", 300) + "</list>");
     expectRefused("<list a='" + std::string(34 << 20, '>') + "'/>");
+    expectRefused("<list " + Repeated("a='' ", 300) + "/>");
+    expectRefused("<list><" + std::string(5000, 'a') + "/></list>");
 }
