@@ -11,8 +11,9 @@ inline constexpr std::uint32_t kMaxRow = 1 << 20, kMaxColumn = 1 << 14;
 // Cells of the table that is read.
 inline constexpr std::size_t kMaxTableCells = 1 << 23;
 
-// Memory for the table and for what it is made from. A shared string counts for each of its cells.
-inline constexpr std::size_t kMaxReadBytes = 430'000'000;
+// Memory for the table and the strings it is made from. A shared string counts for each of its cells. A
+// program in Wine takes 135 MB before it reads anything.
+inline constexpr std::size_t kMaxReadBytes = 350'000'000;
 
 // Strings and their bytes in a workbook, each shared string once.
 inline constexpr std::size_t kMaxStrings = 1 << 24, kMaxStringBytes = 1 << 27;
@@ -38,4 +39,4 @@ inline constexpr std::size_t kMaxElementDepth = 256;
 inline constexpr std::size_t kMaxNameBytes = 1 << 12, kMaxAttributes = 256;
 
 // A tag or a text. The limit is tested before each read, so a token may grow to twice the size.
-inline constexpr std::size_t kMaxTokenBytes = 1 << 24;
+inline constexpr std::size_t kMaxTokenBytes = 1 << 22;

@@ -71,13 +71,13 @@ void XlsxColumns::RequestColumns(const std::vector<std::wstring>& letters) {
     }
 }
 
-// A text of the table has memory of its own when it is longer than a string holds in itself.
+// The cells of one column at a time are still there when the table is full (TakeTexts). A text of the table
+// has memory of its own when it is longer than a string holds in itself.
 void XlsxColumns::CheckTableSize() const {
     constexpr std::size_t kAllocationBytes = 32, kMaxShortText = 7;
     const std::size_t nTableCells = m_nRows * m_requestedSlots.size();
     if (nTableCells > kMaxTableCells) throw std::length_error("too large a table");
-    std::size_t nBytes =
-        m_strings.CountBytes() + m_nCells * sizeof(Cell) + nTableCells * sizeof(std::wstring);
+    std::size_t nBytes = m_strings.CountBytes() + m_nRows * sizeof(Cell) + nTableCells * sizeof(std::wstring);
     for (const std::uint16_t nSlot : m_requestedSlots)
         for (const auto& [nRow, nString] : m_columns[nSlot]) {
             const std::size_t nLength = m_strings[nString].size();

@@ -14,15 +14,11 @@ using Members = std::vector<Member>;
 struct Session {
     CallLog& log;
     CellRows rows;  // of the open workbook
-    _variant_t showsAlerts = true, macroSecurity = 1L;
+    bool bAlerts = true;
 
-    // Opening and closing a workbook would ask the user something.
+    // What every workbook does when it is opened and closed.
     void Ask() {
-        if (bool{showsAlerts}) log.lines.push_back(L"Alert");
-    }
-    void RunMacro() {
-        constexpr long kForceDisable = 3;
-        if (long{macroSecurity} != kForceDisable) log.lines.push_back(L"Macro");
+        if (bAlerts) log.lines.push_back(L"Alert");
     }
 };
 
@@ -58,22 +54,18 @@ Members Workbook(Session& session) {
 Members Workbooks(Session& session) {
     return {{L"Open", kMethod, 1, [&session](const auto& path) {
                  session.Ask();
-                 session.RunMacro();
                  session.rows = ReadCellFile(path.bstrVal);
                  return NewObject(session, Workbook(session));
              }}};
 }
 
-Member Setting(const std::wstring& name, _variant_t& setting) {
-    return {name, kPut, 1, [&](const auto& value) {
-                setting = value;
-                return _variant_t();
-            }};
-}
-
 Members Application(Session& session) {
-    return {Setting(L"DisplayAlerts", session.showsAlerts),
-            Setting(L"AutomationSecurity", session.macroSecurity),
+    return {{L"DisplayAlerts", kPut, 1,
+             [&](const auto& value) {
+                 session.bAlerts = value;
+                 return _variant_t();
+             }},
+            {L"AutomationSecurity", kPut, 1, [](const auto&) { return _variant_t(); }},
             {L"Workbooks", kProperty, 0, [&](const auto&) { return NewObject(session, Workbooks(session)); }},
             {L"ActiveSheet", kProperty, 0, [&](const auto&) { return NewObject(session, Sheet(session)); }},
             {L"Quit", kMethod, 0, [](const auto&) { return _variant_t(); }}};

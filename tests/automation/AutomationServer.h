@@ -30,7 +30,7 @@ class AutomationServer {
     void Unregister();
 
     // The calls since the last time, each with its argument: "Create", "id Open", "Open C:\a.xls", "value".
-    // Behind "Open" and "Close" also "Alert", where Excel asked the user, and "Macro", where it ran one.
+    // Before them "Alert", where Excel asked its user something.
     std::vector<std::wstring> TakeCalls() { return std::exchange(m_log.lines, {}); }
     // Objects that clients have not released.
     int ObjectsInUse() const { return m_log.nObjects; }

@@ -41,13 +41,6 @@ TEST(XmlScannerTest, ReadsTheSameFromPiecesOfAnySize) {
             ASSERT_EQ(Describe(bytes, nPiece), "x <\ny|item 12 a & b<c>]]>d|item  ") << nPiece;
 }
 
-TEST(XmlScannerTest, ReadsLongTokens) {
-    const std::string large(200'000, '>');
-    const std::string document =
-        "<list><!--" + large + "x--><item name='" + large + "'>" + large + "</item></list>";
-    EXPECT_EQ(Describe(document, 4096), "|item " + large + " " + large);
-}
-
 TEST(XmlScannerTest, RefusesWhatIsNotWellFormed) {
     const auto expectRefused = [](const std::string& document) {
         EXPECT_THROW(Describe(document, 4096), std::runtime_error) << document.substr(0, 60);
