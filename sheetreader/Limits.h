@@ -1,5 +1,6 @@
-// What a workbook may hold. One that holds more is damaged or hostile, and is refused. No workbook takes more
-// than 500 MB and five seconds of processor time.
+// What a workbook may hold. One that holds more is damaged or hostile, and is refused. Within these
+// limits reading takes at most 500 MB and five seconds of processor time. Only the archive's list of entries
+// has no limit: each takes 300 bytes.
 #pragma once
 
 #include <cstddef>
