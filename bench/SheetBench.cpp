@@ -85,10 +85,10 @@ void Read(benchmark::State& state, const Book& book, std::size_t nColumns, bool 
     std::vector<std::wstring> letters;
     for (std::size_t i = 0; i < nColumns; ++i) letters.emplace_back(1, static_cast<wchar_t>(L'A' + i));
     for (auto _ : state) {
-        const XlsxColumns sheet(zip_source_win32w_create(book.path.c_str(), 0, 0, nullptr), letters);
+        XlsxColumns sheet(zip_source_win32w_create(book.path.c_str(), 0, 0, nullptr), letters);
         std::vector<std::vector<CString>> table;
         for (std::size_t i = 0; bTable && i < letters.size(); ++i)
-            table.push_back(sheet.Texts<CString, int>(i));
+            table.push_back(sheet.TakeTexts<CString, int>(i));
         if (bTable && table.back().size() != book.nRows) state.SkipWithError("a wrong number of rows");
     }
     state.counters["cells"] =

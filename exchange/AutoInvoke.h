@@ -27,9 +27,14 @@ struct AutoMember {
     mutable DISPID id = DISPID_UNKNOWN;
 };
 
-enum AutoKind : WORD { AutoMethod = DISPATCH_METHOD, AutoPropertyGet = DISPATCH_PROPERTYGET };
+enum AutoKind : WORD {
+    AutoMethod = DISPATCH_METHOD,
+    AutoPropertyGet = DISPATCH_PROPERTYGET,
+    AutoPropertyPut = DISPATCH_PROPERTYPUT,  // the last argument is the new value
+};
 
 // Calls a member, given by name or as an AutoMember that is kept. The arguments, argumentCount of them, have
 // the type VARIANT and stay the caller's. The result may be null; what it points to is empty before the call.
+// A call that the object's program rejects because it is busy is tried again for five seconds.
 HRESULT AutoInvoke(AutoKind kind, VARIANT* result, IDispatch* object, const AutoMember& member,
                    int argumentCount, ...);

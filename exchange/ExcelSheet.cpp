@@ -11,15 +11,22 @@ CString CellText(const VARIANT& value) {
     return CString();
 }
 
+// Whether Excel itself refused the call. Anything else went wrong on the way to it.
+static bool IsExcelError(HRESULT result) {
+    const int facility = HRESULT_FACILITY(result);
+    return FAILED(result) && (facility == FACILITY_DISPATCH || facility == FACILITY_CONTROL);
+}
+
 bool ExcelSheet::ReadColumn(const std::wstring& letters, std::vector<CString>& texts) {
     const bool decidesRows = letters == L"A";
     for (std::size_t row = 1; decidesRows || row <= m_nRows; ++row) {
         const Variant address((letters + std::to_wstring(row)).c_str());
         Variant range, value;
-        if (FAILED(AutoInvoke(AutoPropertyGet, &range, m_pSheet.Get(), m_range, 1,
-                              static_cast<VARIANT>(address))))
-            break;  // behind the sheet's last row
-        if (FAILED(AutoInvoke(AutoPropertyGet, &value, range.Object().Get(), m_value, 0))) return false;
+        const HRESULT found =
+            AutoInvoke(AutoPropertyGet, &range, m_pSheet.Get(), m_range, 1, static_cast<VARIANT>(address));
+        if (IsExcelError(found)) break;  // behind the sheet's last row
+        if (FAILED(found) || FAILED(AutoInvoke(AutoPropertyGet, &value, range.Object().Get(), m_value, 0)))
+            return false;
         const CString text = CellText(value);
         if (decidesRows && text.IsEmpty()) break;
         texts.push_back(text);

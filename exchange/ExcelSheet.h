@@ -13,7 +13,8 @@ class ExcelSheet {
     explicit ExcelSheet(Microsoft::WRL::ComPtr<IDispatch> sheet) : m_pSheet(std::move(sheet)) {}
 
     // Appends the texts of a column. Column "A" is read first: it ends at its first empty cell, and no other
-    // column is read below that row. False when a cell has no value that can be read.
+    // column is read below that row. A column also ends at the first cell that Excel refuses, which may be
+    // above that row. False when a cell has no value that can be read, or Excel can't be reached.
     bool ReadColumn(const std::wstring& letters, std::vector<CString>& texts);
 
   private:

@@ -50,8 +50,21 @@ WorkbookFault ReadActiveSheet(IDispatch* excel, const WorkbookColumns& columns, 
     return WorkbookFault::None;
 }
 
+// Nobody sees this Excel to answer it, and the macros of the workbook are none of the import's business.
+bool SilenceExcel(IDispatch* excel) {
+    constexpr long kForceDisable = 3;  // of MsoAutomationSecurity
+    Variant alerts, security;
+    alerts.vt = VT_BOOL, alerts.boolVal = VARIANT_FALSE;
+    security.vt = VT_I4, security.lVal = kForceDisable;
+    return SUCCEEDED(AutoInvoke(AutoPropertyPut, nullptr, excel, L"DisplayAlerts", 1,
+                                static_cast<VARIANT>(alerts))) &&
+           SUCCEEDED(AutoInvoke(AutoPropertyPut, nullptr, excel, L"AutomationSecurity", 1,
+                                static_cast<VARIANT>(security)));
+}
+
 WorkbookFault ReadInExcel(IDispatch* excel, const CString& path, const WorkbookColumns& columns,
                           WorkbookTable& table) {
+    if (!SilenceExcel(excel)) return WorkbookFault::NotOpened;
     const Variant book(path);
     Variant workbooks, workbook;
     AutoInvoke(AutoPropertyGet, &workbooks, excel, L"Workbooks", 0);

@@ -66,36 +66,52 @@ WorkbookTable ReadTable(const CString& bookPath, const WorkbookColumns& columns)
 }
 
 // Long texts are cut so that the table stays readable; --json has them whole.
+std::vector<std::string> MakeRow(const WorkbookTable& table, std::size_t row) {
+    std::vector<std::string> cells{std::to_string(row + 1)};
+    for (const auto& texts : table) cells.push_back(row < texts.size() ? Shortened(texts[row]) : "");
+    return cells;
+}
+
+// Row by row: the lines of a whole sheet would take as much memory as the table again.
 void PrintTable(const WorkbookColumns& columns, const WorkbookTable& table) {
     using Align = TextTable::Align;
+    constexpr int kIndent = 2;
     std::vector<Align> alignments(columns.size() + 1, Align::Left);
     alignments.front() = Align::Right;
     TextTable text(alignments);
-    std::vector<std::string> row{""};
-    for (const std::wstring& letters : columns) row.push_back(ToUtf8(letters.c_str()));
-    text.Add(row);
-    for (std::size_t i = 0; i < table.front().size(); ++i) {
-        row.assign(1, std::to_string(i + 1));
-        for (const auto& cells : table) row.push_back(i < cells.size() ? Shortened(cells[i]) : "");
-        text.Add(row);
-    }
-    Print(text.Format(2));
+    std::vector<std::string> header{""};
+    for (const std::wstring& letters : columns) header.push_back(ToUtf8(letters.c_str()));
+    text.Measure(header);
+    const std::size_t rowCount = table.front().size();
+    for (std::size_t row = 0; row < rowCount; ++row) text.Measure(MakeRow(table, row));
+    Print(text.FormatRow(header, kIndent));
+    for (std::size_t row = 0; row < rowCount; ++row) Print(text.FormatRow(MakeRow(table, row), kIndent));
 }
 
-Json SheetToJson(const std::string& book, const WorkbookColumns& columns, const WorkbookTable& table) {
-    constexpr int kJsonVersion = 1;
-    Json json{{"version", kJsonVersion}, {"file", book}, {"columns", Json::array()}};
-    for (std::size_t i = 0; i < columns.size(); ++i)
-        json["columns"].push_back(
-            {{"column", ToUtf8(columns[i].c_str())}, {"cells", ToArray(table[i], ToUtf8)}});
-    return json;
+// As PrintJson would, but cell by cell: all of them as JSON would take several times the table's memory.
+void PrintSheetAsJson(const std::string& book, const WorkbookColumns& columns, const WorkbookTable& table) {
+    const auto quoted = [](const std::string& text) {
+        return Json(text).dump(-1, ' ', false, Json::error_handler_t::replace);
+    };
+    Print("{\n  \"version\": 1,\n  \"file\": " + quoted(book) + ",\n  \"columns\": [");
+    for (std::size_t i = 0; i < columns.size(); ++i) {
+        Print(i == 0 ? "\n    {" : ",\n    {");
+        Print("\n      \"column\": " + quoted(ToUtf8(columns[i].c_str())) + ",\n      \"cells\": [");
+        const char* separator = "";
+        for (const CString& text : table[i]) {
+            Print(separator + ("\n        " + quoted(ToUtf8(text))));
+            separator = ",";
+        }
+        Print(table[i].empty() ? "]\n    }" : "\n      ]\n    }");
+    }
+    Print("\n  ]\n}\n");
 }
 
 ExitCode PrintSheet(const SheetOptions& options) {
     const WorkbookColumns columns = ParseColumns(FromUtf8(options.columns));
     const WorkbookTable table = ReadTable(FromUtf8(options.book), columns);
     if (options.isJson) {
-        PrintJson(SheetToJson(options.book, columns, table));
+        PrintSheetAsJson(options.book, columns, table);
     } else {
         Print(options.book + ": " + Count(table.front().size(), "row") + "\n");
         PrintTable(columns, table);

@@ -31,25 +31,28 @@ std::size_t DisplayWidth(const std::string& text) {
 }  // namespace
 
 void TextTable::Add(std::vector<std::string> cells) {
-    for (std::string& cell : cells) cell = Escaped(cell);
+    Measure(cells);
     m_rows.push_back(std::move(cells));
 }
 
 std::string TextTable::Format(int nIndent) const {
-    std::vector<std::size_t> widths(m_columns.size());
-    for (const auto& row : m_rows)
-        for (std::size_t i = 0; i < row.size(); ++i) widths[i] = std::max(widths[i], DisplayWidth(row[i]));
-
     std::string text;
-    for (const auto& row : m_rows) {
-        std::string line(static_cast<std::size_t>(nIndent), ' ');
-        for (std::size_t i = 0; i < row.size(); ++i) {
-            const std::string padding(widths[i] - DisplayWidth(row[i]), ' ');
-            line += i == 0 ? "" : "  ";
-            line += m_columns[i] == Align::Right ? padding + row[i] : row[i] + padding;
-        }
-        line.erase(line.find_last_not_of(' ') + 1);
-        text += line + "\n";
-    }
+    for (const auto& row : m_rows) text += FormatRow(row, nIndent);
     return text;
+}
+
+void TextTable::Measure(const std::vector<std::string>& cells) {
+    for (std::size_t i = 0; i < cells.size(); ++i)
+        m_widths[i] = std::max(m_widths[i], DisplayWidth(Escaped(cells[i])));
+}
+
+std::string TextTable::FormatRow(const std::vector<std::string>& cells, int nIndent) const {
+    std::string line(static_cast<std::size_t>(nIndent), ' ');
+    for (std::size_t i = 0; i < cells.size(); ++i) {
+        const std::string cell = Escaped(cells[i]), padding(m_widths[i] - DisplayWidth(cell), ' ');
+        line += i == 0 ? "" : "  ";
+        line += m_columns[i] == Align::Right ? padding + cell : cell + padding;
+    }
+    line.erase(line.find_last_not_of(' ') + 1);
+    return line + "\n";
 }

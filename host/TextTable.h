@@ -18,7 +18,12 @@ class TextTable {
     // The rows, each indented and ended by a line feed, columns two blanks apart.
     std::string Format(int nIndent) const;
 
+    // For tables too large to keep: makes the columns wide enough for a row, and formats it afterwards.
+    void Measure(const std::vector<std::string>& cells);
+    std::string FormatRow(const std::vector<std::string>& cells, int nIndent) const;
+
   private:
     std::vector<Align> m_columns;
+    std::vector<std::size_t> m_widths = std::vector<std::size_t>(m_columns.size());
     std::vector<std::vector<std::string>> m_rows;
 };

@@ -12,9 +12,9 @@ extern "C" __declspec(dllexport) ReadXlsxFunction ReadExcelAndFillTableColByCol;
 namespace {
 
 WorkbookTable ReadTable(zip_source_t* pSource, const WorkbookColumns& columns) {
-    const XlsxColumns sheet(pSource, columns);
+    XlsxColumns sheet(pSource, columns);
     WorkbookTable table;
-    for (std::size_t i = 0; i < columns.size(); ++i) table.push_back(sheet.Texts<CString, int>(i));
+    for (std::size_t i = 0; i < columns.size(); ++i) table.push_back(sheet.TakeTexts<CString, int>(i));
     return table;
 }
 

@@ -5,9 +5,8 @@
 #include <string_view>
 #include <vector>
 
-// The number formats of a workbook's styles. A format shows a date, "yyyy\-mm\-dd", a currency of any
-// country,
-// "[$€-40C] 0.00", or a plain number, "0.00%" or "[$-409]0.0".
+// The number formats of a workbook's styles. A format shows a date, "yyyy\-mm\-dd" or "ggge", a currency of
+// any country, "[$€-40C] 0.00", or a plain number, "0.00%" or "[$-409]0.0".
 class NumberFormats {
   public:
     NumberFormats() = default;

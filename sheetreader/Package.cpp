@@ -42,6 +42,11 @@ std::string Unescaped(std::string_view name) {
     return text;
 }
 
+std::string WithBackslashes(std::string name) {
+    std::replace(name.begin(), name.end(), '/', '\\');
+    return name;
+}
+
 // "xl/" of "xl/workbook.xml".
 std::string FolderOf(const std::string& part) {
     return part.substr(0, part.find_last_of('/') + 1);
@@ -64,11 +69,14 @@ std::string Resolve(std::string folder, std::string_view target) {
 
 // Of the element that was just entered.
 Relationship ReadRelationship(const XmlScanner& xml, const std::string& folder) {
-    const std::string_view type = xml.Attribute("Type");
+    const std::string_view id = xml.Attribute("Id"), type = xml.Attribute("Type"),
+                           target = xml.Attribute("Target");
+    if (std::max({id.size(), type.size(), target.size()}) > kMaxTargetBytes)
+        throw std::runtime_error("too long a relationship");
     const bool bExternal = xml.Attribute("TargetMode") == "External";
-    return {.id = std::string(xml.Attribute("Id")),
+    return {.id = std::string(id),
             .type = std::string(type.substr(type.find_last_of('/') + 1)),
-            .part = bExternal ? "" : Resolve(folder, xml.Attribute("Target"))};
+            .part = bExternal ? "" : Resolve(folder, target)};
 }
 
 }  // namespace
@@ -79,8 +87,10 @@ Package::Package(zip_source* pSource) : m_pZip(nullptr, zip_discard), m_nBytesLe
 }
 
 std::optional<std::uint64_t> Package::FindEntry(const std::string& part) const {
-    // Some writers escape names in the archive as they do in targets, others don't.
-    for (const std::string& name : {part, Unescaped(part)})
+    // Some writers escape names in the archive as they do in targets, others don't. Some divide folders by
+    // backslashes.
+    for (const std::string& name :
+         {part, Unescaped(part), WithBackslashes(part), WithBackslashes(Unescaped(part))})
         if (const auto n = zip_name_locate(m_pZip.get(), name.c_str(), ZIP_FL_NOCASE); n >= 0)
             return static_cast<std::uint64_t>(n);
     return std::nullopt;
@@ -98,13 +108,17 @@ std::vector<Relationship> Package::ReadRelationships(const std::string& part) {
     const std::string folder = FolderOf(part);
     const std::string list = folder + "_rels/" + part.substr(folder.size()) + ".rels";
     std::vector<Relationship> relationships;
+    std::size_t nBytes = 0;
     if (!FindEntry(list)) return relationships;
     XmlScanner xml = OpenPart(list);
     xml.EnterRoot("Relationships");
     xml.ForEachChild([&](std::string_view name) {
         if (name != "Relationship") return;
-        if (relationships.size() == kMaxListEntries) throw std::runtime_error("too many relationships");
         relationships.push_back(ReadRelationship(xml, folder));
+        const auto& [id, type, target] = relationships.back();
+        nBytes += id.size() + type.size() + target.size();
+        if (relationships.size() > kMaxListEntries || nBytes > kMaxListBytes)
+            throw std::runtime_error("too many relationships");
     });
     xml.Finish();
     return relationships;

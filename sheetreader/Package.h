@@ -19,9 +19,9 @@ struct Relationship {
     std::string part;  // full name of the target; empty when that is outside of the package
 };
 
-// The zip archive of a workbook and its parts. Names are such as "xl/workbook.xml", in any case; escaped ones
-// ("a%20b.xml") are found in either form. All members throw std::runtime_error when a part is missing,
-// damaged or encrypted, or when the parts inflate too far (kMaxInflation).
+// The zip archive of a workbook and its parts. Names are such as "xl/workbook.xml", in any case. The
+// archive's own may be escaped ("a%20b.xml") and have backslashes. All members throw std::runtime_error when
+// a part is missing, damaged or encrypted, or when the parts inflate too far (kMaxInflation).
 class Package {
   public:
     // Takes over the source, also when it throws.

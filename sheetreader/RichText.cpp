@@ -1,10 +1,12 @@
 #include "RichText.h"
 
+#include "Limits.h"
 #include "Unicode.h"
 
 #include <charconv>
 #include <cstdint>
 #include <optional>
+#include <stdexcept>
 
 namespace {
 
@@ -37,10 +39,11 @@ void AppendUnescaped(std::string& text, std::string_view escaped) {
 }  // namespace
 
 void ReadPlainText(XmlScanner& xml, std::string& text) {
-    const bool bPreserve = xml.Attribute("space") == "preserve";
+    const bool bPreserve = xml.Attribute("xml:space") == "preserve";
     std::string pieces;
     const std::string_view escaped = xml.ReadText(pieces);
     AppendUnescaped(text, bPreserve ? escaped : Trimmed(escaped));
+    if (text.size() > kMaxTokenBytes) throw std::length_error("too long a text");
 }
 
 void ReadRichText(XmlScanner& xml, std::string& text) {

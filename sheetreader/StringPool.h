@@ -23,6 +23,7 @@ class StringPool {
         return {m_bytes.data() + nStart, m_ends[nString] - nStart};
     }
     std::size_t size() const { return m_ends.size(); }
+    std::size_t CountBytes() const { return m_bytes.size() + m_ends.size() * sizeof(m_ends[0]); }
 
   private:
     std::string m_bytes;  // all strings, one behind the other

@@ -28,8 +28,9 @@ char32_t JoinSurrogates(char32_t high, char32_t low) {
     return 0x10000 + ((high & 0x3FF) << 10 | (low & 0x3FF));
 }
 
-// The character whose first byte is at nAt, which moves behind it.
-char32_t Decode(std::string_view utf8, std::size_t& nAt) {
+}  // namespace
+
+char32_t DecodeUtf8(std::string_view utf8, std::size_t& nAt) {
     constexpr char32_t kLeast[] = {0x80, 0x800, 0x10000};  // of each length; less is an overlong form
     const unsigned nLead = static_cast<unsigned char>(utf8[nAt++]);
     if (nLead < 0x80) return nLead;
@@ -44,8 +45,6 @@ char32_t Decode(std::string_view utf8, std::size_t& nAt) {
     if (ch < kLeast[nFollowing - 1] || ch > 0x10FFFF) throw std::runtime_error("no UTF-8");
     return ch;
 }
-
-}  // namespace
 
 std::size_t AppendUtf16(std::string& utf8, std::string_view utf16, bool bBigEndian) {
     const auto byte = [&](std::size_t nAt) { return static_cast<unsigned char>(utf16[nAt]); };
@@ -68,7 +67,7 @@ void ToWide(std::string_view utf8, std::wstring& wide) {
         std::find_if(utf8.begin(), utf8.end(), [](char ch) { return static_cast<signed char>(ch) < 0; });
     wide.assign(utf8.begin(), end);
     for (auto nAt = static_cast<std::size_t>(end - utf8.begin()); nAt < utf8.size();) {
-        const char32_t ch = Decode(utf8, nAt);
+        const char32_t ch = DecodeUtf8(utf8, nAt);
         if (sizeof(wchar_t) == 4 || ch < 0x10000) {
             wide += static_cast<wchar_t>(ch);
         } else {

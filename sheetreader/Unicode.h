@@ -13,5 +13,9 @@ void AppendUtf8(std::string& utf8, char32_t ch);
 // std::runtime_error for half a surrogate pair.
 std::size_t AppendUtf16(std::string& utf8, std::string_view utf16, bool bBigEndian);
 
+// The character whose first byte is at nAt, which moves behind it. Throws std::runtime_error when the text is
+// no UTF-8.
+char32_t DecodeUtf8(std::string_view utf8, std::size_t& nAt);
+
 // Replaces the text. Throws std::runtime_error when it is no UTF-8.
 void ToWide(std::string_view utf8, std::wstring& wide);

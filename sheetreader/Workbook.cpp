@@ -18,6 +18,7 @@ struct SheetEntry {
 struct SheetList {
     std::vector<SheetEntry> sheets;
     std::optional<std::size_t> activeTab;  // of the first window
+    std::size_t nBytes = 0;
 };
 
 // Reads the element that was just entered: <workbookView> or <sheet>.
@@ -26,9 +27,13 @@ void ReadEntry(const XmlScanner& xml, std::string_view name, SheetList& list) {
         const std::string_view active = xml.Attribute("activeTab");
         list.activeTab = active.empty() ? 0 : ParseIndex(active);
     } else if (name == "sheet") {
-        if (list.sheets.size() == kMaxListEntries) throw std::runtime_error("too many sheets");
         const std::string_view state = xml.Attribute("state");
-        list.sheets.push_back({std::string(xml.Attribute("id")), state.empty() || state == "visible"});
+        std::string_view id = xml.Attribute("r:id");
+        if (id.empty()) id = xml.PrefixedAttribute("id");  // nearly all writers call it r
+        list.sheets.push_back({std::string(id), state.empty() || state == "visible"});
+        list.nBytes += id.size();
+        if (list.sheets.size() > kMaxListEntries || list.nBytes > kMaxListBytes)
+            throw std::runtime_error("too many sheets");
     }
 }
 

@@ -71,13 +71,20 @@ void XlsxColumns::RequestColumns(const std::vector<std::wstring>& letters) {
     }
 }
 
+// The cells of one column at a time are still there when the table is full (TakeTexts). A text of the table
+// has memory of its own when it is longer than a string holds in itself.
 void XlsxColumns::CheckTableSize() const {
-    std::size_t nBytes = 0;
-    if (m_nRows * m_requestedSlots.size() > kMaxTableCells) throw std::length_error("too large a table");
+    constexpr std::size_t kAllocationBytes = 32, kMaxShortText = 7;
+    const std::size_t nTableCells = m_nRows * m_requestedSlots.size();
+    if (nTableCells > kMaxTableCells) throw std::length_error("too large a table");
+    std::size_t nBytes = m_strings.CountBytes() + m_nRows * sizeof(Cell) + nTableCells * sizeof(std::wstring);
     for (const std::uint16_t nSlot : m_requestedSlots)
-        for (const Cell& cell : m_columns[nSlot])
-            if (cell.nRow <= m_nRows) nBytes += m_strings[cell.nString].size();
-    if (nBytes > kMaxTableBytes) throw std::length_error("too large a table");
+        for (const auto& [nRow, nString] : m_columns[nSlot]) {
+            const std::size_t nLength = m_strings[nString].size();
+            if (nRow <= m_nRows && nLength > kMaxShortText)
+                nBytes += nLength * sizeof(wchar_t) + kAllocationBytes;
+        }
+    if (nBytes > kMaxReadBytes) throw std::length_error("too large a table");
 }
 
 void XlsxColumns::ReadSheet(XmlScanner xml, const NumberFormats& formats) {

@@ -4,6 +4,7 @@
 #include "Unicode.h"
 #include "XmlScanner.h"
 
+#include <algorithm>
 #include <string>
 #include <vector>
 
@@ -21,10 +22,10 @@ class XlsxColumns {
     // it is too large (Limits.h).
     XlsxColumns(zip_source* pSource, const std::vector<std::wstring>& letters);
 
-    // Texts of the nth requested column, from row 1 down. Text is constructible from const wchar_t* and
-    // Length.
+    // Texts of the nth requested column, from row 1 down; once for each column, in the order of the request.
+    // Text is constructible from const wchar_t* and Length.
     template <class Text, class Length = std::size_t>
-    std::vector<Text> Texts(std::size_t nColumn) const;
+    std::vector<Text> TakeTexts(std::size_t nColumn);
 
   private:
     struct Cell {
@@ -55,14 +56,16 @@ class XlsxColumns {
 };
 
 template <class Text, class Length>
-std::vector<Text> XlsxColumns::Texts(std::size_t nColumn) const {
-    const std::uint16_t nSlot = m_requestedSlots[nColumn];
-    std::vector<Text> texts(nSlot ? m_nRows : 0);
+std::vector<Text> XlsxColumns::TakeTexts(std::size_t nColumn) {
+    const auto slot = m_requestedSlots.begin() + static_cast<std::ptrdiff_t>(nColumn);
+    std::vector<Text> texts(*slot ? m_nRows : 0);
     std::wstring wide;
-    for (const auto& [nRow, nString] : m_columns[nSlot]) {
+    for (const auto& [nRow, nString] : m_columns[*slot]) {
         if (nRow > texts.size()) continue;
         ToWide(m_strings[nString], wide);
         texts[nRow - 1] = Text(wide.data(), static_cast<Length>(wide.size()));
     }
+    const bool bAskedAgain = std::find(slot + 1, m_requestedSlots.end(), *slot) != m_requestedSlots.end();
+    if (!bAskedAgain) Column().swap(m_columns[*slot]);  // the table takes enough memory
     return texts;
 }

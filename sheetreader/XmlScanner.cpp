@@ -37,11 +37,10 @@ void SkipBlanks(Char*& p) {
     while (ClassOf(*p) & kBlank) ++p;
 }
 
-// Moves behind the name; gives it without its prefix.
-std::string_view ParseLocalName(char*& p) {
-    const char* pName = p;
-    for (; !(ClassOf(*p) & kEndsName); ++p)
-        if (*p == ':') pName = p + 1;
+// Moves behind the name.
+std::string_view ParseName(char*& p) {
+    const char* const pName = p;
+    while (!(ClassOf(*p) & kEndsName)) ++p;
     return {pName, p};
 }
 
@@ -72,6 +71,14 @@ std::string_view XmlScanner::Attribute(std::string_view name) const {
     return {};
 }
 
+std::string_view XmlScanner::PrefixedAttribute(std::string_view name) const {
+    for (const auto& [given, value] : m_attributes) {
+        const std::size_t nColon = given.find(':');
+        if (nColon != given.npos && given.substr(nColon + 1) == name) return value;
+    }
+    return {};
+}
+
 std::string_view XmlScanner::ReadText(std::string& pieces) {
     const std::size_t nOwnDepth = m_nDepth;
     pieces.clear();
@@ -82,6 +89,7 @@ std::string_view XmlScanner::ReadText(std::string& pieces) {
             AppendResolved(pieces, m_text);
         else
             pieces += m_text;
+        if (pieces.size() > kMaxTokenBytes) Fail("too long a text");
     }
     return pieces;
 }
@@ -139,9 +147,7 @@ XmlScanner::Token XmlScanner::ReadStartTag() {
 // False when the buffer ends within the tag. So does the next one.
 inline bool XmlScanner::ParseStartTag() {
     char* p = m_buffer.Begin() + 1;
-    char* const pName = p;
-    while (!(ClassOf(*p) & kEndsName)) ++p;
-    m_name = {pName, p};
+    m_name = ParseName(p);
     m_attributes.clear();
     for (SkipBlanks(p); *p != '>' && *p != '/'; SkipBlanks(p))
         if (p == m_buffer.End() || !ParseAttribute(p)) return false;
@@ -153,7 +159,7 @@ inline bool XmlScanner::ParseStartTag() {
 }
 
 bool XmlScanner::ParseAttribute(char*& p) {
-    const std::string_view name = ParseLocalName(p);
+    const std::string_view name = ParseName(p);
     SkipBlanks(p);
     if (p == m_buffer.End()) return false;
     if (name.empty() || *p++ != '=') Fail("an attribute without value");
@@ -165,6 +171,7 @@ bool XmlScanner::ParseAttribute(char*& p) {
     const unsigned nClasses = SkipValue(p, quote);
     if (p == m_buffer.End()) return false;
     if (*p != quote) Fail("a tag within an attribute");
+    if (m_attributes.size() == kMaxAttributes) Fail("too many attributes");
     m_attributes.push_back({name, {pValue, p++}});
     m_bRawValues |= (nClasses & kToResolve) != 0;
     return true;
@@ -189,6 +196,7 @@ void XmlScanner::NoteRoot() {
 
 inline void XmlScanner::OpenElement() {
     if (m_nDepth == kMaxElementDepth) Fail("too many elements in one another");
+    if (m_name.size() > kMaxNameBytes) Fail("too long a name");
     if (m_nDepth == m_openNames.size()) m_openNames.emplace_back();
     std::string& openName = m_openNames[m_nDepth++];
     if (openName != m_name) openName = m_name;  // most are the same as the one before

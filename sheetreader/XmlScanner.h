@@ -7,9 +7,9 @@
 #include <vector>
 
 // Walks once through the XML of a workbook's part and keeps nothing of it. All members throw
-// std::runtime_error when tags are not well-formed, elements are nested too deep (kMaxElementDepth), or the
-// part has a document type. Characters of names, and what is passed over, are not checked. Views are valid
-// until the next element or text.
+// std::runtime_error when tags are not well-formed or too large (Limits.h), elements are nested too deep, or
+// the part has a document type. Characters of names, and what is passed over, are not checked. Views are
+// valid until the next element or text.
 class XmlScanner {
   public:
     explicit XmlScanner(XmlBuffer::Source source) : m_buffer(std::move(source)) {}
@@ -29,8 +29,11 @@ class XmlScanner {
             if (m_token == Token::Start && m_nDepth == nParentDepth + 1) handler(m_name);
     }
 
-    // Of the element that was just entered, by its name without prefix; empty when it has none.
+    // Of the element that was just entered, by its name as it is written; empty when it has none.
     std::string_view Attribute(std::string_view name) const;
+
+    // The first one that has a prefix and behind it this name.
+    std::string_view PrefixedAttribute(std::string_view name) const;
 
     // Text of the open element without that of its children. The view is of the XML or, when the text is in
     // several pieces, of these put together. The element may still be open afterwards.

@@ -11,7 +11,7 @@
 // Letters of the columns to read. The first is "A": it decides how many rows there are.
 using WorkbookColumns = std::vector<std::wstring>;
 
-// Texts of the cells, column by column, each from row 1 down.
+// Texts of the cells, column by column, each from row 1 down. A column may be shorter than column "A".
 using WorkbookTable = std::vector<std::vector<CString>>;
 
 // Why a workbook was not read.

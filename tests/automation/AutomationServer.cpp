@@ -7,13 +7,19 @@ namespace {
 
 constexpr CLSID kClassId = {0x19D4B5AB, 0xCC0E, 0x4750, {0x95, 0xAA, 0x0A, 0x79, 0x8D, 0x7D, 0x37, 0x60}};
 constexpr wchar_t kApplicationKey[] = L"Software\\Classes\\Excel.Application";
-constexpr WORD kMethod = DISPATCH_METHOD, kProperty = DISPATCH_PROPERTYGET;
+constexpr WORD kMethod = DISPATCH_METHOD, kProperty = DISPATCH_PROPERTYGET, kPut = DISPATCH_PROPERTYPUT;
 
 using Members = std::vector<Member>;
 
 struct Session {
     CallLog& log;
     CellRows rows;  // of the open workbook
+    bool bAlerts = true;
+
+    // What every workbook does when it is opened and closed.
+    void Ask() {
+        if (bAlerts) log.lines.push_back(L"Alert");
+    }
 };
 
 _variant_t NewObject(Session& session, Members members) {
@@ -39,6 +45,7 @@ Members Sheet(Session& session) {
 
 Members Workbook(Session& session) {
     return {{L"Close", kMethod, 0, [&session](const auto&) {
+                 session.Ask();
                  session.rows.clear();
                  return _variant_t();
              }}};
@@ -46,13 +53,20 @@ Members Workbook(Session& session) {
 
 Members Workbooks(Session& session) {
     return {{L"Open", kMethod, 1, [&session](const auto& path) {
+                 session.Ask();
                  session.rows = ReadCellFile(path.bstrVal);
                  return NewObject(session, Workbook(session));
              }}};
 }
 
 Members Application(Session& session) {
-    return {{L"Workbooks", kProperty, 0, [&](const auto&) { return NewObject(session, Workbooks(session)); }},
+    return {{L"DisplayAlerts", kPut, 1,
+             [&](const auto& value) {
+                 session.bAlerts = value;
+                 return _variant_t();
+             }},
+            {L"AutomationSecurity", kPut, 1, [](const auto&) { return _variant_t(); }},
+            {L"Workbooks", kProperty, 0, [&](const auto&) { return NewObject(session, Workbooks(session)); }},
             {L"ActiveSheet", kProperty, 0, [&](const auto&) { return NewObject(session, Sheet(session)); }},
             {L"Quit", kMethod, 0, [](const auto&) { return _variant_t(); }}};
 }

@@ -3,7 +3,6 @@
 #include "CellFile.h"
 #include "DispatchObject.h"
 
-#include <climits>
 #include <thread>
 #include <utility>
 
@@ -21,19 +20,17 @@ class AutomationServer {
     AutomationServer& operator=(const AutomationServer&) = delete;
 
     // As many calls fail as told, of whatever member. The first is the n-th call from now on of "Create",
-    // "Workbooks", "Open", "ActiveSheet", "Range", "value", "Close", "Quit" or "id" (the look-up of a name).
+    // "DisplayAlerts", "AutomationSecurity", "Workbooks", "Open", "ActiveSheet", "Range", "value", "Close",
+    // "Quit" or "id" (the look-up of a name).
     void FailAt(const std::wstring& member, int nCall = 1, HRESULT result = kExcelError, int nTimes = 1) {
         m_log.fault = {member, nCall, nTimes, result};
-    }
-    // From that call on, all fail as they do when the process of the server has ended.
-    void DieAt(const std::wstring& member, int nCall = 1) {
-        FailAt(member, nCall, HRESULT_FROM_WIN32(RPC_S_SERVER_UNAVAILABLE), INT_MAX);
     }
 
     // From now on there is no Excel on the machine.
     void Unregister();
 
     // The calls since the last time, each with its argument: "Create", "id Open", "Open C:\a.xls", "value".
+    // Before them "Alert", where Excel asked its user something.
     std::vector<std::wstring> TakeCalls() { return std::exchange(m_log.lines, {}); }
     // Objects that clients have not released.
     int ObjectsInUse() const { return m_log.nObjects; }

@@ -38,6 +38,9 @@ HRESULT DispatchObject::Invoke(DISPID id, REFIID, LCID, WORD kinds, DISPPARAMS* 
     if (index >= m_members.size() || !(m_members[index].nKind & kinds)) return DISP_E_MEMBERNOTFOUND;
     const Member& member = m_members[index];
     if (arguments->cArgs != member.nArguments) return DISP_E_BADPARAMCOUNT;
+    const bool bNamesValue =
+        arguments->cNamedArgs == 1 && arguments->rgdispidNamedArgs[0] == DISPID_PROPERTYPUT;
+    if (bNamesValue != (member.nKind == DISPATCH_PROPERTYPUT)) return DISP_E_PARAMNOTFOUND;
     try {
         const _variant_t argument = member.nArguments ? _variant_t(arguments->rgvarg[0]) : _variant_t(L"");
         const HRESULT noted = m_log.Note(member.name, static_cast<LPCWSTR>(_bstr_t(argument)));

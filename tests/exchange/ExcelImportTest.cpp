@@ -6,11 +6,17 @@
 
 #include <gmock/gmock.h>
 
+#include <climits>
 #include <clocale>
 
 using namespace testing;
 
 namespace {
+
+constexpr int kEver = INT_MAX;
+
+// As Excel says while its user edits a cell.
+constexpr HRESULT kExcelIgnores = static_cast<HRESULT>(0x800AC472);
 
 constexpr char kBands[] = "H1|H2|A1\n0|25|3\n25|50.5|1.5\n";
 
@@ -75,6 +81,9 @@ TEST_F(ExcelImportTest, PassesArgumentsInOrderAndLeavesThemToTheCaller) {
     EXPECT_EQ(AutoInvoke(AutoMethod, nullptr, words.Get(), L"add", 2, plainKey, plainItem), S_OK);
     EXPECT_EQ(AutoInvoke(AutoPropertyGet, &found, words.Get(), L"Item", 1, plainKey), S_OK);
     EXPECT_STREQ(CellText(found), L"item");
+    EXPECT_EQ(AutoInvoke(AutoPropertyPut, nullptr, words.Get(), L"Item", 2, plainKey, plainKey), S_OK);
+    EXPECT_EQ(AutoInvoke(AutoPropertyGet, &found, words.Get(), L"Item", 1, plainKey), S_OK);
+    EXPECT_STREQ(CellText(found), L"key");
     EXPECT_EQ(AutoInvoke(AutoMethod, nullptr, words.Get(), L"Quit", 0), DISP_E_UNKNOWNNAME);
     EXPECT_EQ(AutoInvoke(AutoMethod, nullptr, nullptr, L"Quit", 0), E_POINTER);
 }
@@ -110,36 +119,60 @@ TEST_F(ExcelImportTest, StandInTellsWhatItsClientKept) {
 TEST_F(ExcelImportTest, AsksForEachCellOnceAndForEachNameOnce) {
     EXPECT_EQ(Read("H1|H2\n0|25\n", {L"A", L"B"}), WorkbookFault::None);
     EXPECT_THAT(m_server.TakeCalls(),
-                ElementsAre(L"Create", L"id Workbooks", L"Workbooks", L"id Open", L"Open " + m_book,
-                            L"id ActiveSheet", L"ActiveSheet", L"id Range", L"Range A1", L"id value",
-                            L"value", L"Range A2", L"value", L"Range A3", L"value", L"Range B1", L"value",
-                            L"Range B2", L"value", L"id Close", L"Close", L"id Quit", L"Quit"));
+                ElementsAre(L"Create", L"id DisplayAlerts", L"DisplayAlerts 0", L"id AutomationSecurity",
+                            L"AutomationSecurity 3", L"id Workbooks", L"Workbooks", L"id Open",
+                            L"Open " + m_book, L"id ActiveSheet", L"ActiveSheet", L"id Range", L"Range A1",
+                            L"id value", L"value", L"Range A2", L"value", L"Range A3", L"value", L"Range B1",
+                            L"value", L"Range B2", L"value", L"id Close", L"Close", L"id Quit", L"Quit"));
+}
+
+TEST_F(ExcelImportTest, TriesAgainForSomeSecondsWhileExcelIsBusy) {
+    const std::pair<std::wstring, HRESULT> kCases[] = {{L"id", RPC_E_CALL_REJECTED},
+                                                       {L"Open", RPC_E_SERVERCALL_RETRYLATER},
+                                                       {L"Range", RPC_E_CALL_REJECTED},
+                                                       {L"Range", kExcelIgnores},
+                                                       {L"value", RPC_E_SERVERCALL_RETRYLATER}};
+    for (const auto& [member, busy] : kCases) {
+        SCOPED_TRACE(Utf8(member) + " " + std::to_string(busy));
+        m_server.FailAt(member, 1, busy, 3);
+        EXPECT_EQ(Read(kBands, {L"A"}), WorkbookFault::None);
+        EXPECT_EQ(m_table, (WorkbookTable{{L"H1", L"0", L"25"}}));
+    }
 }
 
 TEST_F(ExcelImportTest, EndsInOrderWhateverFails) {
-    enum Kind { Fails, Dies };
+    constexpr HRESULT kDead = HRESULT_FROM_WIN32(RPC_S_SERVER_UNAVAILABLE);
     using enum WorkbookFault;
     const struct {
-        LPCWSTR member;
+        std::wstring member;
         int call;
-        Kind kind;
+        int times;
+        HRESULT result;
         WorkbookFault fault;
         std::string end;
     } kCases[] = {
-        {L"Create", 1, Fails, ExcelNotStarted, ""},
-        {L"Workbooks", 1, Fails, NotOpened, "Quit"},
-        {L"Open", 1, Fails, NotOpened, "Quit"},
-        {L"ActiveSheet", 1, Fails, NotOpened, "ActiveSheetCloseQuit"},
-        {L"value", 6, Fails, CellUnreadable, "ActiveSheet"},  // neither Close nor Quit
-        {L"Close", 1, Fails, None, "ActiveSheetCloseQuit"},
-        {L"Quit", 1, Fails, ExcelNotQuit, "ActiveSheetCloseQuit"},
-        {L"Open", 1, Dies, NotOpened, ""},
-        {L"Range", 6, Dies, ExcelNotQuit, "ActiveSheet"},
-        {L"Range", 3, Fails, None, "ActiveSheetCloseQuit"},  // taken for the end of the sheet
+        {L"Create", 1, 1, kExcelError, ExcelNotStarted, ""},
+        {L"DisplayAlerts", 1, 1, kExcelError, NotOpened, "Quit"},
+        {L"AutomationSecurity", 1, 1, kExcelError, NotOpened, "Quit"},
+        {L"Workbooks", 1, 1, kExcelError, NotOpened, "Quit"},
+        {L"Open", 1, 1, kExcelError, NotOpened, "Quit"},
+        {L"Open", 1, kEver, kDead, NotOpened, ""},
+        {L"ActiveSheet", 1, 1, kExcelError, NotOpened, "ActiveSheetCloseQuit"},
+        // Neither Close nor Quit.
+        {L"value", 6, 1, kExcelError, CellUnreadable, "ActiveSheet"},
+        {L"Range", 3, kEver, RPC_E_SERVERCALL_RETRYLATER, CellUnreadable, "ActiveSheet"},
+        {L"Range", 6, kEver, kDead, CellUnreadable, "ActiveSheet"},
+        {L"Range", 3, 1, RPC_E_SERVERFAULT, CellUnreadable, "ActiveSheet"},
+        {L"Range", 3, 1, E_OUTOFMEMORY, CellUnreadable, "ActiveSheet"},
+        {L"Close", 1, 1, kExcelError, None, "ActiveSheetCloseQuit"},
+        {L"Quit", 1, 1, kExcelError, ExcelNotQuit, "ActiveSheetCloseQuit"},
+        // Taken for the end of the sheet.
+        {L"Range", 3, 1, DISP_E_EXCEPTION, None, "ActiveSheetCloseQuit"},
+        {L"Range", 3, 1, kExcelError, None, "ActiveSheetCloseQuit"},
     };
-    for (const auto& [member, call, kind, fault, end] : kCases) {
-        SCOPED_TRACE(Utf8(member) + " " + std::to_string(call) + (kind == Dies ? " dies" : " fails"));
-        kind == Dies ? m_server.DieAt(member, call) : m_server.FailAt(member, call);
+    for (const auto& [member, call, times, result, fault, end] : kCases) {
+        SCOPED_TRACE(Utf8(member) + " " + std::to_string(call) + " " + std::to_string(result));
+        m_server.FailAt(member, call, result, times);
         EXPECT_EQ(Read(kBands, {L"A", L"B"}), fault);
         EXPECT_EQ(TakeEnd(), end);
         EXPECT_EQ(m_server.ObjectsInUse(), 0);

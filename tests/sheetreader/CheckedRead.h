@@ -9,13 +9,13 @@
 // Reads a workbook that may be damaged: false when it is refused. Aborts when the table can't be right.
 inline bool CheckedRead(const std::string& bytes) {
     try {
-        const XlsxColumns sheet(OpenBytes(bytes), {L"A", L"B", L"C", L"ZZZZ"});
-        const auto columnA = sheet.Texts<std::wstring>(0);
+        XlsxColumns sheet(OpenBytes(bytes), {L"A", L"B", L"C", L"ZZZZ"});
+        const auto columnA = sheet.TakeTexts<std::wstring>(0);
         for (const std::wstring& text : columnA)
             if (text.empty()) std::abort();
         for (const std::size_t nColumn : {1u, 2u})
-            if (sheet.Texts<std::wstring>(nColumn).size() != columnA.size()) std::abort();
-        if (!sheet.Texts<std::wstring>(3).empty()) std::abort();
+            if (sheet.TakeTexts<std::wstring>(nColumn).size() != columnA.size()) std::abort();
+        if (!sheet.TakeTexts<std::wstring>(3).empty()) std::abort();
     } catch (const std::exception&) {
         return false;
     }

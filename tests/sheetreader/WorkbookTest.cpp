@@ -11,8 +11,8 @@ std::optional<std::string> ActiveSheet(const std::string& activeTab, const std::
                                        const std::string& thirdType = "chartsheet") {
     Parts parts = MakeParts("");
     parts["xl/workbook.xml"] = "<workbook><bookViews><workbookView activeTab='" + activeTab +
-                               "'/><workbookView/></bookViews><sheets><sheet r:id='s0' state='" + firstState +
-                               "'/><sheet r:id='s1' state='" + secondState +
+                               "'/><workbookView/></bookViews><sheets><sheet f:id='s2' r:id='s0' state='" +
+                               firstState + "'/><sheet rel:id='s1' f:state='' state='" + secondState +
                                "'/><sheet r:id='s2'/></sheets></workbook>";
     parts["xl/_rels/workbook.xml.rels"] =
         "<Relationships><Relationship Id='s0' Type='a/worksheet' Target='/xl/../xl/./worksheets/sheet1.xml'/>"
@@ -36,11 +36,11 @@ TEST(WorkbookTest, FindsTheSheetThatExcelActivates) {
     EXPECT_EQ(ActiveSheet("3", "hidden", "visible"), second);
 }
 
-TEST(WorkbookTest, OpensPartsByNamesInAnyCase) {
-    for (const std::string entry : {"other Sheet.xml", "OTHER%20sheet.xml"}) {
+TEST(WorkbookTest, OpensPartsByAllNamesThatWritersGiveThem) {
+    for (const std::string entry : {"my/other Sheet.xml", "MY/OTHER%20sheet.xml", "my\\Other%20sheet.xml"}) {
         Parts parts = MakeParts("");
         parts[entry] = "<worksheet/>";
         const std::string bytes = MakeZip(parts);
-        EXPECT_NO_THROW(Workbook(OpenBytes(bytes)).OpenPart("Other%20sheet.XML")) << entry;
+        EXPECT_NO_THROW(Workbook(OpenBytes(bytes)).OpenPart("my/Other%20sheet.XML")) << entry;
     }
 }
