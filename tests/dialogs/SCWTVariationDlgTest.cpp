@@ -130,9 +130,15 @@ TEST_F(SCWTVariationDlgTest, BelongsToTheMainWindowOfItsHost) {
     AfxGetApp()->m_pMainWnd = &main;
     SetActiveWindow(hOther);
     Open([](DialogUser& user) { user.Press(VK_ESCAPE); });
-    AfxGetApp()->m_pMainWnd = nullptr;
-    main.Detach();
     DestroyWindow(hOther);
+    m_hOwner = CreateWindowW(L"STATIC", L"palette", WS_POPUP | WS_CAPTION | WS_VISIBLE, 0, 0, 50, 50,
+                             m_hHostWindow, nullptr, nullptr, nullptr);
+    for (CWnd* const pMain : {&main, static_cast<CWnd*>(nullptr)}) {
+        AfxGetApp()->m_pMainWnd = pMain;
+        SetActiveWindow(m_hOwner);
+        Open([](DialogUser& user) { user.Press(VK_ESCAPE); });
+    }
+    main.Detach();
 }
 
 TEST_F(SCWTVariationDlgTest, WithoutTheParameterOnlyCancelWorks) {
@@ -168,6 +174,7 @@ TEST_F(SCWTVariationDlgTest, SaysThatTheHelpFileIsMissing) {
     GetModuleFileNameW(nullptr, szProgram, MAX_PATH);
     const CString strFolder = CString(szProgram).Left(CString(szProgram).Find(L"\\bin\\"));
     Open([&](DialogUser& user) {
+        EXPECT_FALSE(GetModuleHandleW(L"hhctrl.ocx")) << "loaded without need";
         m_boxes.Expect(
             L"The help file " + strFolder + L"\\lang\\english\\mfxkit.chm is missing or can't be opened.",
             MB_ICONEXCLAMATION);

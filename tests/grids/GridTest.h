@@ -7,6 +7,7 @@
 #include "support/WindowText.h"
 
 #include <afxcmn.h>
+#include <functional>
 #include <gmock/gmock.h>
 
 #include <random>
@@ -20,12 +21,16 @@ struct GridNotice {
 
 class GridDialog : public CWnd, public IGridParent {
   public:
-    void OnGridNotify(const CString& strText, int nCode) override { m_notices.push_back({nCode, strText}); }
+    void OnGridNotify(const CString& strText, int nCode) override {
+        m_notices.push_back({nCode, strText});
+        m_atNotice(nCode);
+    }
     void SupplyMaterialGroups(CMFXListCtrl&) override { ++m_nAsked; }
 
     std::vector<GridNotice> TakeNotices() { return std::exchange(m_notices, {}); }
 
     std::vector<GridNotice> m_notices;
+    std::function<void(int)> m_atNotice = [](int) {};
     int m_nAsked = 0;
 };
 
@@ -66,9 +71,9 @@ class GridTest : public testing::Test {
 
     CWnd& Editor() { return *m_grid.GetDlgItem(kEditorId); }
     CComboBox& Combo() { return static_cast<CComboBox&>(*m_grid.GetDlgItem(kComboId)); }
-    CRect EditorPlace() {
+    CRect PlaceOf(const CWnd& control) {
         CRect place;
-        Editor().GetWindowRect(place);
+        control.GetWindowRect(place);
         m_grid.ScreenToClient(place);
         return place;
     }
@@ -95,6 +100,10 @@ class GridTest : public testing::Test {
         else
             bHandled = m_grid.HandleKeyDown(&msg);
         return bHandled;
+    }
+    void ExpectKeysUntaken() {
+        for (const WPARAM nKey : {VK_TAB, VK_RETURN, VK_ESCAPE, VK_LEFT, VK_UP, VK_RIGHT, VK_DOWN})
+            EXPECT_FALSE(Press(nKey)) << nKey;
     }
     // A list view waits after a press for the release or a drag.
     void Click(int nRow, int nCol, UINT nMessage = WM_LBUTTONDOWN) {
