@@ -25,13 +25,12 @@ void PlaceLine(CEdit& editor, int nFontHeight) {
     editor.SetRectNP(line);
 }
 
-// By itself a combo box takes its height from its font. What is set here is the height inside its frame.
-void SetBoxHeight(CComboBox& combo, int nHeight) {
-    combo.SetItemHeight(-1, static_cast<UINT>(nHeight));
+// A combo box takes its height from its font. It stands half-way down a rectangle of the given height.
+void PlaceBox(CComboBox& combo, CRect rect, int nHeight) {
     CRect box;
     combo.GetWindowRect(box);
-    const int nFrame = box.Height() - nHeight;
-    combo.SetItemHeight(-1, static_cast<UINT>(nHeight - nFrame));
+    const int nOffset = (nHeight - box.Height()) / 2;
+    combo.MoveWindow(CRect(rect.left, rect.top + nOffset, rect.right, rect.bottom + nOffset));
 }
 
 }  // namespace
@@ -163,12 +162,10 @@ void CMFXListCtrl::BeginComboEdit(int nRow, int nCol, int nTextLimit) {
         m_comboCell.Create(WS_CHILD | WS_VISIBLE | WS_VSCROLL | WS_TABSTOP | CBS_DROPDOWNLIST, rect, this,
                            kComboId);
         m_comboCell.LimitText(nTextLimit);
-    } else {
-        m_comboCell.MoveWindow(rect);
-        m_comboCell.ShowWindow(SW_SHOW);
     }
     m_comboCell.SetFont(GetFont());
-    SetBoxHeight(m_comboCell, nHeight);
+    PlaceBox(m_comboCell, rect, nHeight);
+    m_comboCell.ShowWindow(SW_SHOW);
     m_comboCell.ResetContent();
     for (const CString& strItem : m_vecComboItems) m_comboCell.AddString(strItem);
     m_comboCell.SetCurSel(std::max(0, FindComboItem(strText)));

@@ -17,8 +17,6 @@ class MFX_MFC_API CComboBox : public CWnd {
     void ResetContent() { Ask(CB_RESETCONTENT); }
     int SetCurSel(int nSelect) { return Ask(CB_SETCURSEL, nSelect); }  // -1: none
     int GetCurSel() const { return Ask(CB_GETCURSEL); }
-    // In pixels; -1 is the part that always shows.
-    int SetItemHeight(int nIndex, UINT cyItemHeight) { return Ask(CB_SETITEMHEIGHT, nIndex, cyItemHeight); }
     BOOL LimitText(int nMaxChars) { return Ask(CB_LIMITTEXT, nMaxChars); }  // 0: the largest there is
 
   private:

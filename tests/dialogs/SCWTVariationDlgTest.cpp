@@ -1,4 +1,5 @@
 #include "DialogTest.h"
+#include "MFXRuleDlgBase.h"
 #include "MFXUnitConvertor.h"
 #include "RuleParameters.h"
 #include "resource.h"
@@ -183,4 +184,20 @@ TEST_F(SCWTVariationDlgTest, SaysThatTheHelpFileIsMissing) {
         EXPECT_STREQ(m_boxes.m_strCaption, L"MfxKit");
         user.Press(VK_ESCAPE);
     });
+}
+
+TEST_F(SCWTVariationDlgTest, SaysThatTheHelpFileIsNone) {
+    wchar_t szProgram[MAX_PATH];
+    GetModuleFileNameW(nullptr, szProgram, MAX_PATH);
+    CMFXRuleDlgBase dialog(IDD_VARIATION, 19030, szProgram, nullptr);
+    AfxSetResourceHandle(GetModuleHandleW(L"MFXSandCastingRulesResu.dll"));
+    RunDialog([&] { dialog.DoModal(); },
+              [&](DialogUser& user) {
+                  m_boxes.Expect(CString(L"The help file ") + szProgram + L" is missing or can't be opened.",
+                                 MB_ICONEXCLAMATION);
+                  user.Press(VK_F1);
+                  EXPECT_TRUE(GetModuleHandleW(L"hhctrl.ocx")) << "the help was asked";
+                  user.Press(VK_ESCAPE);
+              });
+    AfxSetResourceHandle(LoadedModule::HostResources());
 }

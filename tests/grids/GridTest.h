@@ -54,7 +54,7 @@ class GridTest : public testing::Test {
     }
     void Fill(int nColumns, int nRows = kRows) {
         for (int nRow = 0; nRow < nRows; ++nRow) {
-            m_grid.InsertRowText(nRow, Name(nRow, 0));
+            m_grid.InsertRowText(nRow, m_grid.GetColumnWidth(0) > Scaled(12) ? Name(nRow, 0) : CString());
             for (int nCol = 1; nCol < nColumns; ++nCol) m_grid.SetCellText(nRow, nCol, Name(nRow, nCol));
         }
     }
@@ -113,6 +113,14 @@ class GridTest : public testing::Test {
         m_grid.PostMessage(WM_LBUTTONUP, 0, at);
         m_grid.SendMessage(nMessage, MK_LBUTTON, at);
         WorkOff();
+    }
+    // In the drop-down list of the first column, which a double click opens.
+    void Choose(int nRow, int nItem) {
+        Click(nRow, 0);
+        Click(nRow, 0, WM_LBUTTONDBLCLK);
+        ASSERT_TRUE(IsVisible(kComboId));
+        Combo().SendMessage(CB_SETCURSEL, static_cast<WPARAM>(nItem));
+        m_dialog.TakeNotices();
     }
     static void WorkOff() {
         MSG msg;
