@@ -17,10 +17,12 @@ void Run(benchmark::State& state, const std::wstring& program, std::wstring argu
         std::wstring(szOwnPath).substr(0, std::wstring(szOwnPath).rfind(L'\\') + 1) + program;
     STARTUPINFOW start{};
     start.cb = sizeof start;
-    start.dwFlags = STARTF_USESTDHANDLES;  // none: what it prints does not matter
+    start.dwFlags = STARTF_USESTDHANDLES;
+    SECURITY_ATTRIBUTES inheritable{sizeof inheritable, nullptr, TRUE};
+    start.hStdOutput = CreateFileW(L"NUL", GENERIC_WRITE, 0, &inheritable, OPEN_EXISTING, 0, nullptr);
     for (auto _ : state) {
         PROCESS_INFORMATION process{};
-        if (!CreateProcessW(path.c_str(), arguments.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr,
+        if (!CreateProcessW(path.c_str(), arguments.data(), nullptr, nullptr, TRUE, 0, nullptr, nullptr,
                             &start, &process))
             return state.SkipWithError("it does not start");
         WaitForSingleObject(process.hProcess, INFINITE);
@@ -30,6 +32,7 @@ void Run(benchmark::State& state, const std::wstring& program, std::wstring argu
         CloseHandle(process.hProcess);
         if (dwExitCode != 0) return state.SkipWithError("it fails");
     }
+    CloseHandle(start.hStdOutput);
 }
 
 void RunReference(benchmark::State& state) {
