@@ -1,5 +1,7 @@
 #include "MFXRuleDlgBase.h"
 
+#include "HandleMessage.h"
+
 #include <htmlhelp.h>
 
 namespace {
@@ -11,6 +13,15 @@ constexpr wchar_t kCaption[] = L"MfxKit";
 bool IsFile(const CString& strPath) {
     const DWORD dwAttributes = GetFileAttributesW(strPath);
     return dwAttributes != INVALID_FILE_ATTRIBUTES && !(dwAttributes & FILE_ATTRIBUTE_DIRECTORY);
+}
+
+// Loaded at the first use, which is rare. It stays loaded, as its windows outlive the call. False when the
+// help can't be shown.
+bool OpenHelp(HWND hCaller, const CString& strPath, DWORD_PTR nTopic) {
+    static const HMODULE hLibrary = LoadLibraryExW(L"hhctrl.ocx", nullptr, LOAD_LIBRARY_SEARCH_SYSTEM32);
+    const FARPROC address = hLibrary ? GetProcAddress(hLibrary, "HtmlHelpW") : nullptr;
+    const auto htmlHelp = reinterpret_cast<decltype(&HtmlHelpW)>(reinterpret_cast<void (*)()>(address));
+    return htmlHelp && htmlHelp(hCaller, strPath, HH_HELP_CONTEXT, nTopic);
 }
 
 // Null leaves it to CDialog, which takes the main window.
@@ -27,18 +38,47 @@ END_MESSAGE_MAP()
 CMFXRuleDlgBase::CMFXRuleDlgBase(UINT nTemplateId, long nRuleId, const CString& strHelpFile, CWnd* pParent)
     : CDialog(nTemplateId, ParentOrActiveWindow(pParent)), m_nRuleId(nRuleId), m_strHelpFile(strHelpFile) {}
 
-CMFXRuleDlgBase::~CMFXRuleDlgBase() = default;
+CMFXRuleDlgBase::~CMFXRuleDlgBase() {
+    EnableWindowsBehindOwner();
+}
+
+INT_PTR CMFXRuleDlgBase::DoModal() {
+    const INT_PTR nResult = CDialog::DoModal();
+    EnableWindowsBehindOwner();
+    return nResult;
+}
+
+// CDialog disables the owner alone. That may be a palette of the host, in front of its main window.
+void CMFXRuleDlgBase::DisableWindowsBehindOwner() {
+    HWND hWindow = ::GetWindow(m_hWnd, GW_OWNER);
+    while (hWindow && (hWindow = ::GetWindow(hWindow, GW_OWNER)))
+        if (!::EnableWindow(hWindow, FALSE)) m_disabledWindows.push_back(hWindow);
+}
+
+void CMFXRuleDlgBase::EnableWindowsBehindOwner() {
+    for (const HWND hWindow : m_disabledWindows) ::EnableWindow(hWindow, TRUE);
+    m_disabledWindows.clear();
+}
 
 BOOL CMFXRuleDlgBase::OnInitDialog() {
+    DisableWindowsBehindOwner();
     return CDialog::OnInitDialog();
 }
 
+LRESULT CMFXRuleDlgBase::WindowProc(UINT nMessage, WPARAM wParam, LPARAM lParam) {
+    return HandleMessage(m_hWnd, nMessage, [&] { return CDialog::WindowProc(nMessage, wParam, lParam); });
+}
+
 BOOL CMFXRuleDlgBase::PreTranslateMessage(MSG* pMsg) {
-    if (pMsg->message == WM_KEYDOWN && pMsg->wParam == VK_F1) {
-        ShowHelp();
-        return TRUE;
-    }
-    return CDialog::PreTranslateMessage(pMsg);
+    BOOL bHandled = TRUE;  // also when its handling fails
+    HandleMessage(m_hWnd, pMsg->message, [&] {
+        if (pMsg->message == WM_KEYDOWN && pMsg->wParam == VK_F1)
+            ShowHelp();
+        else
+            bHandled = CDialog::PreTranslateMessage(pMsg);
+        return 0;
+    });
+    return bHandled;
 }
 
 void CMFXRuleDlgBase::UpdateListCtrl() {}
@@ -65,8 +105,7 @@ BOOL CMFXRuleDlgBase::RefuseToEdit() {
 }
 
 void CMFXRuleDlgBase::ShowHelp() {
-    const auto nTopic = static_cast<DWORD_PTR>(m_nRuleId);
-    if (IsFile(m_strHelpFile) && HtmlHelpW(m_hWnd, m_strHelpFile, HH_HELP_CONTEXT, nTopic)) return;
+    if (IsFile(m_strHelpFile) && OpenHelp(m_hWnd, m_strHelpFile, static_cast<DWORD_PTR>(m_nRuleId))) return;
     CString strText;
     strText.Format(kHelpMissingText, m_strHelpFile.GetString());
     MessageBox(strText, kCaption, MB_ICONEXCLAMATION);

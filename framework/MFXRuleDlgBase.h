@@ -4,16 +4,19 @@
 
 #include <afxwin.h>
 
+#include <vector>
+
 // Base of the modal rule dialogs. The template, and the texts of the base itself (string ids 10020 and
 // 10021), come from the resource library that is current while the dialog runs.
 class MFXKIT_API CMFXRuleDlgBase : public CDialog {
   public:
     // strHelpFile: full path of the help file that F1 opens at the topic of the rule. Without a parent the
-    // dialog belongs to the host's main window, or else to the active window of this thread: the host can't
-    // be used, and can't delete the rule, while the dialog is open.
+    // dialog belongs to the host's main window, or else to the active window of this thread. Its owner and
+    // the windows behind that can't be used while the dialog is open: the host must not delete the rule.
     CMFXRuleDlgBase(UINT nTemplateId, long nRuleId, const CString& strHelpFile, CWnd* pParent);
     ~CMFXRuleDlgBase() override;
 
+    INT_PTR DoModal() override;
     BOOL OnInitDialog() override;
     BOOL PreTranslateMessage(MSG* pMsg) override;
 
@@ -25,6 +28,8 @@ class MFXKIT_API CMFXRuleDlgBase : public CDialog {
     virtual void SetMaterialFlagForRule(bool bMaterials);
 
   protected:
+    // C++ exceptions of handlers end here and in PreTranslateMessage; the user is told.
+    LRESULT WindowProc(UINT nMessage, WPARAM wParam, LPARAM lParam) override;
     afx_msg void OnNcLButtonDown(UINT nHitTest, CPoint point);
     DECLARE_MESSAGE_MAP()
 
@@ -35,8 +40,11 @@ class MFXKIT_API CMFXRuleDlgBase : public CDialog {
     BOOL RefuseToEdit();
 
   private:
+    void DisableWindowsBehindOwner();
+    void EnableWindowsBehindOwner();
     void ShowHelp();
 
     const long m_nRuleId;
     const CString m_strHelpFile;
+    std::vector<HWND> m_disabledWindows;
 };

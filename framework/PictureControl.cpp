@@ -1,5 +1,6 @@
 #include "PictureControl.h"
 
+#include "HandleMessage.h"
 #include "PixelScaling.h"
 
 #include <algorithm>
@@ -49,6 +50,10 @@ BEGIN_MESSAGE_MAP(PictureControl, CStatic)
     ON_WM_PAINT()
     ON_WM_SIZE()
 END_MESSAGE_MAP()
+
+LRESULT PictureControl::WindowProc(UINT nMessage, WPARAM wParam, LPARAM lParam) {
+    return HandleMessage(m_hWnd, nMessage, [&] { return CStatic::WindowProc(nMessage, wParam, lParam); });
+}
 
 void PictureControl::SetBitmap(HBITMAP hBitmap) {
     if (hBitmap && hBitmap == m_bitmap.GetSafeHandle()) return;

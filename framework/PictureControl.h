@@ -12,6 +12,7 @@ class MFXKIT_API PictureControl : public CStatic {
     void SetBitmap(HBITMAP hBitmap);
 
   protected:
+    LRESULT WindowProc(UINT nMessage, WPARAM wParam, LPARAM lParam) override;
     afx_msg void OnPaint();
     afx_msg void OnSize(UINT nType, int cx, int cy);
     DECLARE_MESSAGE_MAP()

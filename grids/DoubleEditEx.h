@@ -3,7 +3,7 @@
 #include <afxwin.h>
 
 // Text box that takes the characters of decimal numbers only. It does not check the number itself: "1.2.3"
-// stays and is read as 1.2.
+// stays and is read as 1.2. A typed comma becomes a point where the user writes decimal commas.
 class CDoubleEditEx : public CEdit {
   public:
     // Minus signs are refused until they are allowed here.
@@ -16,6 +16,7 @@ class CDoubleEditEx : public CEdit {
     void SetLastValidText(const CString& strText);
 
   protected:
+    afx_msg void OnChar(UINT nChar, UINT nRepCnt, UINT nFlags);
     afx_msg void OnChange();
     DECLARE_MESSAGE_MAP()
 

@@ -1,5 +1,6 @@
 #include "MFXListCtrl.h"
 
+#include "HandleMessage.h"
 #include "NumberText.h"
 #include "SandCastingRulesApp.h"
 #include "resource.h"
@@ -13,16 +14,52 @@ constexpr UINT kComboId = 10015;
 constexpr int kMinimumCol = 1;
 constexpr int kMaximumCol = 2;
 constexpr int kDropDownHeight = 160;  // pixels at 96 dpi
+constexpr int kTextMargin = 1;        // pixels
 constexpr wchar_t kCaption[] = L"MfxKit";
+
+// Half-way down, where the cell has its text; a multi-line box begins at the top.
+void PlaceLine(CEdit& editor, int nFontHeight) {
+    CRect line;
+    editor.GetClientRect(line);
+    line.InflateRect(-kTextMargin, -std::max(0, (line.Height() - nFontHeight) / 2));
+    editor.SetRectNP(line);
+}
+
+// A combo box takes its height from its font. It stands half-way down a rectangle of the given height.
+void PlaceBox(CComboBox& combo, CRect rect, int nHeight) {
+    CRect box;
+    combo.GetWindowRect(box);
+    const int nOffset = (nHeight - box.Height()) / 2;
+    combo.MoveWindow(CRect(rect.left, rect.top + nOffset, rect.right, rect.bottom + nOffset));
+}
 
 }  // namespace
 
 BEGIN_MESSAGE_MAP(CMFXListCtrl, CListCtrl)
+    ON_WM_DESTROY()
     ON_WM_VSCROLL()
 END_MESSAGE_MAP()
 
 int CMFXListCtrl::ScaleForDpi(int nPixels) const {
     return MulDiv(nPixels, static_cast<int>(GetDpiForWindow(m_hWnd)), USER_DEFAULT_SCREEN_DPI);
+}
+
+int CMFXListCtrl::GetFontHeight() const {
+    const HDC hDC = ::GetDC(m_hWnd);
+    const HGDIOBJ hPrevious =
+        ::SelectObject(hDC, reinterpret_cast<HFONT>(::SendMessageW(m_hWnd, WM_GETFONT, 0, 0)));
+    TEXTMETRICW metrics{};
+    ::GetTextMetricsW(hDC, &metrics);
+    if (hPrevious) ::SelectObject(hDC, hPrevious);
+    ::ReleaseDC(m_hWnd, hDC);
+    return metrics.tmHeight;
+}
+
+// Dialogs make their edit boxes 14 units high; the font has 8. The pictures that rows make room for give them
+// their height. The list view owns the image list and adds a pixel.
+void CMFXListCtrl::SetRowHeight() {
+    const int nHeight = MulDiv(GetFontHeight(), 14, 8);
+    ListView_SetImageList(m_hWnd, ImageList_Create(1, nHeight - 1, ILC_COLOR, 0, 0), LVSIL_SMALL);
 }
 
 // Checks the row itself: the list view also gives rectangles of rows that do not exist.
@@ -41,10 +78,32 @@ void CMFXListCtrl::Hide(CWnd& editor) {
     editor.ShowWindow(SW_HIDE);
 }
 
+// A text editor that is hidden gets the text, too: the keys write it into the recorded cell.
 void CMFXListCtrl::Record(int nRow, int nCol, const CString& strText) {
     m_nEditRow = nRow;
     m_nEditCol = nCol;
     m_strEditStartText = strText;
+    SetEditorText(strText);
+    if (GetSelectedCount() > 0) SetItemState(-1, 0, LVIS_SELECTED);
+}
+
+void CMFXListCtrl::SetEditorText(const CString& strText) {
+    if (!IsCellEditActive()) return;
+    m_editCell.SetWindowText(strText);
+    m_editCell.SetLastValidText(strText);
+}
+
+// Stands as the column does; all columns of a grid stand alike. A box that is not left-aligned can't scroll
+// to the side.
+void CMFXListCtrl::CreateEditor(int nCol, const CRect& rect, int nTextLimit) {
+    LVCOLUMN column{};
+    column.mask = LVCF_FMT;
+    GetColumn(nCol, &column);
+    const bool bCentred = (column.fmt & LVCFMT_JUSTIFYMASK) == LVCFMT_CENTER;
+    const DWORD dwAlignment = bCentred ? ES_CENTER | ES_AUTOVSCROLL : ES_AUTOHSCROLL;
+    m_editCell.Create(WS_CHILD | WS_VISIBLE | WS_BORDER | WS_TABSTOP | ES_MULTILINE | dwAlignment, rect, this,
+                      kEditorId);
+    m_editCell.SetLimitText(static_cast<UINT>(nTextLimit));
 }
 
 void CMFXListCtrl::BeginCellEdit(int nRow, int nCol, int nTextLimit) {
@@ -53,19 +112,16 @@ void CMFXListCtrl::BeginCellEdit(int nRow, int nCol, int nTextLimit) {
     const CString strText = GetItemText(nRow, nCol);
     Hide(m_comboCell);
     if (!m_editCell.GetSafeHwnd()) {
-        m_editCell.Create(WS_CHILD | WS_VISIBLE | WS_BORDER | WS_TABSTOP | ES_MULTILINE | ES_AUTOHSCROLL,
-                          rect, this, kEditorId);
-        m_editCell.SetLimitText(static_cast<UINT>(nTextLimit));
+        CreateEditor(nCol, rect, nTextLimit);
     } else {
         m_editCell.MoveWindow(rect);
         m_editCell.ShowWindow(SW_SHOW);
     }
     m_editCell.SetFont(GetFont());  // the list's font changes with the monitor's dpi
-    m_editCell.SetWindowText(strText);
-    m_editCell.SetLastValidText(strText);
+    PlaceLine(m_editCell, GetFontHeight());
+    Record(nRow, nCol, strText);
     m_editCell.SetSel(0, -1);
     m_editCell.SetFocus();
-    Record(nRow, nCol, strText);
 }
 
 BOOL CMFXListCtrl::EndCellEdit(CString& strText) {
@@ -78,8 +134,8 @@ BOOL CMFXListCtrl::EndCellEdit(CString& strText) {
 
 BOOL CMFXListCtrl::CancelCellEdit() {
     if (!IsCellEditActive()) return FALSE;
+    if (IsEditorVisible()) SetEditorText(m_strEditStartText);  // a hidden one has been committed
     Hide(m_editCell);
-    m_editCell.SetWindowText(m_strEditStartText);
     return TRUE;
 }
 
@@ -100,25 +156,28 @@ void CMFXListCtrl::BeginComboEdit(int nRow, int nCol, int nTextLimit) {
     if (!GetEditorRect(nRow, nCol, rect)) return;
     const CString strText = GetItemText(nRow, nCol);
     Hide(m_editCell);
+    const int nHeight = rect.Height();
     rect.bottom += ScaleForDpi(kDropDownHeight);
     if (!m_comboCell.GetSafeHwnd()) {
         m_comboCell.Create(WS_CHILD | WS_VISIBLE | WS_VSCROLL | WS_TABSTOP | CBS_DROPDOWNLIST, rect, this,
                            kComboId);
         m_comboCell.LimitText(nTextLimit);
-    } else {
-        m_comboCell.MoveWindow(rect);
-        m_comboCell.ShowWindow(SW_SHOW);
     }
     m_comboCell.SetFont(GetFont());
+    PlaceBox(m_comboCell, rect, nHeight);
+    m_comboCell.ShowWindow(SW_SHOW);
     m_comboCell.ResetContent();
-    int nSelected = 0;
-    for (const CString& strItem : m_vecComboItems) {
-        const int nItem = m_comboCell.AddString(strItem);
-        if (strItem == strText) nSelected = nItem;
-    }
-    m_comboCell.SetCurSel(nSelected);
+    for (const CString& strItem : m_vecComboItems) m_comboCell.AddString(strItem);
+    m_comboCell.SetCurSel(std::max(0, FindComboItem(strText)));
     m_comboCell.SetFocus();
     Record(nRow, nCol, strText);
+}
+
+// The last one of the same; -1 for none.
+int CMFXListCtrl::FindComboItem(const CString& strText) const {
+    int nItem = static_cast<int>(m_vecComboItems.size()) - 1;
+    while (nItem >= 0 && m_vecComboItems[static_cast<std::size_t>(nItem)] != strText) --nItem;
+    return nItem;
 }
 
 BOOL CMFXListCtrl::EndComboEdit(CString& strText, const CString& strDuplicateMessage) {
@@ -127,11 +186,14 @@ BOOL CMFXListCtrl::EndComboEdit(CString& strText, const CString& strDuplicateMes
     CString strChosen;
     m_comboCell.GetWindowText(strChosen);
     Hide(m_comboCell);
+    if (m_comboCell.GetCurSel() < 0) return FALSE;
     if (strChosen != strOld && IsValueInFirstColumn(strChosen)) {
+        m_comboCell.SetCurSel(FindComboItem(strOld));  // or the next click would refuse the choice again
         MessageBox(strChosen + L" " + strDuplicateMessage, kCaption);
         return FALSE;
     }
     SetCellText(m_nEditRow, m_nEditCol, strChosen);
+    SetEditorText(strChosen);
     strText = strChosen;
     return TRUE;
 }
@@ -175,22 +237,35 @@ BOOL CMFXListCtrl::CheckMinMaxCells(int nRow, int nCol) {
     return FALSE;
 }
 
+// Up and Down do not open the text editor over a cell of a drop-down list.
 BOOL CMFXListCtrl::CommitAndMove(int nRows, int nCols, bool bMove) {
     CString strText;
     const BOOL bEnded = EndCellEdit(strText);
-    if (bMove) BeginCellEdit(m_nEditRow + nRows, m_nEditCol + nCols, kTextLimit);
+    const int nCol = m_nEditCol + nCols;
+    if (bMove && nCol >= m_nFirstEditCol) BeginCellEdit(m_nEditRow + nRows, nCol, kTextLimit);
     return bEnded;
 }
 
 BOOL CMFXListCtrl::HandleKeyDown(MSG* pMsg) {
     if (pMsg->message != WM_KEYDOWN) return FALSE;
-    switch (pMsg->wParam) {
+    BOOL bHandled = TRUE;  // also a key whose handling fails
+    HandleMessage(m_hWnd, WM_KEYDOWN, [&] { return bHandled = HandleKey(pMsg->wParam); });
+    return bHandled;
+}
+
+BOOL CMFXListCtrl::HandleKey(WPARAM nKey) {
+    if (nKey == VK_DELETE) return DeleteSelectedRows();
+    if (m_nEditRow < 0) return FALSE;
+    if (IsComboVisible() && nKey != VK_ESCAPE) return HandleComboKey(nKey);
+    switch (nKey) {
         case VK_TAB:
             return m_nEditCol < m_nLastEditCol && CommitAndMove(0, 1);
         case VK_RETURN:
             return CommitAndMove(0, 0, false);
-        case VK_ESCAPE:
-            return CancelCellEdit();
+        case VK_ESCAPE: {
+            const BOOL bCell = CancelCellEdit(), bCombo = CancelComboEdit();
+            return bCell || bCombo;
+        }
         case VK_LEFT:
             return CommitAndMove(0, -1, m_nEditCol > m_nFirstEditCol);
         case VK_UP:
@@ -199,11 +274,22 @@ BOOL CMFXListCtrl::HandleKeyDown(MSG* pMsg) {
             return CommitAndMove(0, 1, m_nEditCol < m_nLastEditCol);
         case VK_DOWN:
             return CommitAndMove(1, 0);
-        case VK_DELETE:
-            return DeleteSelectedRows();
         default:
             return FALSE;
     }
+}
+
+// All other keys are the list's.
+BOOL CMFXListCtrl::HandleComboKey(WPARAM nKey) {
+    if (nKey != VK_TAB && nKey != VK_RETURN) return FALSE;
+    if (CommitCombo() && nKey == VK_TAB && m_nEditCol < m_nLastEditCol)
+        BeginCellEdit(m_nEditRow, m_nEditCol + 1, kTextLimit);
+    return TRUE;
+}
+
+BOOL CMFXListCtrl::CommitCombo() {
+    CString strText;
+    return EndComboEdit(strText, LoadLocalizedString(IDS_ALREADY_IN_TABLE));
 }
 
 BOOL CMFXListCtrl::DeleteSelectedRows() {
@@ -219,6 +305,16 @@ BOOL CMFXListCtrl::DeleteSelectedRows() {
     return TRUE;
 }
 
+LRESULT CMFXListCtrl::WindowProc(UINT nMessage, WPARAM wParam, LPARAM lParam) {
+    return HandleMessage(m_hWnd, nMessage, [&] { return CListCtrl::WindowProc(nMessage, wParam, lParam); });
+}
+
+// The object can get another window, which has other cells.
+void CMFXListCtrl::OnDestroy() {
+    CListCtrl::OnDestroy();
+    m_nEditRow = m_nEditCol = -1;
+}
+
 // An editor that is shown stays where it is.
 void CMFXListCtrl::OnVScroll(UINT nSBCode, UINT nPos, CScrollBar* pScrollBar) {
     CListCtrl::OnVScroll(nSBCode, nPos, pScrollBar);
@@ -231,6 +327,7 @@ void CMFXListCtrl::CreateColumns(const std::vector<CString>& headers, const std:
     if (!GetHeaderCtrl() || GetHeaderCtrl()->GetItemCount() > 0) return;
     m_nFirstEditCol = 1;
     m_nLastEditCol = static_cast<int>(headers.size()) - 1;
+    SetRowHeight();
     for (std::size_t i = 0; i < headers.size(); ++i)
         InsertColumn(static_cast<int>(i), headers[i], nFormat,
                      ScaleForDpi(widths[std::min(i, widths.size() - 1)]), static_cast<int>(i));

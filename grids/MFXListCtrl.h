@@ -7,9 +7,10 @@
 #include <vector>
 
 // Report-style list view whose cells are edited in place: a text box or a drop-down list floats over one cell
-// at a time. Cells hold text. An editor is created on its first use and only hidden afterwards. From then on
-// cell editing counts as active, and each EndCellEdit writes the hidden editor's text again, on purpose. Call
-// ForgetEditedCell before you refill the grid, or old text is written over new.
+// at a time. Cells hold text. Editing a cell clears the selection, so that Delete deletes characters. An
+// editor is created on its first use and only hidden afterwards. From then on cell editing counts as active,
+// and each EndCellEdit writes the hidden editor's text again, on purpose. Call ForgetEditedCell before you
+// refill the grid, or old text is written over new.
 class CMFXListCtrl : public CListCtrl {
   public:
     // Shows the text editor over a cell, with all its text selected. The text limit of the first call stays
@@ -27,8 +28,8 @@ class CMFXListCtrl : public CListCtrl {
     // Shows the drop-down list over a cell, filled with the combo items.
     void BeginComboEdit(int nRow, int nCol, int nTextLimit);
     // Hides the drop-down list and writes the choice into the cell. FALSE when the list has not been used
-    // yet. Also FALSE when another row has the choice in column 0: then a message shows the choice and the
-    // given text.
+    // yet, or has nothing to choose. Also FALSE when another row has the choice in column 0: then a message
+    // shows the choice and the given text, and the list goes back to the cell's own text.
     BOOL EndComboEdit(CString& strText, const CString& strDuplicateMessage);
 
     void SetCellText(int nRow, int nCol, const CString& strText);
@@ -49,8 +50,8 @@ class CMFXListCtrl : public CListCtrl {
     // FALSE, after a message, when the row's maximum is below its minimum.
     BOOL CheckMinMaxCells(int nRow, int nCol);
 
-    // Handles a key while a cell is edited; TRUE when the message is consumed. The dialog passes every
-    // message here before it translates it.
+    // Handles a key while a cell is edited; TRUE when the message is consumed. With no cell recorded only
+    // Delete is taken. The dialog passes every message here before it translates it.
     BOOL HandleKeyDown(MSG* pMsg);
     // Blanks the selected rows; their number stays, since the dialogs' tables have a fixed length.
     BOOL DeleteSelectedRows();
@@ -58,10 +59,19 @@ class CMFXListCtrl : public CListCtrl {
   protected:
     static constexpr int kTextLimit = 260;
 
+    // C++ exceptions of handlers end here and in HandleKeyDown; the user is told.
+    LRESULT WindowProc(UINT nMessage, WPARAM wParam, LPARAM lParam) override;
+    afx_msg void OnDestroy();
     afx_msg void OnVScroll(UINT nSBCode, UINT nPos, CScrollBar* pScrollBar);
     DECLARE_MESSAGE_MAP()
 
-    // Creates the columns unless the grid has some. The keyboard moves the editor to all but the first.
+    // Any key, whether a cell is recorded or not; TRUE when it is consumed.
+    virtual BOOL HandleKey(WPARAM nKey);
+    // Commits the choice of the drop-down list as a key does; FALSE when it is refused.
+    virtual BOOL CommitCombo();
+
+    // Creates the columns unless the grid has some, and makes the rows as high as an edit box. The keyboard
+    // moves the editor to all but the first column.
     // Widths are pixels at 96 dpi; the last one holds for all further columns.
     void CreateColumns(const std::vector<CString>& headers, const std::vector<int>& widths, int nFormat);
     // Commits the cell, then moves the editor by so many rows and columns if bMove.
@@ -84,7 +94,13 @@ class CMFXListCtrl : public CListCtrl {
 
   private:
     int ScaleForDpi(int nPixels) const;
+    int GetFontHeight() const;
+    void SetRowHeight();
     bool GetEditorRect(int nRow, int nCol, CRect& rect);
+    void CreateEditor(int nCol, const CRect& rect, int nTextLimit);
     void Hide(CWnd& editor);
     void Record(int nRow, int nCol, const CString& strText);
+    void SetEditorText(const CString& strText);
+    int FindComboItem(const CString& strText) const;
+    BOOL HandleComboKey(WPARAM nKey);
 };

@@ -1,8 +1,5 @@
 #include "MFXUWTRuleListCtrl.h"
 
-#include "SandCastingRulesApp.h"
-#include "resource.h"
-
 #include <algorithm>
 
 namespace {
@@ -41,7 +38,7 @@ void CMFXUWTRuleListCtrl::SetMaterialDefaults(const std::vector<CString>& names,
 // again until another cell is edited; this is on purpose. FALSE when there is no editor.
 BOOL CMFXUWTRuleListCtrl::CommitEditedCell() {
     if (m_nEditCol == kMaterialCol) {
-        CommitMaterial();
+        CommitCombo();
         return m_comboCell.GetSafeHwnd() != nullptr;
     }
     if (m_nEditCol != kMinimumCol && m_nEditCol != kMaximumCol) return FALSE;
@@ -49,31 +46,26 @@ BOOL CMFXUWTRuleListCtrl::CommitEditedCell() {
     return IsCellEditActive();
 }
 
-void CMFXUWTRuleListCtrl::CommitMaterial() {
-    CString strMaterial;
-    if (!EndComboEdit(strMaterial, LoadLocalizedString(IDS_ALREADY_IN_TABLE))) return;
-    SetCellText(m_nEditRow, kMaterialCol, strMaterial);
+BOOL CMFXUWTRuleListCtrl::CommitCombo() {
+    if (!CMFXListCtrl::CommitCombo()) return FALSE;
+    const CString strMaterial = GetItemText(m_nEditRow, kMaterialCol);
     SetCellText(m_nEditRow, kMinimumCol, FindText(m_mapMaterialMin, strMaterial));
     SetCellText(m_nEditRow, kMaximumCol, FindText(m_mapMaterialMax, strMaterial));
+    return TRUE;
 }
 
 // Left, Right, Tab, Up and Down commit without the checks of Enter and clicks, on purpose.
-BOOL CMFXUWTRuleListCtrl::HandleKeyDown(MSG* pMsg) {
-    if (pMsg->message != WM_KEYDOWN) return FALSE;
-    switch (pMsg->wParam) {
+BOOL CMFXUWTRuleListCtrl::HandleKey(WPARAM nKey) {
+    switch (nKey) {
         case VK_RETURN:
             return CommitEditedCell();
-        case VK_ESCAPE: {
-            const BOOL bCell = CancelCellEdit(), bCombo = CancelComboEdit();
-            return bCell || bCombo;
-        }
         case VK_UP:
         case VK_DOWN:
-            return m_nEditRow >= 0 && IsCellEditActive() && CMFXListCtrl::HandleKeyDown(pMsg);
+            return IsCellEditActive() && CMFXListCtrl::HandleKey(nKey);
         case VK_DELETE:
-            return !IsCellEditActive() && CMFXListCtrl::HandleKeyDown(pMsg);
+            return !IsCellEditActive() && CMFXListCtrl::HandleKey(nKey);
         default:
-            return CMFXListCtrl::HandleKeyDown(pMsg);
+            return CMFXListCtrl::HandleKey(nKey);
     }
 }
 

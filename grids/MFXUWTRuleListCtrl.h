@@ -13,16 +13,15 @@ class CMFXUWTRuleListCtrl : public CMFXListCtrl {
     void SetMaterialDefaults(const std::vector<CString>& names, const std::vector<CString>& minimums,
                              const std::vector<CString>& maximums);
 
-    BOOL HandleKeyDown(MSG* pMsg);
-
   protected:
+    BOOL HandleKey(WPARAM nKey) override;
+    BOOL CommitCombo() override;
     afx_msg void OnLButtonDown(UINT nFlags, CPoint point);
     afx_msg void OnLButtonDblClk(UINT nFlags, CPoint point);
     DECLARE_MESSAGE_MAP()
 
   private:
     BOOL CommitEditedCell();
-    void CommitMaterial();
 
     std::map<CString, CString> m_mapMaterialMin;
     std::map<CString, CString> m_mapMaterialMax;

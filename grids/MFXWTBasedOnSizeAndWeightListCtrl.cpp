@@ -12,6 +12,7 @@ constexpr int kGroupCol = 0;
 }  // namespace
 
 BEGIN_MESSAGE_MAP(CMFXWTBasedOnSizeAndWeightListCtrl, CMFXListCtrl)
+    ON_WM_DESTROY()
     ON_WM_LBUTTONDOWN()
     ON_WM_LBUTTONDBLCLK()
     ON_WM_KEYDOWN()
@@ -55,13 +56,23 @@ void CMFXWTBasedOnSizeAndWeightListCtrl::CommitCell(int nRow, int nCol) {
     if (EndCellEdit(strText) && !IsNumericText(strText)) SetCellText(nRow, nCol, L"");
 }
 
-// Forgets the cell: the next click must not report the same name, or refuse it, again.
-CString CMFXWTBasedOnSizeAndWeightListCtrl::CommitGroupName() {
+// The name that a group got; empty for none.
+CString CMFXWTBasedOnSizeAndWeightListCtrl::CommitEditedCell() {
     CString strName;
-    if (EndComboEdit(strName, LoadLocalizedString(IDS_ALREADY_IN_TABLE)))
-        SetCellText(m_nEditRow, m_nEditCol, strName);
-    ForgetEditedCell();
+    if (!IsBandGrid() && m_nEditCol == kGroupCol)
+        EndComboEdit(strName, LoadLocalizedString(IDS_ALREADY_IN_TABLE));
+    else
+        CommitCell(m_nEditRow, m_nEditCol);
     return strName;
+}
+
+// Forgets the cell: the next click must not report the same name, or refuse it, again. The dialog is told
+// before, so that it finds the renamed row.
+BOOL CMFXWTBasedOnSizeAndWeightListCtrl::CommitCombo() {
+    const CString strName = CommitEditedCell();
+    if (!strName.IsEmpty()) Notify(strName, GridGroupNamed);
+    ForgetEditedCell();
+    return !strName.IsEmpty();
 }
 
 bool CMFXWTBasedOnSizeAndWeightListCtrl::CanEdit(const Cell& cell) const {
@@ -69,52 +80,37 @@ bool CMFXWTBasedOnSizeAndWeightListCtrl::CanEdit(const Cell& cell) const {
     return (cell.nCol == 1 || cell.nCol == 2) && !GetItemText(cell.nRow, kGroupCol).IsEmpty();
 }
 
-// As in every grid, keys commit without checks; only Enter checks a group's name. The group list has no text
-// editor to move, so the drop-down list gets the other keys.
-BOOL CMFXWTBasedOnSizeAndWeightListCtrl::HandleKeyDown(MSG* pMsg) {
-    if (pMsg->message != WM_KEYDOWN) return FALSE;
-    if (pMsg->wParam == VK_ESCAPE) {
-        const BOOL bCell = CancelCellEdit(), bCombo = CancelComboEdit();
-        return bCell || bCombo;
-    }
-    if (IsBandGrid()) return HandleBandKey(pMsg);
-    if (pMsg->wParam == VK_RETURN && IsComboVisible()) {
-        const CString strName = CommitGroupName();
-        if (!strName.IsEmpty()) Notify(strName, GridGroupNamed);
-        return TRUE;
-    }
-    return pMsg->wParam == VK_DELETE && CMFXListCtrl::HandleKeyDown(pMsg);
-}
-
-BOOL CMFXWTBasedOnSizeAndWeightListCtrl::HandleBandKey(MSG* pMsg) {
+BOOL CMFXWTBasedOnSizeAndWeightListCtrl::HandleKey(WPARAM nKey) {
     const Cell edited{m_nEditRow, m_nEditCol};
-    const bool bEditing = IsEditorVisible();
-    const BOOL bHandled = CMFXListCtrl::HandleKeyDown(pMsg);
-    if (bHandled && bEditing && pMsg->wParam != VK_DELETE)
-        Notify(GetItemText(edited.nRow, edited.nCol), GridCellCommitted);
+    const bool bCommits = IsBandGrid() && IsEditorVisible() && nKey != VK_DELETE && nKey != VK_ESCAPE;
+    const BOOL bHandled = CMFXListCtrl::HandleKey(nKey);
+    if (bHandled && bCommits) Notify(GetItemText(edited.nRow, edited.nCol), GridCellCommitted);
     return bHandled;
 }
 
-// The dialog is told last, so that it finds the grid as the click leaves it.
+void CMFXWTBasedOnSizeAndWeightListCtrl::OnDestroy() {
+    CMFXListCtrl::OnDestroy();
+    m_nLastHitRow = m_nLastHitCol = -1;
+}
+
+// The dialog is told last, so that it finds the grid as the click leaves it. Of a new name it is told while
+// the edited cell and the last hit one are still those of the group.
 void CMFXWTBasedOnSizeAndWeightListCtrl::OnLButtonDown(UINT nFlags, CPoint point) {
     IGridParent* const pParent = FindGridParent();
     if (m_vecComboItems.empty() && pParent) pParent->SupplyMaterialGroups(*this);
     const Cell edited{m_nEditRow, m_nEditCol};
     const bool bCommits = IsBandGrid() && IsEditorVisible();  // a hidden editor only repeats what it wrote
-    CString strNewGroup;
-    if (!IsBandGrid() && m_nEditCol == kGroupCol)
-        strNewGroup = CommitGroupName();
-    else
-        CommitCell(m_nEditRow, m_nEditCol);
+    const CString strNewGroup = CommitEditedCell();
     const Cell cell = FindCell(point);
     const bool bEdits = CanEdit(cell);
     if (bEdits)
         BeginCellEdit(cell.nRow, cell.nCol, kTextLimit);
     else
         CMFXListCtrl::OnLButtonDown(nFlags, point);
+    if (!strNewGroup.IsEmpty()) Notify(strNewGroup, GridGroupNamed);
+    if (!bEdits && !IsBandGrid()) ForgetEditedCell();
     m_nLastHitRow = cell.nRow;
     m_nLastHitCol = cell.nCol;
-    if (!strNewGroup.IsEmpty()) Notify(strNewGroup, GridGroupNamed);
     if (bCommits) Notify(GetItemText(edited.nRow, edited.nCol), GridCellCommitted);
     if (!bEdits) NotifyOfSelection(cell.nRow);
 }

@@ -14,13 +14,14 @@ class CMFXWTBasedOnSizeAndWeightListCtrl : public CMFXListCtrl {
     // Ends editing of a number; a text that is no number is emptied.
     void CommitCell(int nRow, int nCol);
 
-    BOOL HandleKeyDown(MSG* pMsg);
-
     // The cell under the last left click, -1 for none.
     int GetLastHitRow() const { return m_nLastHitRow; }
     int GetLastHitCol() const { return m_nLastHitCol; }
 
   protected:
+    BOOL HandleKey(WPARAM nKey) override;
+    BOOL CommitCombo() override;
+    afx_msg void OnDestroy();
     afx_msg void OnLButtonDown(UINT nFlags, CPoint point);
     afx_msg void OnLButtonDblClk(UINT nFlags, CPoint point);
     afx_msg void OnKeyDown(UINT nChar, UINT nRepCnt, UINT nFlags);
@@ -30,8 +31,7 @@ class CMFXWTBasedOnSizeAndWeightListCtrl : public CMFXListCtrl {
   private:
     bool IsBandGrid() const;
     bool CanEdit(const Cell& cell) const;
-    CString CommitGroupName();
-    BOOL HandleBandKey(MSG* pMsg);
+    CString CommitEditedCell();
     void Notify(const CString& strText, GridNotification code);
     void NotifyOfSelection(int nRow);
     void NotifyOfKeySelection(int nRowBefore);

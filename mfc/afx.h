@@ -30,3 +30,19 @@ class MFX_MFC_API CObject {
     CObject(const CObject&) = delete;
     void operator=(const CObject&) = delete;
 };
+
+// MFC's own exceptions are thrown as pointers to these. This subset throws none, but code that holds back all
+// exceptions meets them where it is built with the whole MFC.
+class MFX_MFC_API CException : public CObject {
+  public:
+    // bAutoDelete: the object is on the heap.
+    explicit CException(BOOL bAutoDelete) : m_bAutoDelete(bAutoDelete) {}
+
+    // Whoever catches an exception deletes it by this.
+    void Delete() {
+        if (m_bAutoDelete) delete this;
+    }
+
+  private:
+    const BOOL m_bAutoDelete;
+};

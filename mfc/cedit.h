@@ -18,6 +18,8 @@ class MFX_MFC_API CEdit : public CWnd {
     void GetSel(int& nStartChar, int& nEndChar) const {
         ::SendMessageW(m_hWnd, EM_GETSEL, (WPARAM)&nStartChar, (LPARAM)&nEndChar);
     }
+    // Where a multi-line box shows its text, in client coordinates. Does not repaint.
+    void SetRectNP(LPCRECT lpRect) { SendMessage(EM_SETRECTNP, 0, reinterpret_cast<LPARAM>(lpRect)); }
     // For typing; 0 is the largest there is.
     void SetLimitText(UINT nMax) { SendMessage(EM_SETLIMITTEXT, nMax); }
 };

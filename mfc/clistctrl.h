@@ -19,6 +19,9 @@ class MFX_MFC_API CListCtrl : public CWnd {
     // Index of the new column; a width of -1 leaves it at the control's default.
     int InsertColumn(int nCol, LPCTSTR lpszColumnHeading, int nFormat = LVCFMT_LEFT, int nWidth = -1,
                      int nSubItem = -1);
+    BOOL GetColumn(int nCol, LVCOLUMN* pColumn) const {
+        return Ask(LVM_GETCOLUMNW, nCol, reinterpret_cast<LPARAM>(pColumn)) != 0;
+    }
     int GetColumnWidth(int nCol) const { return static_cast<int>(Ask(LVM_GETCOLUMNWIDTH, nCol)); }
 
     int GetItemCount() const { return static_cast<int>(Ask(LVM_GETITEMCOUNT)); }

@@ -117,6 +117,7 @@ class MFX_MFC_API CWnd : public CCmdTarget {
 
     // Each handler does what Windows does with the message being handled. Its arguments have no effect.
     afx_msg int OnCreate(LPCREATESTRUCT) { return static_cast<int>(Default()); }
+    afx_msg void OnDestroy() { Default(); }
     afx_msg void OnSize(UINT, int, int) { Default(); }
     afx_msg void OnPaint() { Default(); }
     afx_msg void OnKeyDown(UINT, UINT, UINT) { Default(); }

@@ -12,6 +12,9 @@ CString CurrentExceptionText() {
         throw;
     } catch (const std::exception& e) {
         return CString(e.what());
+    } catch (CException* e) {
+        e->Delete();
+        return CString(L"MFC exception");
     } catch (...) {
         return CString(L"unknown exception");
     }

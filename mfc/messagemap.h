@@ -52,6 +52,7 @@ struct AFX_MSGMAP {
 
 // Window messages. The handlers override those of CWnd, with their parameters.
 #define ON_WM_CREATE() mfx::Entry<mfx::CreateHandler, &ThisClass::OnCreate>(WM_CREATE),
+#define ON_WM_DESTROY() mfx::Entry<mfx::PlainHandler, &ThisClass::OnDestroy>(WM_DESTROY),
 #define ON_WM_SIZE() mfx::Entry<mfx::SizeHandler, &ThisClass::OnSize>(WM_SIZE),
 #define ON_WM_PAINT() mfx::Entry<mfx::PlainHandler, &ThisClass::OnPaint>(WM_PAINT),
 #define ON_WM_KEYDOWN() mfx::Entry<mfx::KeyHandler, &ThisClass::OnKeyDown>(WM_KEYDOWN),

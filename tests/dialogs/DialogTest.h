@@ -29,17 +29,20 @@ class DialogTest : public testing::Test {
         RunDialog([&] { rule.ConfigureRuleDialog(); },
                   [&](DialogUser& user) {
                       EXPECT_FALSE(IsWindowEnabled(m_hHostWindow)) << "the host could delete the rule";
-                      EXPECT_EQ(GetWindow(user.Window(), GW_OWNER), m_hHostWindow);
+                      EXPECT_FALSE(IsWindowEnabled(m_hOwner));
+                      EXPECT_EQ(GetWindow(user.Window(), GW_OWNER), m_hOwner);
                       act(user);
                   });
         EXPECT_TRUE(IsWindowEnabled(m_hHostWindow));
-        EXPECT_EQ(GetActiveWindow(), m_hHostWindow);
+        EXPECT_TRUE(IsWindowEnabled(m_hOwner));
+        EXPECT_EQ(GetActiveWindow(), m_hOwner);
         EXPECT_EQ(AfxGetResourceHandle(), LoadedModule::HostResources());
         EXPECT_EQ(CountGuiObjects().nWindows, before.nWindows);
     }
 
     const HWND m_hHostWindow = CreateWindowW(L"STATIC", L"host", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 10, 10,
                                              300, 200, nullptr, nullptr, nullptr, nullptr);
+    HWND m_hOwner = m_hHostWindow;  // of the dialogs
     MessageBoxRecorder m_boxes;
     const LoadedModule m_module;
     const std::vector<LoadedModule::RulePtr> m_rules = m_module.GetAllRules();

@@ -77,7 +77,9 @@ TEST_P(DialogTextsTest, HaveRoom) {
             ExpectRoom(user.Window(), 40);  // the caption and its button
             CString strName;
             strName.Format(L"%d-%s", nRuleId, GetParam());
-            EXPECT_TRUE(KeepScreenshot(user.Window(), strName));
+            const CString strSystem = CLanguageUtil::GetLanguageWord(GetSystemDefaultLangID());
+            const bool bUsersFonts = strSystem == GetParam();
+            EXPECT_TRUE(!bUsersFonts || KeepScreenshot(user.Window(), strName));
             user.Press(VK_ESCAPE);
         });
 }

@@ -1,4 +1,5 @@
 #include "DialogTest.h"
+#include "MFXRuleDlgBase.h"
 #include "MFXUnitConvertor.h"
 #include "RuleParameters.h"
 #include "resource.h"
@@ -130,9 +131,15 @@ TEST_F(SCWTVariationDlgTest, BelongsToTheMainWindowOfItsHost) {
     AfxGetApp()->m_pMainWnd = &main;
     SetActiveWindow(hOther);
     Open([](DialogUser& user) { user.Press(VK_ESCAPE); });
-    AfxGetApp()->m_pMainWnd = nullptr;
-    main.Detach();
     DestroyWindow(hOther);
+    m_hOwner = CreateWindowW(L"STATIC", L"palette", WS_POPUP | WS_CAPTION | WS_VISIBLE, 0, 0, 50, 50,
+                             m_hHostWindow, nullptr, nullptr, nullptr);
+    for (CWnd* const pMain : {&main, static_cast<CWnd*>(nullptr)}) {
+        AfxGetApp()->m_pMainWnd = pMain;
+        SetActiveWindow(m_hOwner);
+        Open([](DialogUser& user) { user.Press(VK_ESCAPE); });
+    }
+    main.Detach();
 }
 
 TEST_F(SCWTVariationDlgTest, WithoutTheParameterOnlyCancelWorks) {
@@ -168,6 +175,7 @@ TEST_F(SCWTVariationDlgTest, SaysThatTheHelpFileIsMissing) {
     GetModuleFileNameW(nullptr, szProgram, MAX_PATH);
     const CString strFolder = CString(szProgram).Left(CString(szProgram).Find(L"\\bin\\"));
     Open([&](DialogUser& user) {
+        EXPECT_FALSE(GetModuleHandleW(L"hhctrl.ocx")) << "loaded without need";
         m_boxes.Expect(
             L"The help file " + strFolder + L"\\lang\\english\\mfxkit.chm is missing or can't be opened.",
             MB_ICONEXCLAMATION);
@@ -176,4 +184,20 @@ TEST_F(SCWTVariationDlgTest, SaysThatTheHelpFileIsMissing) {
         EXPECT_STREQ(m_boxes.m_strCaption, L"MfxKit");
         user.Press(VK_ESCAPE);
     });
+}
+
+TEST_F(SCWTVariationDlgTest, SaysThatTheHelpFileIsNone) {
+    wchar_t szProgram[MAX_PATH];
+    GetModuleFileNameW(nullptr, szProgram, MAX_PATH);
+    CMFXRuleDlgBase dialog(IDD_VARIATION, 19030, szProgram, nullptr);
+    AfxSetResourceHandle(GetModuleHandleW(L"MFXSandCastingRulesResu.dll"));
+    RunDialog([&] { dialog.DoModal(); },
+              [&](DialogUser& user) {
+                  m_boxes.Expect(CString(L"The help file ") + szProgram + L" is missing or can't be opened.",
+                                 MB_ICONEXCLAMATION);
+                  user.Press(VK_F1);
+                  EXPECT_TRUE(GetModuleHandleW(L"hhctrl.ocx")) << "the help was asked";
+                  user.Press(VK_ESCAPE);
+              });
+    AfxSetResourceHandle(LoadedModule::HostResources());
 }

@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include <clocale>
+
 namespace {
 
 // A box in a window, as in a dialog (single-line) or in a grid's cell (multi-line).
@@ -26,6 +28,7 @@ class DoubleEditExTest : public testing::TestWithParam<DWORD> {
 
     CWnd m_parent;
     CDoubleEditEx m_edit;
+    const LPCWSTR m_pszTypedComma = *std::localeconv()->decimal_point == ',' ? L"1.5" : L"15";
 };
 
 }  // namespace
@@ -38,7 +41,7 @@ TEST_P(DoubleEditExTest, TakesBackWhatIsNoNumberCharacter) {
     // Typed without and with permission for minus signs.
     const LPCWSTR cases[][3] = {{L"1a2b3", L"123", L"123"},
                                 {L"1.2.3", L"1.2.3", L"1.2.3"},
-                                {L"1,5", L"15", L"15"},
+                                {L"1,5", m_pszTypedComma, m_pszTypedComma},
                                 {L"-5.5-e", L"5.5", L"-5.5-"},
                                 {L"x7", L"7", L"7"}};
     for (const bool bAllowNegative : {false, true, false}) {

@@ -7,6 +7,7 @@
 #include "support/WindowText.h"
 
 #include <afxcmn.h>
+#include <functional>
 #include <gmock/gmock.h>
 
 #include <random>
@@ -20,12 +21,16 @@ struct GridNotice {
 
 class GridDialog : public CWnd, public IGridParent {
   public:
-    void OnGridNotify(const CString& strText, int nCode) override { m_notices.push_back({nCode, strText}); }
+    void OnGridNotify(const CString& strText, int nCode) override {
+        m_notices.push_back({nCode, strText});
+        m_atNotice(nCode);
+    }
     void SupplyMaterialGroups(CMFXListCtrl&) override { ++m_nAsked; }
 
     std::vector<GridNotice> TakeNotices() { return std::exchange(m_notices, {}); }
 
     std::vector<GridNotice> m_notices;
+    std::function<void(int)> m_atNotice = [](int) {};
     int m_nAsked = 0;
 };
 
@@ -49,7 +54,7 @@ class GridTest : public testing::Test {
     }
     void Fill(int nColumns, int nRows = kRows) {
         for (int nRow = 0; nRow < nRows; ++nRow) {
-            m_grid.InsertRowText(nRow, Name(nRow, 0));
+            m_grid.InsertRowText(nRow, m_grid.GetColumnWidth(0) > Scaled(12) ? Name(nRow, 0) : CString());
             for (int nCol = 1; nCol < nColumns; ++nCol) m_grid.SetCellText(nRow, nCol, Name(nRow, nCol));
         }
     }
@@ -66,9 +71,9 @@ class GridTest : public testing::Test {
 
     CWnd& Editor() { return *m_grid.GetDlgItem(kEditorId); }
     CComboBox& Combo() { return static_cast<CComboBox&>(*m_grid.GetDlgItem(kComboId)); }
-    CRect EditorPlace() {
+    CRect PlaceOf(const CWnd& control) {
         CRect place;
-        Editor().GetWindowRect(place);
+        control.GetWindowRect(place);
         m_grid.ScreenToClient(place);
         return place;
     }
@@ -96,6 +101,10 @@ class GridTest : public testing::Test {
             bHandled = m_grid.HandleKeyDown(&msg);
         return bHandled;
     }
+    void ExpectKeysUntaken() {
+        for (const WPARAM nKey : {VK_TAB, VK_RETURN, VK_ESCAPE, VK_LEFT, VK_UP, VK_RIGHT, VK_DOWN})
+            EXPECT_FALSE(Press(nKey)) << nKey;
+    }
     // A list view waits after a press for the release or a drag.
     void Click(int nRow, int nCol, UINT nMessage = WM_LBUTTONDOWN) {
         CRect rect;
@@ -104,6 +113,14 @@ class GridTest : public testing::Test {
         m_grid.PostMessage(WM_LBUTTONUP, 0, at);
         m_grid.SendMessage(nMessage, MK_LBUTTON, at);
         WorkOff();
+    }
+    // In the drop-down list of the first column, which a double click opens.
+    void Choose(int nRow, int nItem) {
+        Click(nRow, 0);
+        Click(nRow, 0, WM_LBUTTONDBLCLK);
+        ASSERT_TRUE(IsVisible(kComboId));
+        Combo().SendMessage(CB_SETCURSEL, static_cast<WPARAM>(nItem));
+        m_dialog.TakeNotices();
     }
     static void WorkOff() {
         MSG msg;

@@ -1,6 +1,9 @@
 #include "MFXListCtrl.h"
 
 #include "GridTest.h"
+#include "MFXRuleDlgBase.h"
+#include "NoThrow.h"
+#include "PictureControl.h"
 #include "support/GuiObjects.h"
 
 using testing::ElementsAre;
@@ -25,7 +28,40 @@ class MFXListCtrlTest : public GridTest<BareGrid> {
     CString m_strText = L"unchanged";
 };
 
+// Without a window, since MFC's own procedure would hold back more.
+template <class Window>
+class FailingWindow : public Window {
+  public:
+    using Window::Window;
+    void ExpectHeldBack() {
+        EXPECT_EQ(Window::WindowProc(WM_CREATE, 0, 0), -1) << "no window then";
+        EXPECT_EQ(Window::WindowProc(WM_PAINT, 0, 0), 0) << "no box: Windows would ask again at once";
+        MessageBoxRecorder boxes;
+        boxes.Expect(L"failure", MB_ICONSTOP);
+        EXPECT_EQ(Window::WindowProc(WM_TIMER, 0, 0), 0);
+    }
+
+  protected:
+    BOOL OnWndMsg(UINT, WPARAM, LPARAM, LRESULT*) override { throw std::runtime_error("failure"); }
+};
+
 }  // namespace
+
+TEST(FailingWindowTest, HoldsBackTheExceptionAndTellsTheUser) {
+    FailingWindow<CMFXRuleDlgBase>(1, 1, L"", nullptr).ExpectHeldBack();
+    FailingWindow<PictureControl>().ExpectHeldBack();
+    FailingWindow<CMFXListCtrl>().ExpectHeldBack();
+}
+
+TEST(NoThrowTest, DeletesExceptionsOfMfc) {
+    static bool bDeleted = false;
+    struct Exception : CException {
+        Exception() : CException(TRUE) {}
+        ~Exception() override { bDeleted = true; }
+    };
+    NoThrow([] { throw static_cast<CException*>(new Exception); });
+    EXPECT_TRUE(bDeleted);
+}
 
 TEST_F(MFXListCtrlTest, EditsACellInPlace) {
     EXPECT_FALSE(m_grid.IsCellEditActive());
@@ -37,8 +73,9 @@ TEST_F(MFXListCtrlTest, EditsACellInPlace) {
         ExpectEditing(nRow, 2);
         CRect cell;
         m_grid.GetSubItemRect(nRow, 2, LVIR_LABEL, cell);
+        EXPECT_NEAR(cell.Height(), Scaled(24), Scaled(2)) << "as an edit box";
         cell.InflateRect(0, 2);
-        EXPECT_EQ(EditorPlace(), cell);
+        EXPECT_EQ(PlaceOf(Editor()), cell);
         EXPECT_STREQ(WindowText(Editor()), Name(nRow, 2));
         EXPECT_STREQ(m_grid.m_strEditStartText, Name(nRow, 2));
         EXPECT_EQ(Editor().SendMessage(EM_GETSEL), MAKELRESULT(0, 3));
@@ -68,10 +105,14 @@ TEST_F(MFXListCtrlTest, HiddenEditorWritesAgainUnlessTheCellIsForgotten) {
     m_grid.ForgetEditedCell();
     EXPECT_TRUE(m_grid.EndCellEdit(m_strText));
     EXPECT_STREQ(Cell(1, 1), L"8");
+    ExpectKeysUntaken();
     Edit(1, 1, L"9");
     EXPECT_TRUE(m_grid.CancelCellEdit());
     EXPECT_TRUE(m_grid.EndCellEdit(m_strText));
     EXPECT_STREQ(Cell(1, 1), L"8") << "what was cancelled does not come back";
+    Edit(1, 1, L"9");
+    for (const WPARAM nKey : {VK_RETURN, VK_ESCAPE, VK_RETURN}) Press(nKey);
+    EXPECT_STREQ(Cell(1, 1), L"9") << "nor does what was committed go";
 }
 
 TEST_F(MFXListCtrlTest, ACellThatIsNotThereGetsNoEditor) {
@@ -132,6 +173,12 @@ TEST_F(MFXListCtrlTest, DeleteBlanksTheSelectedRows) {
 TEST_F(MFXListCtrlTest, ChoosesFromTheDropDownList) {
     EXPECT_FALSE(m_grid.EndComboEdit(m_strText, L"twice"));
     EXPECT_FALSE(m_grid.CancelComboEdit());
+    m_grid.BeginComboEdit(1, 0, 260);
+    CRect nextRow;
+    m_grid.GetSubItemRect(2, 0, LVIR_LABEL, nextRow);
+    EXPECT_LE(PlaceOf(Combo()).bottom, nextRow.top + 2);
+    EXPECT_FALSE(m_grid.EndComboEdit(m_strText, L"twice"));
+    EXPECT_STREQ(Cell(1, 0), L"100") << "nothing to choose";
     m_grid.SetComboItems({L"Zinc", L"100", L"000", L"100"});
     const struct {
         int nShown, nChosen;
@@ -154,6 +201,7 @@ TEST_F(MFXListCtrlTest, ChoosesFromTheDropDownList) {
         EXPECT_STREQ(m_strText, test.pszLeft);
         EXPECT_STREQ(Cell(1, 0), test.pszLeft);
         EXPECT_FALSE(IsVisible(kComboId));
+        EXPECT_TRUE(m_grid.EndComboEdit(m_strText, L"twice")) << "refused once at most";
     }
     m_grid.BeginComboEdit(2, 0, 260);
     EXPECT_EQ(Combo().SendMessage(CB_GETCURSEL), 0) << "a text that is not offered";
@@ -201,7 +249,7 @@ TEST_F(MFXListCtrlTest, FindsCellsInReorderedColumnsAndAfterScrolling) {
     int order[] = {0, 3, 1, 2};
     m_grid.SendMessage(LVM_SETCOLUMNORDERARRAY, 4, reinterpret_cast<LPARAM>(order));
     Edit(1, 3, L"33");
-    EXPECT_NEAR(EditorPlace().left, Scaled(100), 10) << "the last column is shown second";
+    EXPECT_NEAR(PlaceOf(Editor()).left, Scaled(100), 10) << "the last column is shown second";
     m_grid.EndCellEdit(m_strText);
     EXPECT_STREQ(Cell(1, 3), L"33");
 
@@ -223,6 +271,7 @@ TEST_F(MFXListCtrlTest, CanBeDestroyedWhileACellIsEdited) {
         m_grid.BeginCellEdit(0, 1, 260);
         m_grid.DestroyWindow();
         EXPECT_FALSE(m_grid.IsCellEditActive());
+        EXPECT_EQ(m_grid.GetEditRow(), -1);
         m_grid.ForgetEditedCell();
     };
     run();

@@ -1,9 +1,6 @@
 #include <afxwin.h>
-#include <commctrl.h>
 
 #include <gtest/gtest.h>
-
-#include <thread>
 
 namespace {
 
@@ -46,27 +43,4 @@ TEST(WindowTest, ObjectFollowsTheWindowThatItCreates) {
     EXPECT_TRUE(child.Create(nullptr, 0, CRect(), &top, 3));
     top.DestroyWindow();
     EXPECT_FALSE(child.m_hWnd);
-}
-
-TEST(WindowTest, SubclassedControlsOfAnyClassGoOnWorking) {
-    const INITCOMMONCONTROLSEX listView{sizeof listView, ICC_LISTVIEW_CLASSES};
-    ::InitCommonControlsEx(&listView);
-    CProbeWindow top;
-    ASSERT_TRUE(top.CreateTop());
-    for (const LPCWSTR name : {L"EDIT", L"BUTTON", L"COMBOBOX", L"SysListView32"}) {
-        SCOPED_TRACE(CString(name).GetString());
-        const HWND hWnd = ::CreateWindowW(name, L"", WS_CHILD, 0, 0, 50, 50, top, (HMENU)9, nullptr, nullptr);
-        EXPECT_EQ(CWnd::FromHandle(hWnd), top.GetDlgItem(9)) << "one temporary object";
-        EXPECT_FALSE(CWnd::FromHandlePermanent(hWnd));
-        CWnd wnd, second;
-        EXPECT_TRUE(wnd.SubclassWindow(hWnd));
-        EXPECT_EQ(top.GetDlgItem(9), &wnd);
-        EXPECT_FALSE(second.SubclassWindow(hWnd));
-        EXPECT_FALSE(wnd.Attach(top));
-        wnd.SetWindowText(L"one");
-        EXPECT_EQ(wnd.Detach(), hWnd);
-        std::thread([&] { EXPECT_FALSE(second.SubclassWindow(hWnd)); }).join();
-        EXPECT_EQ(::GetWindowTextLengthW(hWnd), 3) << "it still has its own procedure";
-        EXPECT_TRUE(second.SubclassWindow(hWnd));
-    }
 }
