@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <memory>
+#include <utility>
 
 namespace {
 
@@ -14,6 +15,30 @@ const wchar_t* CategoryText(MFXRuleCategory_e category) {
         default:
             return L"";
     }
+}
+
+// What a rule says of itself, but for its category.
+void CopyHeader(const CMfxRule& from, CMfxRule& to) {
+    to.m_strName = from.m_strName;
+    to.m_strDisplayName = from.m_strDisplayName;
+    to.m_strSummary = from.m_strSummary;
+    to.m_strModule = from.m_strModule;
+    to.m_strRuleCategory = from.m_strRuleCategory;
+    to.m_strRuleModule = from.m_strRuleModule;
+    to.m_strRuleModuleFileName = from.m_strRuleModuleFileName;
+    to.m_processList.RemoveAll();
+    for (POSITION pos = from.m_processList.GetHeadPosition(); pos;)
+        to.m_processList.AddTail(from.m_processList.GetNext(pos));
+    to.m_nStatus = from.m_nStatus;
+    to.m_nSeverity = from.m_nSeverity;
+    to.m_nLifeStatus = from.m_nLifeStatus;
+    to.m_bPopulated = from.m_bPopulated;
+    to.m_nRuleId = from.m_nRuleId;
+    to.m_nLengthUnit = from.m_nLengthUnit;
+    to.m_nAngleUnit = from.m_nAngleUnit;
+    to.m_strDescription = from.m_strDescription;
+    to.m_strDialogImage = from.m_strDialogImage;
+    to.m_bParametersCreated = from.m_bParametersCreated;
 }
 
 }  // namespace
@@ -43,7 +68,7 @@ void CMfxRule::ConfigureRule(HBITMAP) {
     ConfigureRuleDialog();
 }
 void CMfxRule::SetDialogImageInfo(CString strImage) {
-    m_strDialogImage = strImage;
+    m_strDialogImage = std::move(strImage);
 }
 int CMfxRule::ExecuteAlternate(MFXICadSys*, const CMfxData*, MFXResultSet*, int) {
     return 0;
@@ -51,26 +76,7 @@ int CMfxRule::ExecuteAlternate(MFXICadSys*, const CMfxData*, MFXResultSet*, int)
 
 CMfxRule& CMfxRule::operator=(CMfxRule* pOther) {
     if (!pOther || pOther == this) return *this;
-    m_strName = pOther->m_strName;
-    m_strDisplayName = pOther->m_strDisplayName;
-    m_strSummary = pOther->m_strSummary;
-    m_strModule = pOther->m_strModule;
-    m_strRuleCategory = pOther->m_strRuleCategory;
-    m_strRuleModule = pOther->m_strRuleModule;
-    m_strRuleModuleFileName = pOther->m_strRuleModuleFileName;
-    m_processList.RemoveAll();
-    for (POSITION pos = pOther->m_processList.GetHeadPosition(); pos;)
-        m_processList.AddTail(pOther->m_processList.GetNext(pos));
-    m_nStatus = pOther->m_nStatus;
-    m_nSeverity = pOther->m_nSeverity;
-    m_nLifeStatus = pOther->m_nLifeStatus;
-    m_bPopulated = pOther->m_bPopulated;
-    m_nRuleId = pOther->m_nRuleId;
-    m_nLengthUnit = pOther->m_nLengthUnit;
-    m_nAngleUnit = pOther->m_nAngleUnit;
-    m_strDescription = pOther->m_strDescription;
-    m_strDialogImage = pOther->m_strDialogImage;
-    m_bParametersCreated = pOther->m_bParametersCreated;
+    CopyHeader(*pOther, *this);
     m_category = pOther->m_category;
 
     MfxParamArray params = CloneParameters(pOther->m_paramArray);

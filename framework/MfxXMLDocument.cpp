@@ -6,6 +6,7 @@
 #include <climits>
 #include <cstdlib>
 #include <iterator>
+#include <optional>
 #include <utility>
 
 using mfx_xml::IsDetachedHolder;
@@ -155,6 +156,30 @@ struct Utf8Writer : pugi::xml_writer {
     }
 };
 
+struct FlawOfElements {
+    std::ptrdiff_t offset;
+    const wchar_t* reason;
+};
+
+// Elements that make no document, or one that can't be worked with; nothing for those that do.
+std::optional<FlawOfElements> FindFlawOfElements(const pugi::xml_document& document) {
+    const pugi::xml_node root = document.document_element();
+    if (!root) return FlawOfElements{0, L"there is no element"};
+    for (const pugi::xml_node child : document.children()) {
+        const bool isText = child.type() == pugi::node_pcdata || child.type() == pugi::node_cdata;
+        if (isText && !CString(child.value()).Trim().IsEmpty())
+            return FlawOfElements{child.offset_debug(), L"there is text outside the outermost element"};
+        if (child.type() == pugi::node_element && child != root)
+            return FlawOfElements{child.offset_debug(), L"there is more than one outermost element"};
+    }
+    const pugi::xml_node large =
+        FindTooLarge(document, MfxXMLDocument::kMaxDepth, MfxXMLDocument::kMaxAttributes);
+    if (!large) return std::nullopt;
+    return FlawOfElements{large.offset_debug(), HasTooManyAttributes(large, MfxXMLDocument::kMaxAttributes)
+                                                    ? L"an element has too many attributes"
+                                                    : L"elements are nested too deep"};
+}
+
 }  // namespace
 
 MfxXMLDocument::MfxXMLDocument() : m_pDocument(std::make_unique<pugi::xml_document>()) {}
@@ -203,19 +228,7 @@ MfxXmlParseResult MfxXMLDocument::Parse(std::string_view bytes) {
     if (const std::size_t nAt = FindForeignReference(m_source); nAt != m_source.npos)
         return FailAtByte(nAt,
                           L"a reference stands for an entity that has to be declared, or for no character");
-    const pugi::xml_node root = m_pDocument->document_element();
-    if (!root) return Fail(1, 1, L"there is no element");
-    for (const pugi::xml_node child : m_pDocument->children()) {
-        const bool bText = child.type() == pugi::node_pcdata || child.type() == pugi::node_cdata;
-        if (bText && !CString(child.value()).Trim().IsEmpty())
-            return Fail(child.offset_debug(), L"there is text outside the outermost element");
-        if (child.type() == pugi::node_element && child != root)
-            return Fail(child.offset_debug(), L"there is more than one outermost element");
-    }
-    if (const pugi::xml_node large = FindTooLarge(*m_pDocument, kMaxDepth, kMaxAttributes))
-        return Fail(large.offset_debug(), HasTooManyAttributes(large, kMaxAttributes)
-                                              ? L"an element has too many attributes"
-                                              : L"elements are nested too deep");
+    if (const auto flaw = FindFlawOfElements(*m_pDocument)) return Fail(flaw->offset, flaw->reason);
 
     MfxXmlParseResult result;
     result.bOk = true;
