@@ -38,6 +38,6 @@ CString CLanguageUtil::GetLanguageWord(LANGID langId) {
 std::vector<CString> CLanguageUtil::GetLanguageWords() {
     std::vector<CString> words{kEnglish};
     for (const LanguageId& language : kLanguageIds)
-        if (words.back() != language.pszWord) words.push_back(language.pszWord);
+        if (words.back() != language.pszWord) words.emplace_back(language.pszWord);
     return words;
 }

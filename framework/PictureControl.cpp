@@ -4,6 +4,7 @@
 #include "PixelScaling.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace {
 
@@ -40,8 +41,8 @@ HBITMAP CreateBitmapOf(HDC hDC, const Pixels& pixels) {
 CSize FitInto(CSize picture, CSize room) {
     const double scale =
         std::min(static_cast<double>(room.cx) / picture.cx, static_cast<double>(room.cy) / picture.cy);
-    return {std::max(1, static_cast<int>(picture.cx * scale + 0.5)),
-            std::max(1, static_cast<int>(picture.cy * scale + 0.5))};
+    return {std::max(1, static_cast<int>(std::lround(picture.cx * scale))),
+            std::max(1, static_cast<int>(std::lround(picture.cy * scale)))};
 }
 
 }  // namespace

@@ -45,6 +45,7 @@ Pixels ScalePixels(const Pixels& source, int nWidth, int nHeight) {
     Pixels scaled{nWidth, nHeight, {}};
     scaled.values.reserve(static_cast<std::size_t>(nWidth) * static_cast<std::size_t>(nHeight));
     std::vector<std::vector<Share>> columns;
+    columns.reserve(static_cast<std::size_t>(nWidth));
     for (int x = 0; x < nWidth; ++x) columns.push_back(SharesOf(x, nWidth, source.nWidth));
     for (int y = 0; y < nHeight; ++y) {
         const std::vector<Share> rows = SharesOf(y, nHeight, source.nHeight);

@@ -65,8 +65,8 @@ bool IsWholly(const CString& strText) {
     const std::string text = NumberCandidate(strTrimmed);
     Number ignored{};
     const auto result = std::from_chars(text.data(), text.data() + text.size(), ignored);
-    const bool bAscii =
-        strTrimmed.IsEmpty() || (!text.empty() && text.back() == strTrimmed[strTrimmed.GetLength() - 1]);
+    const bool bAscii = strTrimmed.IsEmpty() || (!text.empty() && static_cast<wchar_t>(text.back()) ==
+                                                                      strTrimmed[strTrimmed.GetLength() - 1]);
     return result.ec != std::errc::invalid_argument && result.ptr == text.data() + text.size() && bAscii;
 }
 

@@ -4,6 +4,7 @@
 #include "LanguageUtil.h"
 #include "Text.h"
 
+#include <utility>
 #include <vector>
 
 namespace {
@@ -41,7 +42,7 @@ CommandLine::CommandLine()
 
 CLI::App& CommandLine::Add(const char* name, const char* description, Command command) {
     CLI::App* const added = m_cli.add_subcommand(name, description);
-    added->callback([this, command] { m_command = command; });
+    added->callback([this, command = std::move(command)] { m_command = command; });
     return *added;
 }
 

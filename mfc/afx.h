@@ -16,7 +16,7 @@ struct CListPosition {};
 }  // namespace mfx
 
 // Place of an element in a list; null is no place. It stays valid until its element is removed.
-typedef mfx::CListPosition* POSITION;
+using POSITION = mfx::CListPosition*;
 
 // Base of all classes with an identity. Objects can't be copied.
 class MFX_MFC_API CObject {

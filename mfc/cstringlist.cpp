@@ -9,7 +9,7 @@ CStringList::~CStringList() {
 }
 
 POSITION CStringList::AddTail(LPCTSTR newElement) {
-    CNode* const node = new CNode{{}, newElement};
+    auto* const node = new CNode{{}, newElement};
     (m_pTail ? m_pTail->pNext : m_pHead) = node;
     m_pTail = node;
     ++m_nCount;

@@ -38,7 +38,7 @@ class Handler {
     static LRESULT Invoke(CWnd& wnd,
                           Return (Class::*member)(decltype(Arguments(std::declval<const MSG&>()))...),
                           const MSG& msg) {
-        Class& target = static_cast<Class&>(wnd);
+        auto& target = static_cast<Class&>(wnd);
         if constexpr (std::is_void_v<Return>)
             return (target.*member)(Arguments(msg)...), 0;
         else

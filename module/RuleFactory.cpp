@@ -58,7 +58,7 @@ void AppendAllRules(MfxRuleArray& rules) {
         RulePtr pRule = CreateRule(row, nullptr);
         if (!pRule) continue;
         rules.Add(pRule.get());
-        pRule.release();
+        static_cast<void>(pRule.release());
     }
 }
 

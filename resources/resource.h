@@ -35,7 +35,7 @@
 /* Grids of the rule dialogs */
 #define IDS_MAXIMUM_BELOW_MINIMUM 10107
 #define IDS_ALREADY_IN_TABLE 10108 /* follows a name and a blank */
-#define IDS_DEFAULT 10133 /* also the placeholder in the list of material groups */
+#define IDS_DEFAULT 10133          /* also the placeholder in the list of material groups */
 
 /* Import of a workbook's columns */
 #define IDS_WORKBOOK_NOT_FOUND 29139

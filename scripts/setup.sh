@@ -1,11 +1,17 @@
 #!/bin/bash
 # Prepares a Debian 12 machine: packages, cross-built libraries, Wine prefix, locales; all but the packages go to build/.
-# With "--build PRESET [TARGETS...]" it also builds that CMake preset, or just these targets of it. A step that was done before is skipped.
+# setup.sh [--checks] [--build PRESET [TARGETS...]]: --checks also installs what the checks of the code need; --build
+# also builds that CMake preset, or just these targets of it. A step that was done before is skipped.
 set -euo pipefail
 cd -- "$(dirname -- "${BASH_SOURCE[0]}")/.."
 root=$PWD
 build=$root/build
 deps=$build/deps
+checks=()
+if [[ ${1:-} == --checks ]]; then
+  checks=(clang clang-format clang-tidy)
+  shift
+fi
 preset=
 targets=()
 if [[ ${1:-} == --build ]]; then
@@ -20,6 +26,7 @@ packages=(
   wine64 fonts-wine fonts-noto-cjk locales xvfb
   # Wine loads these when they are there, and its windows behave differently without them.
   libxcomposite1 libxcursor1 libxfixes3 libxi6 libxinerama1 libxrandr2 libxrender1
+  "${checks[@]}"
 )
 # A library is added by its name here and a function make_NAME below.
 libraries=(pugixml googletest cli11 json benchmark libzip)

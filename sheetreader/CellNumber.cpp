@@ -55,7 +55,7 @@ std::uint32_t ParseIndex(std::string_view text) {
 }
 
 std::string_view FormatCellNumber(std::string_view number, Digits& digits) {
-    const double value = Parse<double>(number);
+    const auto value = Parse<double>(number);
     if (!std::isfinite(value)) throw std::runtime_error("no number");
     std::string_view text = WriteMillionths(value, digits);
     if (text.empty()) text = WriteExactly(value, digits);

@@ -81,7 +81,7 @@ CString CMFXSandCastingRulesApp::GetLanguage() const {
 }
 
 CString CMFXSandCastingRulesApp::GetRegistryLanguage() {
-    DWORD dwOption = static_cast<DWORD>(-1);
+    auto dwOption = static_cast<DWORD>(-1);
     DWORD dwSize = sizeof dwOption;
     if (RegGetValueW(HKEY_CURRENT_USER, kOptionsKey, kLanguageOption, RRF_RT_REG_DWORD, nullptr, &dwOption,
                      &dwSize) != ERROR_SUCCESS)
