@@ -116,9 +116,10 @@ class ValueLister {
                                          : severityCode == SeverityInfo  ? "info"
                                                                          : "unknown";
             const std::string entry = label + ", " + severity;
-            AddNumber(entry, ++row, quantity, deviation.first, kHalfOfSixthDecimal);
+            AddNumber(entry, ++row, quantity, ContentOfNumber(deviation.first, false), kHalfOfSixthDecimal);
             if (deviation.second > 0.0)
-                AddNumber(entry + ", second", row, quantity, deviation.second, kHalfOfSixthDecimal);
+                AddNumber(entry + ", second", row, quantity, ContentOfNumber(deviation.second, false),
+                          kHalfOfSixthDecimal);
         }
     }
 
