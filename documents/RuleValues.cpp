@@ -128,10 +128,11 @@ class ValueLister {
                                                                          : "unknown";
             const std::string name = kind + ", " + severity;
             const std::string entry = label + ", " + name, key = std::to_string(++row) + "/" + name;
-            AddNumber(key, entry, row, quantity, deviation.first, kHalfOfSixthDecimal);
+            AddNumber(key, entry, row, quantity, ContentOfNumber(deviation.first, false),
+                      kHalfOfSixthDecimal);
             if (deviation.second > 0.0)
-                AddNumber(key + ", second", entry + ", second", row, quantity, deviation.second,
-                          kHalfOfSixthDecimal);
+                AddNumber(key + ", second", entry + ", second", row, quantity,
+                          ContentOfNumber(deviation.second, false), kHalfOfSixthDecimal);
         }
     }
 

@@ -31,6 +31,8 @@ TEST_F(HostTest, WritesANewDocumentButReplacesNoneUnasked) {
     EXPECT_EQ(m_folder.Read(L"n.xml"), "mine");
     Run({L"new", L"n.xml", L"--force", L"--lang", L"french"}, 0, _, "");
     EXPECT_THAT(m_folder.Read(L"n.xml"), HasSubstr("Angles de dépouille selon la taille"));
+    Run({L"diff", L"n.xml", Wide(MFX_SAMPLES "default-rules.xml")}, 0, "", "");
+    Run({L"show", L"n.xml", L"--lang", L"japanese"}, 0, HasSubstr("サイズ別抜き勾配"), "");
     EXPECT_THAT(m_folder.Names(), ElementsAre(L"n.xml"));
 }
 
@@ -55,39 +57,33 @@ TEST_F(HostTest, ShowsADocument) {
     Run({L"show", L"d.xml"}, 1, HasSubstr("\n    吉吉吉吉吉\n            𠮷\n"), _);
 }
 
+// Its schema is tested elsewhere.
 TEST_F(HostTest, ShowsADocumentAsJson) {
     const auto show = [&](const std::string& document) {
         m_folder.Write(L"d.xml", document);
         const ProcessResult run = Run({L"show", L"d.xml", L"--json", L"--lang", L"japanese"});
-        EXPECT_THAT(run.err, StartsWith("d.xml:"));
         EXPECT_EQ(run.nExitCode, 1);
         return std::regex_replace(run.out, std::regex("\n *"), "");
     };
     const std::string row =
         R"(<Value Attribute1=".5" Attribute2="1000000000.0" Attribute3="" Attribute4="1.2.3"/>)";
-    EXPECT_EQ(
-        show(Document(row, R"(<Rule Name="Bend" Module="Other"/>)")),
-        R"({"version": 1,"file": "d.xml","units": {"length": "mm","angle": "deg"},"rules": [)"
-        R"({"line": 1,"rule": "Bend","ruleId": null,"recognised": false,"recordName": "Bend",)"
-        R"("module": "Other"},{"line": 2,"rule": "可変抜き勾配","ruleId": 19040,"recognised": true,)"
-        R"("recordName": "Variable Draft Angle","module": "MFXSandCastingRulesValidator",)"
-        R"("summary": "鋳造フィーチャのサイズに応じて必要な抜き勾配","status": -1,"severity": 2,)"
-        R"("parameters": [{"parameter": 29183,"name": "サイズ別抜き勾配","active": true,"columns": [)"
-        R"({"name": "from","unit": "mm"},{"name": "to","unit": "mm"},{"name": "angle 1","unit": "deg"},)"
-        R"({"name": "angle 2","unit": "deg"},{"name": "angle 3","unit": "deg"}],)"
-        R"("rows": [[0.5,"no limit",null,"1.2.3"]]}],"constraints": []}],)"
-        R"("findings": [{"key": "foreign-rule","severity": "warning","line": 1,"rule": "Bend",)"
-        R"("ruleId": null,"parameter": null,"text": "a rule of module \"Other\" that is not known here"},)"
-        R"({"key": "number-misread","severity": "error","line": 5,"rule": "可変抜き勾配",)"
-        R"("ruleId": 19040,"parameter": 29183,)"
-        R"("text": "Attribute4: \"1.2.3\" is not a number and reads as 1.2"}]})");
-    const std::string metres = m_folder.Read(Wide(MFX_SAMPLES "size-and-weight-metres.xml"));
     EXPECT_THAT(
-        show(Replaced(Replaced(metres, ">0.6<", ">1e999<"), "9\" Status=\"1", "9\" Status=\"0")),
-        AllOf(HasSubstr(R"(null,"values": ["lb"]}],"constraints": [{"constraint": "Steel","active": true)"),
-              HasSubstr(R"("active": false,"unit": "m","values": [0.0,0.2])"),
-              HasSubstr(R"("active": true,"unit": "m","values": [0.2,"inf"])"),
-              HasSubstr(R"("unit": "lb","values": [null,null])")));
+        show(Document(row, R"(<Rule Name="Bend" Module="Other"/>)")),
+        AllOf(
+            HasSubstr(
+                R"({"line": 1,"rule": "Bend","ruleId": null,"recognised": false,"recordName": "Bend",)"
+                R"("module": "Other"},{"line": 2,"rule": "可変抜き勾配","ruleId": 19040,"recognised": true,)"
+                R"("recordName": "Variable Draft Angle",)"),
+            HasSubstr(R"({"name": "to","unit": "mm"},{"name": "angle 1","unit": "deg"})"),
+            HasSubstr(R"("rows": [[0.5,"no limit",null,"1.2.3"]])"),
+            HasSubstr(R"({"key": "number-misread","severity": "error","line": 5,"rule": "可変抜き勾配",)"
+                      R"("ruleId": 19040,"parameter": 29183,"text": "Attribute4: \"1.2.3\" is not)")));
+    const std::string metres = m_folder.Read(Wide(MFX_SAMPLES "size-and-weight-metres.xml"));
+    EXPECT_THAT(show(Replaced(Replaced(metres, ">0.6<", ">1e999<"), "9\" Status=\"1", "9\" Status=\"0")),
+                AllOf(HasSubstr(R"("constraints": [{"constraint": "Steel","active": true)"),
+                      HasSubstr(R"("active": false,"unit": "m","values": [0.0,0.2])"),
+                      HasSubstr(R"("active": true,"unit": "m","values": [0.2,"inf"])"),
+                      HasSubstr(R"("unit": "lb","values": [null,null])")));
 }
 
 TEST_F(HostTest, TakesAnyPath) {

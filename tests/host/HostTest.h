@@ -9,6 +9,12 @@
 
 #include <stdexcept>
 
+inline std::string Repeated(const std::string& text, std::size_t nTimes) {
+    std::string all;
+    for (; nTimes > 0; --nTimes) all += text;
+    return all;
+}
+
 // Starts the real program, in a folder of the test's own, so that file names need no path.
 class HostTest : public testing::Test {
   protected:
@@ -31,11 +37,10 @@ class HostTest : public testing::Test {
     }
 
     // The sample's rule many times over, in one document.
-    std::string ManyRules(int nRules) const {
+    std::string ManyRules(std::size_t nRules) const {
         const std::size_t nRule = m_sample.find("  <Rule "), nEnd = m_sample.find("</MfxRules>");
-        std::string document = m_sample.substr(0, nRule);
-        for (int i = 0; i < nRules; ++i) document.append(m_sample, nRule, nEnd - nRule);
-        return document.append(m_sample, nEnd);
+        return m_sample.substr(0, nRule) + Repeated(m_sample.substr(nRule, nEnd - nRule), nRules) +
+               m_sample.substr(nEnd);
     }
 
     const TempFolder m_folder;

@@ -44,16 +44,13 @@ TEST_F(HostTest, LeavesAWholeDocumentWhenItIsKilled) {
         ASSERT_TRUE(after == old || after == converted) << "kill " << i << ": " << after.size() << " bytes";
         nOld += after == old;
     }
-    const std::size_t nLeft = m_folder.Names().size() - 1;
-    std::printf("%d kills: %d old, %d new, %d after the save began, %d temporary files left, %.0f s\n",
-                nKills, nOld, nKills - nOld, nInSave, static_cast<int>(nLeft),
-                std::chrono::duration<double>(Clock::now() - start).count());
+    const std::size_t nLeft = m_folder.Names().size();
     EXPECT_GT(nOld, 0);
     EXPECT_GT(nInSave, 0);
     m_folder.Write(L"d.xml", old);
     Run(toInches, 0, _, _);
     EXPECT_TRUE(m_folder.Read(L"d.xml") == converted);
-    EXPECT_LE(m_folder.Names().size() - 1, nLeft);
+    EXPECT_LE(m_folder.Names().size(), nLeft);
 }
 
 // Of two conversions at once that have read the same document, the second one to save does not undo the

@@ -2,6 +2,7 @@
 
 #include <random>
 #include <string>
+#include <string_view>
 #include <vector>
 
 // Makes bad documents of good ones. The same seed gives the same one.
@@ -21,13 +22,10 @@ class DocumentMutator {
     std::string MakeDocument();
 
   private:
-    // What a change exchanges. Most changes of the first three leave the document well-formed.
-    enum Kind { Number, Attribute, Element, Bytes };
-
     // At least one, mostly few.
     std::size_t Some(std::size_t nMaxPower) { return 1 + Below(std::size_t{1} << Below(nMaxPower)); }
-    std::pair<std::size_t, std::size_t> FindPart(const std::string& text, Kind kind);
-    std::string Replacement(const std::string& part, Kind kind);
+    std::string_view FindPart(std::string_view text, const std::string& kind);
+    std::string Changed(const std::string& part, const std::string& kind);
 
     const std::vector<std::string>& m_documents;
     std::mt19937 m_random;

@@ -10,8 +10,6 @@
 #include <atomic>
 #include <chrono>
 #include <cstdlib>
-#include <cwctype>
-#include <optional>
 #include <thread>
 
 namespace {
@@ -58,35 +56,24 @@ std::size_t PeakMegabytes() {
     return counters.PeakWorkingSetSize >> 20;
 }
 
-std::optional<unsigned> ParseNumber(const wchar_t* pszText) {
-    wchar_t* pEnd = nullptr;
-    const unsigned long nNumber = wcstoul(pszText, &pEnd, 10);
-    return std::iswdigit(*pszText) && !*pEnd ? std::optional(nNumber) : std::nullopt;
-}
-
 }  // namespace
 
 int RunMutationTest(int argc, wchar_t** argv, const MutationTest& test) {
-    const auto nRounds = ParseNumber(argc > 1 ? argv[1] : L"1000");
-    const auto nFirst = ParseNumber(argc > 2 ? argv[2] : L"1");
-    if (!nRounds || !nFirst || argc > 3) {
-        printf("usage: %ls [ROUNDS [SEED]]\n", argv[0]);
-        return 2;
-    }
+    const unsigned long nRounds = argc > 1 ? wcstoul(argv[1], nullptr, 10) : 1000;
+    const unsigned long nFirst = argc > 2 ? wcstoul(argv[2], nullptr, 10) : 1;
     InstallCrashReport();
     g_pReportCrash = SetUnhandledExceptionFilter(ReportCrash);
     g_inputFolder = test.inputFolder;
-    g_nSeed = *nFirst;
     SilenceOutput();
     std::thread(WatchRounds).detach();
     const auto start = std::chrono::steady_clock::now();
-    for (; g_nSeed != *nFirst + *nRounds; ++g_nSeed) {
+    for (g_nSeed = nFirst; g_nSeed != nFirst + nRounds; ++g_nSeed) {
         test.runRound(g_nSeed);
         if (PeakMegabytes() > kMaxMegabytes) FailRound("takes more than 500 MB");
     }
     const std::chrono::duration<double> time = std::chrono::steady_clock::now() - start;
     RestoreOutput();
-    printf("%u rounds in %.1f s, at most %zu MB\n", *nRounds, time.count(), PeakMegabytes());
+    printf("%lu rounds in %.1f s, at most %zu MB\n", nRounds, time.count(), PeakMegabytes());
     test.printSummary();
     return EXIT_SUCCESS;
 }

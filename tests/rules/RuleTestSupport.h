@@ -48,24 +48,13 @@ struct RuleTest : testing::Test {
         return text.str().c_str();
     }
 
-    // What the parameters of a constraint must be, in their order; all are lists of numbers.
-    struct Kind {
-        long nId;
-        MfxOperator_e op;
-        MfxParamType_e type;
-    };
-    static void ExpectKinds(const CMFXConstraint& constraint, const std::vector<Kind>& kinds) {
-        EXPECT_EQ(constraint.m_type, ConstraintByMaterial);
-        ASSERT_EQ(constraint.m_paramArray.GetCount(), static_cast<int>(kinds.size()));
-        for (int i = 0; i < constraint.m_paramArray.GetCount(); ++i) {
-            const CMfxParamStorage& storage = *constraint.m_paramArray[i].m_pStorage;
-            const Kind& kind = kinds[static_cast<std::size_t>(i)];
-            EXPECT_EQ(storage.m_nParamId, kind.nId);
-            EXPECT_EQ(storage.m_operator, kind.op) << kind.nId;
-            EXPECT_EQ(storage.m_paramType, kind.type) << kind.nId;
-            EXPECT_EQ(constraint.m_paramArray[i].m_type, TypeDouble) << kind.nId;
-            EXPECT_FALSE(storage.m_bReadOnly) << kind.nId;
-        }
+    // The parameters by their id: " 10067=4/7/1/0", with type, operator, kind and whether it is read-only.
+    static CString Kinds(const MfxParamArray& params) {
+        std::wostringstream text;
+        for (const auto& [type, p] : params)
+            text << L" " << p->m_nParamId << L"=" << type << L"/" << p->m_operator << L"/" << p->m_paramType
+                 << L"/" << p->m_bReadOnly;
+        return text.str().c_str();
     }
     static UnitPair Units(const CMfxRule& rule) { return {rule.m_nLengthUnit, rule.m_nAngleUnit}; }
 

@@ -63,29 +63,20 @@ TEST_F(VariableDraftAngleRuleTest, SameUnitsOrNoParameterConvertNothing) {
     EXPECT_EQ(Units(m_rule), kMetric);
 }
 
-TEST_F(VariableDraftAngleRuleTest, PopulateReplacesTheTable) {
-    const std::string start = "<ParameterType>24</ParameterType>",
-                      row = "<Value Attribute1='1' Attribute2='2.50' Attribute3='' Attribute4='4'/>";
-    for (const auto& [text, pszTable] :
-         {std::pair{start + row + row, L"1;2.50;;4;|1;2.50;;4;|"}, {start, L""}}) {
-        m_rule.m_strSummary = L"old";
-        m_rule.PopulateFromXML(Record("<Parameter Type='29183'>" + text + "</Parameter>").get());
-        EXPECT_STREQ(Table(m_rule), pszTable);
-        EXPECT_EQ(m_rule.m_strSummary.GetString(), m_app.Text(29193));
-    }
-}
-
-TEST_F(VariableDraftAngleRuleTest, WritesAndThenReloadsTheSummary) {
+TEST_F(VariableDraftAngleRuleTest, ReloadsItsSummaryWhenItHasItsTable) {
+    const std::wstring summary = m_app.Text(29193);
     m_rule.m_strSummary = L"old";
     const NodePtr pRecord(m_rule.BuildXMLNode());
-    EXPECT_EQ(m_rule.m_strSummary.GetString(), m_app.Text(29193));
     CString strWritten;
     pRecord->GetAttributeValue(L"Summary", strWritten);
     EXPECT_STREQ(strWritten, L"old");
-    Remove(m_rule.m_paramArray, 0);
-    m_rule.m_strSummary = L"old";
-    m_rule.PopulateFromXML(pRecord.get());
-    EXPECT_STREQ(m_rule.m_strSummary, L"old");
+    EXPECT_EQ(m_rule.m_strSummary.GetString(), summary);
+    for (const bool bTable : {true, false}) {
+        if (!bTable) Remove(m_rule.m_paramArray, 0);
+        m_rule.m_strSummary = L"old";
+        m_rule.PopulateFromXML(pRecord.get());
+        EXPECT_EQ(m_rule.m_strSummary.GetString(), bTable ? summary : L"old");
+    }
 }
 
 TEST_F(VariableDraftAngleRuleTest, UnitLabelsAreDistinct) {
