@@ -94,7 +94,7 @@ struct FindingKind {
 
 inline constexpr FindingKind kFindingKinds[] = {
     {FindingCode::MissingDocumentAttribute, "missing-document-attribute", Severity::Warning, false,
-     "MfxRules: {} is missing; {} is assumed"},
+     "MfxRules: {} is missing and reads as {}"},
     {FindingCode::ForeignRule, "foreign-rule", Severity::Warning, true,
      "a rule of another module, {}, which is not known here"},
     {FindingCode::UnknownRule, "unknown-rule", Severity::Error, true, "module {} has no rule of this name"},

@@ -115,7 +115,7 @@ TEST_F(CheckTest, NamesWhatIsWrongWithParameters) {
          "error: .* ResultCriteria: Status=.off. is neither"},
         {"CriteriaType=\"0\"", "CriteriaType=\"none\"",
          "error: .* CriteriaType=.none. is not a whole number"},
-        {"<Operator>7<", "<Operator>1<", "error: .* Operator: it asks for pairs or threes of values"},
+        {"<Operator>7<", "<Operator>1<", "error: .* Operator: it needs values in pairs or threes"},
         {k6, "", "error: .* Value: the limit has no value"},
         {k6, "<Value>0</Value>", "error: .* the limit has to be above zero"},
         {k6, "<Value>abc</Value>", "error: .* Value: .abc. is not a number and reads as 0"},
@@ -133,11 +133,11 @@ TEST_F(CheckTest, NamesWhatIsWrongWithParameters) {
         {kVariation, kVariation + "<Value>3</Value>",
          "warning: .* Value: there are 2; only the first one is used"},
         {"<Value>16</Value>", "<?Value 7?><Value>nan</Value>", "error: .* .nan. is not a number"},
-        {" Unit=\"1\"", "", "warning: MfxRules: Unit is missing; millimetres are assumed"},
-        {"AngleUnit=\"0\"", "", "warning: MfxRules: AngleUnit is missing; degrees are assumed"},
-        {"Version=\"1\" U", "U", "warning: MfxRules: Version is missing; 1 is assumed"},
+        {" Unit=\"1\"", "", "warning: MfxRules: Unit is missing and reads as millimetres"},
+        {"AngleUnit=\"0\"", "", "warning: MfxRules: AngleUnit is missing and reads as degrees"},
+        {"Version=\"1\" U", "U", "warning: MfxRules: Version is missing and reads as 1"},
         {"Name=\"Wall Thickness Variation\"", "Name=\"Variable Draft Angle\"",
-         "warning: Variable Draft Angle: the document has this rule more than once\n.* it is missing\n.* "
+         "warning: Variable Draft Angle: the document has this rule more than once\n.* the parameter is missing\n.* "
          "unknown"},
     });
     m_folder.Write(L"d.xml", Replaced(m_all, kVariation, ""));

@@ -6,6 +6,7 @@
 
 extern "C" void SetDBModuleList(CStringList& modules);
 extern "C" void GetAllRules(MfxRuleArray& rules);
+extern "C" void GetRule(MfxXMLNode* pRecord, CMfxRule** ppRule);
 
 namespace {
 
@@ -49,6 +50,13 @@ TEST(SandCastingRulesAppTest, WithoutLibrariesOrApplicationTextsAreEmptyAndNotTh
     MfxRuleArray rules;
     GetAllRules(rules);
     EXPECT_TRUE(rules.IsEmpty());
+    // All names that a record's could be compared with are empty, too.
+    MfxXMLDocument document;
+    const std::unique_ptr<MfxXMLNode> pNameless(document.CreateRootNode(L"Rule"));
+    pNameless->AddAttribute(L"Module", L"MFXSandCastingRulesValidator");
+    CMfxRule* pRule = nullptr;
+    GetRule(pNameless.get(), &pRule);
+    EXPECT_FALSE(pRule);
     CStringList modules;
     SetDBModuleList(modules);
 }

@@ -65,18 +65,3 @@ TEST_F(FreshRulesTest, AreAsDocumented) {
     EXPECT_STREQ(variation.m_strDescription, m_app.LoadLocalizedString(29170));
     EXPECT_STREQ(variation.m_strHelpFilePath, L"\\lang\\french\\lang\\english\\mfxkit.chm");
 }
-
-TEST_F(FreshRulesTest, VariationHasNoUnits) {
-    CMFXSCWTVariationRule rule(7);
-    rule.PopulateFromXML(Record(Parameter(29167, "30.5")).get());
-    const CString strSummary = rule.m_strSummary;
-    EXPECT_STREQ(strSummary, L"Variation admise de l'épaisseur de paroi\u00a0: 30.5");
-    rule.m_strSummary = L"old";
-    rule.ConvertUnits({1, 0}, {3, 2});
-    EXPECT_STREQ(Values(rule), L" 29167: 30.5");
-    EXPECT_EQ(Units(rule), UnitPair{});
-    EXPECT_STREQ(rule.m_strSummary, strSummary);
-    rule.m_strSummary = L"old";
-    NodePtr(rule.BuildXMLNode());
-    EXPECT_STREQ(rule.m_strSummary, strSummary);
-}

@@ -97,22 +97,3 @@ TEST_F(UniformThicknessRuleTest, UnitIsOneCharacterOfTheParent) {
     ASSERT_TRUE(m_document.Parse("<Rule Unit='3'/>").bOk);
     EXPECT_EQ(rule.Read(NodePtr(m_document.GetRootNode())).m_nLengthUnit, 0);
 }
-
-TEST_F(UniformThicknessRuleTest, ConvertsAllLimits) {
-    const NodePtr pRecord = Record(Material("0", Limits("50.8", "1")) + Material("1", Limits("50.8", "1")));
-    Rule rule(pRecord);
-    rule.Read(pRecord);
-    Remove(rule.m_constraintArray[1]->m_paramArray, 1);
-    for (const double value : {0.0, 25.4})  // an older record's switch and limit
-        rule.m_paramArray[0].m_pStorage->GetValues<double>().Add(value);
-    rule.m_paramArray[1].m_pStorage->GetValues<double>().Add(2540);
-    rule.ConvertUnits({1, 0}, {3, 2});
-    const CString strAfter = L" 10068: 100 -0{ 10067: 2 10068: 0.0393701 } 1{ 10067: 50.8 }";
-    EXPECT_STREQ(Values(rule), L" -10067: 1" + strAfter);
-    EXPECT_STREQ(rule.m_strSummary, kHigh + L"100.0 in");
-    rule.ConvertUnits({3, 2}, {3, 1});
-    Remove(rule.m_paramArray, 0);
-    rule.ConvertUnits({3, 1}, {1, 0});
-    EXPECT_STREQ(Values(rule), strAfter);
-    EXPECT_EQ(Units(rule), (UnitPair{3, 1}));
-}
