@@ -5,7 +5,6 @@
 #include "Text.h"
 
 #include <algorithm>
-#include <map>
 #include <memory>
 
 namespace {
@@ -15,6 +14,13 @@ struct CheckOptions {
     Severity severity = Severity::Hint;  // the least that is reported
     bool isJson = false;
 };
+
+// The names are checked before; their letter case does not count.
+Severity SeverityOf(const std::string& name) {
+    for (const Severity severity : {Severity::Warning, Severity::Error})
+        if (FromUtf8(name).CompareNoCase(FromUtf8(SeverityName(severity))) == 0) return severity;
+    return Severity::Hint;
+}
 
 // What is known of one file after its check.
 struct FileReport {
@@ -94,12 +100,13 @@ void AddCheck(CommandLine& commandLine) {
     CLI::App& command =
         commandLine.Add("check", "Report what is wrong or unusual in rule documents",
                         [options](const RuleModule& module) { return CheckFiles(module, *options); });
-    std::map<std::string, Severity> severities;
-    for (const Severity severity : {Severity::Hint, Severity::Warning, Severity::Error})
-        severities[SeverityName(severity)] = severity;
     AddFile(command, "FILE", options->files, "Rule documents to check")->required();
-    command.add_option("--severity", options->severity, "The least that is reported: hint, warning or error")
+    command
+        .add_option_function<std::string>(
+            "--severity", [options](const std::string& name) { options->severity = SeverityOf(name); },
+            "The least that is reported: hint, warning or error")
         ->type_name("SEVERITY")
-        ->transform(CLI::CheckedTransformer(severities, CLI::ignore_case).description(""));
+        ->check(CLI::IsMember(std::vector<std::string>{"hint", "warning", "error"}, CLI::ignore_case)
+                    .description(""));
     command.add_flag("--json", options->isJson, "Print the findings as JSON");
 }

@@ -48,8 +48,8 @@ std::string ValueName(const ValueLoss& loss) {
            (value.row ? "row " + std::to_string(value.row) + ", " : "") + value.label + ": ";
 }
 
-void PrintLoss(const RuleDocument& document, const ValueLoss& loss, const std::string& sentence) {
-    PrintError(LinePrefix(document.GetPath(), loss.line) + Escaped(ValueName(loss) + sentence) + "\n");
+void PrintLoss(const CString& path, const ValueLoss& loss, const std::string& sentence) {
+    PrintError(LinePrefix(path, loss.line) + Escaped(ValueName(loss) + sentence) + "\n");
 }
 
 // "3 deg became 0.05236 rad instead of 0.05235987756 rad"
@@ -61,10 +61,10 @@ std::string LossSentence(const ValueLoss& loss) {
            FormatRuleValue(loss.exact, kComparedDigits);
 }
 
-void PrintLosses(const RuleDocument& document, const std::vector<ValueLoss>& losses, bool all) {
+void PrintLosses(const CString& path, const std::vector<ValueLoss>& losses, bool all) {
     constexpr std::size_t kMostLines = 10;
     const std::size_t lines = all ? losses.size() : std::min(losses.size(), kMostLines);
-    for (std::size_t i = 0; i < lines; ++i) PrintLoss(document, losses[i], LossSentence(losses[i]));
+    for (std::size_t i = 0; i < lines; ++i) PrintLoss(path, losses[i], LossSentence(losses[i]));
     if (lines < losses.size())
         PrintError("and " + std::to_string(losses.size() - lines) + " more, with smaller losses\n");
 }
@@ -73,7 +73,7 @@ void PrintRefusal(const RuleDocument& document, const Conversion& conversion) {
     PrintFindings(document, conversion.ignored);
     for (const ValueLoss& loss : conversion.tooLarge)
         PrintLoss(
-            document, loss,
+            document.GetPath(), loss,
             FormatRuleValue(loss.before, kComparedDigits) + " is too large a number in " + loss.exact.unit);
     PrintError("mfxhost: " + ToUtf8(document.GetPath()) + " was not converted\n");
 }
@@ -98,7 +98,7 @@ ExitCode Convert(const RuleModule& module, const ConvertOptions& options) {
     document.Save(FromUtf8(output));
     Print(output + ": " + Count(document.GetEntries().size(), "rule") + " converted from " + UnitWords(from) +
           " to " + UnitWords(to) + "\n");
-    PrintLosses(document, conversion.losses, options.allLosses);
+    PrintLosses(FromUtf8(options.input), conversion.losses, options.allLosses);
     return ExitCode::Done;
 }
 
