@@ -10,11 +10,6 @@ namespace {
 
 constexpr wchar_t kModuleFile[] = L"MFXSandCastingRulesu.dll";
 
-// Loaded as the module loads it, to see what the module will see.
-bool IsResourceLibrary(const CString& path) {
-    return LibraryPtr(LoadLibraryW(path)) != nullptr;
-}
-
 [[noreturn]] void ThrowMissing(const CString& path, const std::string& reason) {
     throw DocumentError(DocumentError::Kind::ComponentMissing, ToUtf8(path) + reason);
 }
@@ -22,7 +17,8 @@ bool IsResourceLibrary(const CString& path) {
 }  // namespace
 
 RuleModule::RuleModule() : m_strPath(GetModuleFolder(nullptr) + L"\\" + kModuleFile) {
-    CheckResourceLibraries();
+    // They stay loaded until the module has loaded them, too: mapping them twice would take time.
+    const std::vector<LibraryPtr> resources = LoadResourceLibraries();
     m_pLibrary.reset(LoadLibraryExW(m_strPath, nullptr, LOAD_WITH_ALTERED_SEARCH_PATH));
     if (!m_pLibrary)
         ThrowMissing(m_strPath,
@@ -38,12 +34,15 @@ RuleModule::RuleModule() : m_strPath(GetModuleFolder(nullptr) + L"\\" + kModuleF
 
 // The module falls back silently from a missing language. Without the default language no record's rule name
 // can be recognised.
-void RuleModule::CheckResourceLibraries() {
+std::vector<LibraryPtr> RuleModule::LoadResourceLibraries() {
     const CString defaultLibrary = CLocationHelper::GetDefaultResPath() + L"\\" + kResourceLibraryFile;
     const CString localizedLibrary = CLocationHelper::GetLocalizedResPath() + L"\\" + kResourceLibraryFile;
-    if (!IsResourceLibrary(defaultLibrary))
-        ThrowMissing(defaultLibrary, " is missing or damaged; install the program again");
-    if (!IsResourceLibrary(localizedLibrary)) m_strMissingLanguageLibrary = localizedLibrary;
+    std::vector<LibraryPtr> libraries;
+    for (const CString& path : {defaultLibrary, localizedLibrary})
+        libraries.emplace_back(LoadLibraryW(path));  // as the module loads them
+    if (!libraries[0]) ThrowMissing(defaultLibrary, " is missing or damaged; install the program again");
+    if (!libraries[1]) m_strMissingLanguageLibrary = localizedLibrary;
+    return libraries;
 }
 
 template <class Function>

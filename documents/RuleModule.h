@@ -41,7 +41,7 @@ class RuleModule {
     void SetDocument(MfxXMLDocument* document) const;
 
   private:
-    void CheckResourceLibraries();
+    std::vector<LibraryPtr> LoadResourceLibraries();
     template <class Function>
     void FindExport(Function*& function, const char* name) const;
     RulePtr Adopt(CMfxRule* rule) const;

@@ -19,13 +19,6 @@ TEST(MfxArrayTest, GrowsByItsPolicy) {
     }
 }
 
-TEST(MfxArrayTest, GrowthStopsAtTheLargestNumber) {
-    MfxArray<int> full;
-    full.m_nCount = full.m_nCapacity = INT_MAX;
-    EXPECT_THROW(full.Add(1), std::bad_alloc);
-    full.m_nCount = 0;
-}
-
 TEST(MfxArrayTest, RemovesCopiesAndMovesElements) {
     MfxArray<std::shared_ptr<int>> array(3, 5);
     for (int i = 0; i < 3; ++i) array.Add(std::make_shared<int>(i));
