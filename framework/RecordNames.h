@@ -1,6 +1,6 @@
 // The vocabulary of rule documents and rule records: every element and attribute name, once. They
-// are CString objects, so that reading thousands of records creates none. RuleDocument.h, RuleRecord.h, ParameterXml.h
-// and MFXConstraint.h show the elements.
+// are CString objects, so that reading thousands of records creates none. RuleDocument.h, RuleRecord.h,
+// ParameterXml.h and MFXConstraint.h show the elements.
 #pragma once
 
 #include "XmlNumber.h"

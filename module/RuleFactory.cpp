@@ -68,7 +68,8 @@ bool IsRecordOfThisModule(const MfxXMLNode& record) {
 
 CMfxRule* CreateRuleForRecord(MfxXMLNode& record) {
     const CString strName = record.GetAttribute(kNameAttribute);
-    if (strName.IsEmpty()) return nullptr;  // without the default language all names to compare with are empty
+    if (strName.IsEmpty())
+        return nullptr;  // without the default language all names to compare with are empty
     for (const FactoryRow& row : kRules) {
         if (strName.CompareNoCase(LoadDefaultLanguageString(row.nNameStringId)) != 0) continue;
         if (RulePtr pRule = CreateRule(row, &record)) return pRule.release();

@@ -144,7 +144,8 @@ TEST(ParameterXmlTest, ReadsWhatOthersWrite) {
     CMfxParamStorage storage(TypeText);
     storage.m_absoluteDeviation = {{SeverityInfo, {9, 9}}};
     Read(storage,
-         "<?Parameter?><Parameter><?Operator 9?><?Value v?><Operator>3</Operator><Operator>7</Operator><OperatorOption>x"
+         "<?Parameter?><Parameter><?Operator 9?><?Value "
+         "v?><Operator>3</Operator><Operator>7</Operator><OperatorOption>x"
          "</OperatorOption><ParameterType>1</ParameterType><Value Attribute1='no'>text</Value><Value/>"
          "<ResultCriteria><PercentDeviation><Info/><Fatal><Value>1</Value><Value>-2</Value><Value>3</Value>"
          "</Fatal></PercentDeviation></ResultCriteria></Parameter>");

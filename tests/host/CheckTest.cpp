@@ -137,7 +137,8 @@ TEST_F(CheckTest, NamesWhatIsWrongWithParameters) {
         {"AngleUnit=\"0\"", "", "warning: MfxRules: AngleUnit is missing and reads as degrees"},
         {"Version=\"1\" U", "U", "warning: MfxRules: Version is missing and reads as 1"},
         {"Name=\"Wall Thickness Variation\"", "Name=\"Variable Draft Angle\"",
-         "warning: Variable Draft Angle: the document has this rule more than once\n.* the parameter is missing\n.* "
+         "warning: Variable Draft Angle: the document has this rule more than once\n.* the parameter is "
+         "missing\n.* "
          "unknown"},
     });
     m_folder.Write(L"d.xml", Replaced(m_all, kVariation, ""));
