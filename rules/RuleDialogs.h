@@ -2,6 +2,8 @@
 // dialog. dialogs/ defines these functions; exceptions may leave them.
 #pragma once
 
+class CMFXSCVariableDraftAngleRule;
 class CMFXSCWTVariationRule;
 
+void RunDraftAngleDialog(CMFXSCVariableDraftAngleRule& rule);
 void RunVariationDialog(CMFXSCWTVariationRule& rule);
