@@ -5,18 +5,20 @@
 #include "LocationHelper.h"
 #include "RatioReport.h"
 #include "RuleModule.h"
+#include "RuleParameters.h"
 #include "resource.h"
 
-#include <afxwin.h>
+#include <afxcmn.h>
 #include <benchmark/benchmark.h>
 
 #include <chrono>
+#include <string>
+#include <vector>
 
 namespace {
 
 CWinApp theApp(L"dialog_bench");
 
-constexpr int kVariationRuleId = 19030;
 using Clock = std::chrono::steady_clock;
 Clock::time_point g_idle;
 
@@ -50,41 +52,104 @@ void TimeToIdle(benchmark::State& state, Open&& open) {
     DestroyWindow(hOwner);
 }
 
-INT_PTR CALLBACK BareProcedure(HWND hDialog, UINT nMessage, WPARAM wParam, LPARAM hLibrary) {
+// What a bare dialog shows, and how it is filled.
+struct BareDialog {
+    HINSTANCE hLibrary;
+    UINT nTemplate;
+    void (*fill)(HWND hDialog, HINSTANCE hLibrary);
+};
+
+std::wstring LoadText(HINSTANCE hLibrary, UINT nText) {
+    wchar_t szText[100] = L"";
+    LoadStringW(hLibrary, nText, szText, 100);
+    return szText;
+}
+
+void FillUnits(HWND hCombo, HINSTANCE hLibrary) {
+    for (UINT nLabel = IDS_UNIT_MILLIMETRE; nLabel <= IDS_UNIT_FOOT; ++nLabel)
+        SendMessageW(hCombo, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(LoadText(hLibrary, nLabel).c_str()));
+    SendMessageW(hCombo, CB_SETCURSEL, 0, 0);
+}
+
+void FillVariation(HWND hDialog, HINSTANCE hLibrary) {
+    FillUnits(GetDlgItem(hDialog, IDC_VARIATION_LENGTH_UNIT), hLibrary);
+    SetDlgItemTextW(hDialog, IDC_VARIATION_VALUE, L"25.0");
+}
+
+void AddColumns(HWND hGrid, HINSTANCE hLibrary, const std::vector<std::pair<UINT, int>>& columns) {
+    int nCol = 0;
+    for (const auto& [nHeading, nWidth] : columns) {
+        std::wstring heading = LoadText(hLibrary, nHeading);
+        LVCOLUMNW column{};
+        column.mask = LVCF_TEXT | LVCF_WIDTH | LVCF_FMT;
+        column.fmt = LVCFMT_CENTER;
+        column.cx = nWidth;
+        column.pszText = heading.data();
+        ListView_InsertColumn(hGrid, nCol++, &column);
+    }
+}
+
+void AddRows(HWND hGrid, int nRows, int nFilledRows, int nCols) {
+    SendMessageW(hGrid, WM_SETREDRAW, FALSE, 0);
+    wchar_t szText[] = L"25.4";
+    for (int nRow = 0; nRow < nRows; ++nRow) {
+        LVITEMW item{};
+        item.iItem = nRow;
+        ListView_InsertItem(hGrid, &item);
+        for (int nCol = 1; nRow < nFilledRows && nCol < nCols; ++nCol)
+            ListView_SetItemText(hGrid, nRow, nCol, szText);
+    }
+    SendMessageW(hGrid, WM_SETREDRAW, TRUE, 0);
+}
+
+void FillDraftAngles(HWND hDialog, HINSTANCE hLibrary) {
+    FillUnits(GetDlgItem(hDialog, IDC_DRAFT_LENGTH_UNIT), hLibrary);
+    AddColumns(GetDlgItem(hDialog, IDC_DRAFT_LEGEND), hLibrary,
+               {{0, 12}, {IDS_DRAFT_SIZES, 120}, {IDS_DRAFT_ANGLES, 375}});
+    const HWND hBands = GetDlgItem(hDialog, IDC_DRAFT_BANDS);
+    AddColumns(hBands, hLibrary,
+               {{0, 12},
+                {IDS_DRAFT_LOWER_BOUND, 60},
+                {IDS_DRAFT_UPPER_BOUND, 60},
+                {IDS_DRAFT_FIRST_ANGLE, 134},
+                {IDS_DRAFT_SECOND_ANGLE, 130},
+                {IDS_DRAFT_THIRD_ANGLE, 111}});
+    AddRows(hBands, 200, 4, 6);
+}
+
+INT_PTR CALLBACK BareProcedure(HWND hDialog, UINT nMessage, WPARAM wParam, LPARAM pDialog) {
     if (nMessage == WM_INITDIALOG) {
-        for (UINT nLabel = IDS_UNIT_MILLIMETRE; nLabel <= IDS_UNIT_FOOT; ++nLabel) {
-            wchar_t szLabel[20] = L"";
-            LoadStringW(reinterpret_cast<HINSTANCE>(hLibrary), nLabel, szLabel, 20);
-            SendDlgItemMessageW(hDialog, IDC_VARIATION_LENGTH_UNIT, CB_ADDSTRING, 0,
-                                reinterpret_cast<LPARAM>(szLabel));
-        }
-        SendDlgItemMessageW(hDialog, IDC_VARIATION_LENGTH_UNIT, CB_SETCURSEL, 0, 0);
-        SetDlgItemTextW(hDialog, IDC_VARIATION_VALUE, L"25.0");
+        const auto& dialog = *reinterpret_cast<const BareDialog*>(pDialog);
+        dialog.fill(hDialog, dialog.hLibrary);
         return TRUE;
     }
     if (nMessage == WM_COMMAND && LOWORD(wParam) == IDCANCEL) EndDialog(hDialog, IDCANCEL);
     return FALSE;
 }
 
-void OpenBareDialog(benchmark::State& state) {
-    const HINSTANCE hLibrary =
-        LoadLibraryW(CLocationHelper::GetDefaultResPath() + L"\\MFXSandCastingRulesResu.dll");
-    TimeToIdle(state, [hLibrary](HWND hOwner) {
-        DialogBoxParamW(hLibrary, MAKEINTRESOURCEW(IDD_VARIATION), hOwner, BareProcedure,
-                        reinterpret_cast<LPARAM>(hLibrary));
+void OpenBareDialog(benchmark::State& state, BareDialog dialog) {
+    dialog.hLibrary = LoadLibraryW(CLocationHelper::GetDefaultResPath() + L"\\MFXSandCastingRulesResu.dll");
+    TimeToIdle(state, [&](HWND hOwner) {
+        DialogBoxParamW(dialog.hLibrary, MAKEINTRESOURCEW(dialog.nTemplate), hOwner, BareProcedure,
+                        reinterpret_cast<LPARAM>(&dialog));
     });
-    FreeLibrary(hLibrary);
+    FreeLibrary(dialog.hLibrary);
 }
 
-void OpenRuleDialog(benchmark::State& state) {
+void OpenRuleDialog(benchmark::State& state, int nRuleId) {
     const RuleModule module;
     for (const RulePtr& pRule : module.CreateAllRules())
-        if (pRule->GetRuleId() == kVariationRuleId)
-            TimeToIdle(state, [&](HWND) { pRule->ConfigureRuleDialog(); });
+        if (pRule->GetRuleId() == nRuleId) TimeToIdle(state, [&](HWND) { pRule->ConfigureRuleDialog(); });
 }
 
-void Register(const char* name, void (*function)(benchmark::State&)) {
-    benchmark::RegisterBenchmark(name, function)->UseManualTime()->Unit(benchmark::kMicrosecond);
+void Register(const std::string& name, int nRuleId, const BareDialog& dialog) {
+    const auto add = [&](const std::string& variant, auto function, auto argument) {
+        benchmark::RegisterBenchmark((name + variant).c_str(), function, argument)
+            ->UseManualTime()
+            ->Unit(benchmark::kMicrosecond);
+    };
+    add("/reference", OpenBareDialog, dialog);
+    add("/subject", OpenRuleDialog, nRuleId);
 }
 
 }  // namespace
@@ -92,7 +157,7 @@ void Register(const char* name, void (*function)(benchmark::State&)) {
 int wmain(int argc, wchar_t** argv) {
     InstallCrashReport();
     AfxWinInit(GetModuleHandleW(nullptr), nullptr, GetCommandLineW(), 0);
-    Register("open dialog/reference", OpenBareDialog);
-    Register("open dialog/subject", OpenRuleDialog);
+    Register("variation", kVariationRuleId, {nullptr, IDD_VARIATION, FillVariation});
+    Register("draft-angle", kDraftAngleRuleId, {nullptr, IDD_DRAFT, FillDraftAngles});
     return RunWithRatios(argc, argv);
 }
