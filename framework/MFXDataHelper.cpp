@@ -5,8 +5,15 @@ namespace {
 class NoDatabase : public IDatabaseCollector {
   public:
     bool IsAvailable() const override { return false; }
+    MfxDatabaseResult GetProblem() const override {
+        return {DatabaseNotLoaded, L"no material database is loaded"};
+    }
+    MfxDatabaseResult GetWriteProblem() const override { return GetProblem(); }
     std::vector<MfxMaterialEntry> GetProcessEntries(const CString&) const override { return {}; }
     CString FindMaterialGroups(const CString&) const override { return CString(); }
+    std::vector<MfxMaterialGroup> GetGroups() const override { return {}; }
+    std::vector<MfxMaterial> GetMaterials(const MfxGroupKey&) const override { return {}; }
+    MfxDatabaseResult ApplyChanges(const std::vector<MfxMaterialChange>&) override { return GetProblem(); }
 };
 
 }  // namespace

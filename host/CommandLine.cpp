@@ -40,9 +40,15 @@ CommandLine::CommandLine()
         ->check(CLI::IsMember(LanguageWords(), CLI::ignore_case));
 }
 
-CLI::App& CommandLine::Add(const char* name, const char* description, Command command) {
+CLI::App& CommandLine::Add(const char* name, const char* description, Command command, Database database) {
     CLI::App* const added = m_cli.add_subcommand(name, description);
-    added->callback([this, command = std::move(command)] { m_command = command; });
+    added->callback([this, command = std::move(command), database] {
+        m_command = command;
+        m_database = database;
+    });
+    if (database != Database::Unused)
+        AddFile(*added, "--database", m_databasePath, "Material database to use instead of the user's own")
+            ->type_name("FILE");
     return *added;
 }
 
@@ -76,8 +82,25 @@ ExitCode CommandLine::Run(int argc, const char* const* argv) {
     } catch (const CLI::ParseError& error) {
         throw CommandError(ExitCode::WrongUsage, WrongUsage(error, argc, argv));
     }
+    return RunCommand();
+}
+
+// The library comes before the module, and goes after it.
+void CommandLine::LoadDatabase() {
+    if (m_database == Database::Unused) return;
+    try {
+        m_databaseLibrary.emplace();
+        if (!m_databasePath.empty()) m_databaseLibrary->GetDatabase().SetPath(FromUtf8(m_databasePath));
+    } catch (const DocumentError&) {
+        if (m_database == Database::Needed) throw;
+    }
+}
+
+ExitCode CommandLine::RunCommand() {
     CLanguageUtil::SetMfxKitLang(FromUtf8(m_language));
+    LoadDatabase();
     const RuleModule module;
+    if (m_databaseLibrary) module.SetDatabaseModules({m_databaseLibrary->GetName()});
     if (const CString& missing = module.GetMissingLanguageLibrary(); !missing.IsEmpty())
         PrintError("mfxhost: " + ToUtf8(missing) + " is missing or damaged; the texts are in English\n");
     return m_command(module);
