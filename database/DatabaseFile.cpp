@@ -54,7 +54,7 @@ std::string ToUri(const CString& path, const char* query) {
 std::unique_ptr<Connection> Open(const CString& path, const std::string& nameOrUri, int flags) {
     auto connection = std::make_unique<Connection>(path, nameOrUri, flags);
     sqlite3_busy_timeout(connection->Get(), kLongestWaitMs);
-    connection->Execute("PRAGMA foreign_keys = ON");
+    connection->Execute("PRAGMA foreign_keys = ON; PRAGMA cache_size = -8192");
     return connection;
 }
 
@@ -72,8 +72,8 @@ std::unique_ptr<Connection> OpenInReadOnlyFolder(const CString& path) {
 }
 
 SchemaState OpenAndRead(const CString& path, std::unique_ptr<Connection>& connection) {
-    connection = OpenAtAll(path);
     try {
+        connection = OpenAtAll(path);
         return FindSchemaState(*connection);
     } catch (const DatabaseError& error) {
         if (error.GetProblem() != DatabaseNotOpened && error.GetProblem() != DatabaseReadOnly) throw;

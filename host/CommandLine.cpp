@@ -62,11 +62,13 @@ std::string CommandLine::CommandNames() const {
 
 // The library's own words for a wrong command line, but for those that would not help.
 std::string CommandLine::WrongUsage(const CLI::ParseError& error, int argc, const char* const* argv) const {
+    const auto chosen = m_cli.get_subcommands();
     std::string reason = error.what();
     if (argc <= 1) reason = "give a command: " + CommandNames();
-    if (m_cli.get_subcommands().empty() && argc > 1 && argv[1][0] != '-')
+    if (chosen.empty() && argc > 1 && argv[1][0] != '-')
         reason = "\"" + std::string(argv[1]) + "\" is not a command";
-    return reason + "; mfxhost --help tells the usage";
+    return reason + "; mfxhost " + (chosen.empty() ? "" : chosen.front()->get_name() + " ") +
+           "--help tells the usage";
 }
 
 ExitCode CommandLine::Run(int argc, const char* const* argv) {
