@@ -21,14 +21,6 @@ MfxDatabaseResult ResultOf(Operation operation) {
     }
 }
 
-// What the operation finds; nothing when it fails.
-template <class Operation>
-auto FoundBy(Operation operation) {
-    decltype(operation()) found;
-    ResultOf([&] { found = operation(); });
-    return found;
-}
-
 }  // namespace
 
 const DatabaseFile& MaterialDatabase::File() const {
@@ -43,11 +35,8 @@ const Connection& MaterialDatabase::OpenForWriting() const {
 }
 
 bool MaterialDatabase::IsAvailable() const {
-    return GetProblem().problem == DatabaseNoProblem;
-}
-
-MfxDatabaseResult MaterialDatabase::GetProblem() const {
-    return ResultOf([&] { ReadGroups(Open()); });
+    std::vector<MfxMaterialGroup> groups;
+    return GetGroups(groups).problem == DatabaseNoProblem;
 }
 
 MfxDatabaseResult MaterialDatabase::GetWriteProblem() const {
@@ -55,7 +44,9 @@ MfxDatabaseResult MaterialDatabase::GetWriteProblem() const {
 }
 
 std::vector<MfxMaterialEntry> MaterialDatabase::GetProcessEntries(const CString& strProcess) const {
-    return FoundBy([&] { return ReadProcessEntries(Open(), strProcess); });
+    std::vector<MfxMaterialEntry> entries;
+    ResultOf([&] { entries = ReadProcessEntries(Open(), strProcess); });
+    return entries;
 }
 
 CString MaterialDatabase::FindMaterialGroups(const CString& strFamily) const {
@@ -64,12 +55,13 @@ CString MaterialDatabase::FindMaterialGroups(const CString& strFamily) const {
     return result.problem == DatabaseNoProblem ? groups : FindDefaultGroups(strFamily);
 }
 
-std::vector<MfxMaterialGroup> MaterialDatabase::GetGroups() const {
-    return FoundBy([&] { return ReadGroups(Open()); });
+MfxDatabaseResult MaterialDatabase::GetGroups(std::vector<MfxMaterialGroup>& groups) const {
+    return ResultOf([&] { groups = ReadGroups(Open()); });
 }
 
-std::vector<MfxMaterial> MaterialDatabase::GetMaterials(const MfxGroupKey& group) const {
-    return FoundBy([&] { return ReadMaterials(Open(), group); });
+MfxDatabaseResult MaterialDatabase::GetMaterials(const MfxGroupKey& group,
+                                                 std::vector<MfxMaterial>& materials) const {
+    return ResultOf([&] { materials = ReadMaterials(Open(), group); });
 }
 
 MfxDatabaseResult MaterialDatabase::ApplyChanges(const std::vector<MfxMaterialChange>& changes) {

@@ -11,12 +11,13 @@
 class MaterialDatabase : public IDatabaseCollector, public IMaterialDatabase {
   public:
     bool IsAvailable() const override;
-    MfxDatabaseResult GetProblem() const override;
+
     MfxDatabaseResult GetWriteProblem() const override;
     std::vector<MfxMaterialEntry> GetProcessEntries(const CString& strProcess) const override;
     CString FindMaterialGroups(const CString& strFamily) const override;
-    std::vector<MfxMaterialGroup> GetGroups() const override;
-    std::vector<MfxMaterial> GetMaterials(const MfxGroupKey& group) const override;
+    MfxDatabaseResult GetGroups(std::vector<MfxMaterialGroup>& groups) const override;
+    MfxDatabaseResult GetMaterials(const MfxGroupKey& group,
+                                   std::vector<MfxMaterial>& materials) const override;
     MfxDatabaseResult ApplyChanges(const std::vector<MfxMaterialChange>& changes) override;
 
     CString GetPath() const override;

@@ -5,15 +5,17 @@ namespace {
 class NoDatabase : public IDatabaseCollector {
   public:
     bool IsAvailable() const override { return false; }
-    MfxDatabaseResult GetProblem() const override {
-        return {DatabaseNotLoaded, L"no material database is loaded"};
-    }
-    MfxDatabaseResult GetWriteProblem() const override { return GetProblem(); }
+    MfxDatabaseResult GetWriteProblem() const override { return NotLoaded(); }
     std::vector<MfxMaterialEntry> GetProcessEntries(const CString&) const override { return {}; }
     CString FindMaterialGroups(const CString&) const override { return CString(); }
-    std::vector<MfxMaterialGroup> GetGroups() const override { return {}; }
-    std::vector<MfxMaterial> GetMaterials(const MfxGroupKey&) const override { return {}; }
-    MfxDatabaseResult ApplyChanges(const std::vector<MfxMaterialChange>&) override { return GetProblem(); }
+    MfxDatabaseResult GetGroups(std::vector<MfxMaterialGroup>&) const override { return NotLoaded(); }
+    MfxDatabaseResult GetMaterials(const MfxGroupKey&, std::vector<MfxMaterial>&) const override {
+        return NotLoaded();
+    }
+    MfxDatabaseResult ApplyChanges(const std::vector<MfxMaterialChange>&) override { return NotLoaded(); }
+
+  private:
+    static MfxDatabaseResult NotLoaded() { return {DatabaseNotLoaded, L"no material database is loaded"}; }
 };
 
 }  // namespace

@@ -12,10 +12,9 @@ class IDatabaseCollector {
   public:
     virtual ~IDatabaseCollector() = default;
 
-    // Whether the database can be read now. If not, GetProblem tells why, FindMaterialGroups knows the
-    // default groups where a database library is loaded, and the other operations find nothing.
+    // Whether the database can be read now. If not, FindMaterialGroups knows the default groups where a
+    // database library is loaded, and the other operations find nothing.
     virtual bool IsAvailable() const = 0;
-    virtual MfxDatabaseResult GetProblem() const = 0;
 
     // Why the database can't be changed; no problem when it can.
     virtual MfxDatabaseResult GetWriteProblem() const = 0;
@@ -26,9 +25,11 @@ class IDatabaseCollector {
     // The material groups of a family of alloys, in all processes, each followed by ";".
     virtual CString FindMaterialGroups(const CString& strFamily) const = 0;
 
-    // All groups, and the materials of a group, in the order in which they were added.
-    virtual std::vector<MfxMaterialGroup> GetGroups() const = 0;
-    virtual std::vector<MfxMaterial> GetMaterials(const MfxGroupKey& group) const = 0;
+    // All groups, and the materials of a group, in the order in which they were added. What they have found
+    // counts only without a problem.
+    virtual MfxDatabaseResult GetGroups(std::vector<MfxMaterialGroup>& groups) const = 0;
+    virtual MfxDatabaseResult GetMaterials(const MfxGroupKey& group,
+                                           std::vector<MfxMaterial>& materials) const = 0;
 
     // Makes all of the changes, in their order, or none of them and tells why.
     virtual MfxDatabaseResult ApplyChanges(const std::vector<MfxMaterialChange>& changes) = 0;

@@ -63,9 +63,12 @@ bool HasPart(const CString& text, CString part) {
 template <class Use>
 std::size_t ForEachRow(const IDatabaseCollector& database, const CString& searched, Use use) {
     std::size_t count = 0;
-    for (const MfxMaterialGroup& group : database.GetGroups()) {
+    std::vector<MfxMaterialGroup> groups;
+    ThrowIfProblem(database.GetGroups(groups));
+    for (const MfxMaterialGroup& group : groups) {
         const bool isGroupFound = HasPart(group.strName, searched) || HasPart(group.strProcess, searched);
-        std::vector<MfxMaterial> materials = database.GetMaterials({group.strProcess, group.strName});
+        std::vector<MfxMaterial> materials;
+        ThrowIfProblem(database.GetMaterials({group.strProcess, group.strName}, materials));
         if (materials.empty()) materials.emplace_back();
         for (const MfxMaterial& material : materials) {
             if (!isGroupFound && !HasPart(material.strName, searched)) continue;
@@ -79,7 +82,7 @@ std::size_t ForEachRow(const IDatabaseCollector& database, const CString& search
 // Row by row, as there can be very many.
 ExitCode PrintMaterials(const IMaterialDatabase& file, const CString& searched) {
     const IDatabaseCollector& database = *mfx_db::MFXDataHelper::getInstance();
-    ThrowIfProblem(database.GetProblem());
+
     using Align = TextTable::Align;
     TextTable table({Align::Left, Align::Left, Align::Left, Align::Right, Align::Right, Align::Right});
     const std::vector<std::string> header{"process", "group",        "material",

@@ -20,8 +20,14 @@ struct CollectorTest : Test {
 
     std::vector<CString> Names(const MfxGroupKey& group) const {
         std::vector<CString> names;
-        for (const MfxMaterial& material : Collector().GetMaterials(group)) names.push_back(material.strName);
+        for (const MfxMaterial& material : Materials(group)) names.push_back(material.strName);
         return names;
+    }
+
+    std::vector<MfxMaterial> Materials(const MfxGroupKey& group) const {
+        std::vector<MfxMaterial> materials;
+        EXPECT_EQ(Collector().GetMaterials(group, materials).problem, DatabaseNoProblem);
+        return materials;
     }
 
     const TempFolder m_folder;
@@ -59,7 +65,7 @@ TEST_F(CollectorTest, AnswersWhatDialogsAsk) {
     EXPECT_EQ(Collector().FindMaterialGroups(L"Titanium Alloys"), L"");
 
     EXPECT_THAT(Names(kIron), ElementsAre(L"Gray Cast Iron", L"Malleable Cast Iron"));
-    const MfxMaterial gray = Collector().GetMaterials(kIron).at(0);
+    const MfxMaterial gray = Materials(kIron).at(0);
     EXPECT_EQ(gray.density, std::nullopt);
     EXPECT_EQ(gray.minimumWall, 0.1251968503937008);
     EXPECT_EQ(gray.maximumWall, 0.1874015748031496);
@@ -81,14 +87,16 @@ TEST_F(CollectorTest, MakesTheChangesOfAnEditor) {
     EXPECT_EQ(result.problem, DatabaseNoProblem) << result.strText.GetString();
     EXPECT_EQ(Collector().FindMaterialGroups(L"Cast Iron"), L"Nodular;");
     EXPECT_TRUE(Names(kIron).empty());
-    const std::vector<MfxMaterial> materials = Collector().GetMaterials(nodular);
+    const std::vector<MfxMaterial> materials = Materials(nodular);
     ASSERT_EQ(materials.size(), 1u);
     EXPECT_EQ(materials[0].strName, L"Ductile");
     EXPECT_EQ(materials[0].density, 7.1);
     EXPECT_EQ(materials[0].densityUnit, DensityGramPerCubicCentimetre);
     EXPECT_EQ(materials[0].minimumWall, 4.0);
     EXPECT_EQ(materials[0].maximumWall, std::nullopt);
-    EXPECT_EQ(Collector().GetGroups().back().strProcess, L"Forging");
+    std::vector<MfxMaterialGroup> groups;
+    EXPECT_EQ(Collector().GetGroups(groups).problem, DatabaseNoProblem);
+    EXPECT_EQ(groups.back().strProcess, L"Forging");
 }
 
 TEST_F(CollectorTest, MakesNoChangeOrAll) {
@@ -126,10 +134,10 @@ TEST_F(CollectorTest, TellsWhyNothingCanBeChanged) {
 
     m_library->GetDatabase().SetPath(m_folder.Write(L"text.db", std::string(1000, 'x')).c_str());
     EXPECT_FALSE(Collector().IsAvailable());
-    EXPECT_EQ(Collector().GetProblem().problem, DatabaseForeign);
+    EXPECT_EQ(Collector().GetWriteProblem().problem, DatabaseForeign);
     EXPECT_EQ(Collector().FindMaterialGroups(L"Cast Iron"), L"Iron;");
     EXPECT_TRUE(Collector().GetProcessEntries(L"Sand Casting").empty());
 
     m_library.reset();
-    EXPECT_EQ(Collector().GetProblem().problem, DatabaseNotLoaded);
+    EXPECT_EQ(Collector().GetWriteProblem().problem, DatabaseNotLoaded);
 }

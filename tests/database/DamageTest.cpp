@@ -24,6 +24,13 @@ struct DamageTest : MaterialsTest {
         fs::remove(Database());
         OpenDatabase(Database().c_str()).connection->Execute(sql);
     }
+
+    std::size_t FindRootPage(const char* table) const {
+        const DatabaseFile file = OpenDatabase(Database().c_str());
+        Statement statement(*file.connection, "SELECT rootpage FROM sqlite_schema WHERE name = ?");
+        statement.Bind(std::string_view(table)).Step();
+        return static_cast<std::size_t>(statement.Integer(0));
+    }
 };
 
 }  // namespace
@@ -35,10 +42,14 @@ TEST_F(DamageTest, RefusesFilesThatAreNoDatabaseOfToday) {
     ExpectRefused(3, "m.db is the database of another application");
     MakeDatabase("PRAGMA user_version = 1000");
     ExpectRefused(3, "m.db was written by a newer version");
-    MakeDatabase("VACUUM");
-    std::string bytes = m_folder.Read(L"m.db");
-    m_folder.Write(L"m.db", bytes.replace(4'096, bytes.size() - 4'096, bytes.size() - 4'096, '\xA5'));
-    ExpectRefused(3, "m.db is damaged (database disk image is malformed)");
+    // The pages of a table: the materials are told to be damaged, not to be none.
+    for (const char* table : {"process", "material_group", "material"}) {
+        MakeDatabase("VACUUM");
+        const std::size_t page = FindRootPage(table), pageSize = 4'096;
+        std::string bytes = m_folder.Read(L"m.db");
+        m_folder.Write(L"m.db", bytes.replace((page - 1) * pageSize, pageSize, pageSize, '\xA5'));
+        ExpectRefused(3, "m.db is damaged (database disk image is malformed)");
+    }
     fs::remove(Database());
     fs::create_directory(Database());
     Run({L"materials", L"list"}, 4, "", HasSubstr("m.db can't be opened: "));
