@@ -18,6 +18,9 @@ MfxDatabaseResult ResultOf(Operation operation) {
         return {error.GetProblem(), FromUtf8(error.what())};
     } catch (const std::exception& error) {
         return {DatabaseNotOpened, FromUtf8(error.what())};
+    } catch (CException* error) {
+        error->Delete();
+        return {DatabaseNotOpened, L"the operation failed"};
     }
 }
 

@@ -42,12 +42,12 @@ MaterialImport::MaterialImport(const Connection& connection, const CString& csvP
 
 void MaterialImport::Read() {
     ReadHeadings();
-    m_connection.Execute("BEGIN");  // of the temporary tables alone: it locks nothing
+    Transaction transaction(m_connection, Transaction::Kind::Temporary);
     while (m_reader.Next()) {
         ReadLine();
         ReportProgress();
     }
-    m_connection.Execute("COMMIT");
+    transaction.Commit();
     ReportRepeatedNames();
 }
 

@@ -5,82 +5,92 @@
 
 #include <iterator>
 
-// A check is named by what is wrong; the name reaches the user.
-#define NAME_CHECKS(name, what)                             \
-    " CONSTRAINT \"the " what " has no name\" CHECK(" name  \
-    " <> '')"                                               \
-    " CONSTRAINT \"the name of the " what                   \
-    " has blanks at its ends\""                             \
-    "  CHECK(" name " = trim(" name                         \
-    "))"                                                    \
-    " CONSTRAINT \"the name of the " what                   \
-    " has a line break or another control character\""      \
-    "  CHECK(" name                                         \
-    " NOT GLOB '*[' || char(1) || '-' || char(31) || ']*')" \
-    " CONSTRAINT \"the name of the " what                   \
-    " has more than 260 characters\""                       \
-    "  CHECK(length(" name ") <= 260)"
-
-// Look-ups separate the names of groups by ";".
-#define GROUP_CHECKS             \
-    NAME_CHECKS("name", "group") \
-    " CONSTRAINT \"the name of the group has a semicolon\" CHECK(instr(name, ';') = 0)"
-
-#define FIGURES                                                                           \
-    "  density REAL"                                                                      \
-    "    CONSTRAINT \"the density is not above 0\" CHECK(density > 0),"                   \
-    "  density_unit INTEGER NOT NULL CHECK(density_unit BETWEEN 1 AND 5),"                \
-    "  minimum_wall REAL"                                                                 \
-    "    CONSTRAINT \"the minimum wall thickness is negative\" CHECK(minimum_wall >= 0)," \
-    "  maximum_wall REAL"                                                                 \
-    "    CONSTRAINT \"the maximum wall thickness is negative\" CHECK(maximum_wall >= 0)"  \
-    "    CONSTRAINT \"the minimum wall thickness is above the maximum\""                  \
-    "      CHECK(minimum_wall <= maximum_wall),"                                          \
-    "  wall_unit INTEGER NOT NULL CHECK(wall_unit BETWEEN 1 AND 10)"
-
 namespace {
 
 constexpr std::int64_t kApplicationId = 0x4D46584D;  // "MFXM"
 
-// Each step leads from one version to the next; released ones never change. Unit codes are those of
-// MFXUnitConvertor.h.
-constexpr const char* kSteps[] = {
-    // Version 1
-    "CREATE TABLE process("
-    "  id INTEGER PRIMARY KEY,"
-    "  name TEXT NOT NULL COLLATE NOCASE UNIQUE" NAME_CHECKS("name", "process") ") STRICT;"
-    "CREATE TABLE material_group("
-    "  id INTEGER PRIMARY KEY,"
-    "  process_id INTEGER NOT NULL REFERENCES process(id) ON DELETE CASCADE,"
-    "  name TEXT NOT NULL COLLATE NOCASE" GROUP_CHECKS ","
-    "  UNIQUE(process_id, name)) STRICT;"
-    "CREATE TABLE material("
-    "  id INTEGER PRIMARY KEY,"
-    "  group_id INTEGER NOT NULL REFERENCES material_group(id) ON DELETE CASCADE,"
-    "  name TEXT NOT NULL COLLATE NOCASE" NAME_CHECKS("name", "material") ","
-    FIGURES ","
-    "  UNIQUE(group_id, name)) STRICT;",
-    // Version 2: groups are looked up by the family that they belong to; NULL: by their own name
-    "ALTER TABLE material_group ADD COLUMN family TEXT COLLATE NOCASE" NAME_CHECKS(
-        "family", "family") ";"
-    "UPDATE material_group SET family = 'Cast Iron' WHERE name = 'Iron';",
-};
+// A check of a column. Its name says what is wrong when it fails, and reaches the user.
+std::string Check(const std::string& flaw, const std::string& condition) {
+    return " CONSTRAINT \"" + flaw + "\" CHECK(" + condition + ")";
+}
 
-constexpr char kImportTables[] =
-    "DROP TABLE IF EXISTS temp.import_group;"
-    "DROP TABLE IF EXISTS temp.import_material;"
-    "CREATE TEMP TABLE import_group("
-    "  id INTEGER PRIMARY KEY,"
-    "  process TEXT NOT NULL COLLATE NOCASE" NAME_CHECKS("process", "process") ","
-    "  name TEXT NOT NULL COLLATE NOCASE" GROUP_CHECKS ","
-    "  family TEXT COLLATE NOCASE" NAME_CHECKS("family", "family") ","
-    "  target_id INTEGER,"  // the group in the database, once it is there
-    "  UNIQUE(process, name)) STRICT;"
-    "CREATE TEMP TABLE import_material("
-    "  line INTEGER PRIMARY KEY,"
-    "  group_id INTEGER NOT NULL,"  // of import_group
-    "  name TEXT NOT NULL COLLATE NOCASE" NAME_CHECKS("name", "material") ","
-    FIGURES ") STRICT;";
+std::string NameChecks(const std::string& column, const std::string& what) {
+    const std::string subject = "the name of the " + what;
+    return Check("the " + what + " has no name", column + " <> ''") +
+           Check(subject + " has blanks at its ends", column + " = trim(" + column + ")") +
+           Check(subject + " has a line break or another control character",
+                 column + " NOT GLOB '*[' || char(1) || '-' || char(31) || ']*'") +
+           Check(subject + " has more than 260 characters", "length(" + column + ") <= 260");
+}
+
+// Look-ups separate the names of groups by ";".
+std::string GroupChecks() {
+    return NameChecks("name", "group") +
+           Check("the name of the group has a semicolon", "instr(name, ';') = 0");
+}
+
+// Unit codes are those of MFXUnitConvertor.h.
+std::string FigureColumns() {
+    return "density REAL" + Check("the density is not above 0", "density > 0") +
+           ", density_unit INTEGER NOT NULL" +
+           Check("the unit of the density is not known", "density_unit BETWEEN 1 AND 5") +
+           ", minimum_wall REAL" + Check("the minimum wall thickness is negative", "minimum_wall >= 0") +
+           ", maximum_wall REAL" + Check("the maximum wall thickness is negative", "maximum_wall >= 0") +
+           Check("the minimum wall thickness is above the maximum", "minimum_wall <= maximum_wall") +
+           ", wall_unit INTEGER NOT NULL" +
+           Check("the unit of the wall thickness is not known", "wall_unit BETWEEN 1 AND 10");
+}
+
+std::string MakeVersion1() {
+    return R"(
+        CREATE TABLE process(
+            id INTEGER PRIMARY KEY,
+            name TEXT NOT NULL COLLATE NOCASE UNIQUE)" +
+           NameChecks("name", "process") + R"() STRICT;
+        CREATE TABLE material_group(
+            id INTEGER PRIMARY KEY,
+            process_id INTEGER NOT NULL REFERENCES process(id) ON DELETE CASCADE,
+            name TEXT NOT NULL COLLATE NOCASE)" +
+           GroupChecks() + R"(,
+            UNIQUE(process_id, name)) STRICT;
+        CREATE TABLE material(
+            id INTEGER PRIMARY KEY,
+            group_id INTEGER NOT NULL REFERENCES material_group(id) ON DELETE CASCADE,
+            name TEXT NOT NULL COLLATE NOCASE)" +
+           NameChecks("name", "material") + "," + FigureColumns() + R"(,
+            UNIQUE(group_id, name)) STRICT)";
+}
+
+// Groups are looked up by the family that they belong to; NULL: by their own name.
+std::string MakeVersion2() {
+    return "ALTER TABLE material_group ADD COLUMN family TEXT COLLATE NOCASE" +
+           NameChecks("family", "family") +
+           "; UPDATE material_group SET family = 'Cast Iron' WHERE name = 'Iron'";
+}
+
+// Each leads from the version before to its own. Those released never change.
+constexpr std::string (*kSteps[])() = {MakeVersion1, MakeVersion2};
+
+std::string MakeImportTablesSql() {
+    return R"(
+        DROP TABLE IF EXISTS temp.import_group;
+        DROP TABLE IF EXISTS temp.import_material;
+        CREATE TEMP TABLE import_group(
+            id INTEGER PRIMARY KEY,
+            process TEXT NOT NULL COLLATE NOCASE)" +
+           NameChecks("process", "process") + R"(,
+            name TEXT NOT NULL COLLATE NOCASE)" +
+           GroupChecks() + R"(,
+            family TEXT COLLATE NOCASE)" +
+           NameChecks("family", "family") + R"(,
+            target_id INTEGER,  -- the group in the database, once it is there
+            UNIQUE(process, name)) STRICT;
+        CREATE TEMP TABLE import_material(
+            line INTEGER PRIMARY KEY,
+            group_id INTEGER NOT NULL,  -- of import_group
+            name TEXT NOT NULL COLLATE NOCASE)" +
+           NameChecks("name", "material") + "," + FigureColumns() + ") STRICT";
+}
 
 std::int64_t ReadNumber(const Connection& connection, std::string_view sql) {
     Statement statement(connection, sql);
@@ -109,11 +119,11 @@ SchemaState FindSchemaState(const Connection& connection) {
 
 void UpdateSchema(const Connection& connection) {
     for (std::int64_t version = ReadVersion(connection); version < std::ssize(kSteps); ++version)
-        connection.Execute(kSteps[version]);
-    connection.Execute(("PRAGMA application_id = " + std::to_string(kApplicationId)).c_str());
-    connection.Execute(("PRAGMA user_version = " + std::to_string(std::ssize(kSteps))).c_str());
+        connection.Execute(kSteps[version]());
+    connection.Execute("PRAGMA application_id = " + std::to_string(kApplicationId));
+    connection.Execute("PRAGMA user_version = " + std::to_string(std::ssize(kSteps)));
 }
 
 void MakeImportTables(const Connection& connection) {
-    connection.Execute(kImportTables);
+    connection.Execute(MakeImportTablesSql());
 }

@@ -62,8 +62,8 @@ Connection::Connection(const CString& path, const std::string& nameOrUri, int fl
     sqlite3_extended_result_codes(handle, 1);
 }
 
-void Connection::Execute(const char* sql) const {
-    if (sqlite3_exec(Get(), sql, nullptr, nullptr, nullptr) != SQLITE_OK) ThrowLastError();
+void Connection::Execute(const std::string& sql) const {
+    if (sqlite3_exec(Get(), sql.c_str(), nullptr, nullptr, nullptr) != SQLITE_OK) ThrowLastError();
 }
 
 void Connection::ThrowLastError() const {
@@ -142,8 +142,8 @@ void Statement::Check(int code) const {
     if (code != SQLITE_OK) m_connection.ThrowLastError();
 }
 
-Transaction::Transaction(const Connection& connection) : m_connection(&connection) {
-    connection.Execute("BEGIN IMMEDIATE");
+Transaction::Transaction(const Connection& connection, Kind kind) : m_connection(&connection) {
+    connection.Execute(kind == Kind::Writing ? "BEGIN IMMEDIATE" : "BEGIN");
 }
 
 Transaction::~Transaction() {

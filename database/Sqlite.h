@@ -22,7 +22,7 @@ class Connection {
     sqlite3* Get() const { return m_handle.get(); }
 
     // Runs statements that give no rows.
-    void Execute(const char* sql) const;
+    void Execute(const std::string& sql) const;
 
     // Throws what SQLite last said of this connection.
     [[noreturn]] void ThrowLastError() const;
@@ -73,10 +73,13 @@ class Statement {
     std::unique_ptr<sqlite3_stmt, Finalizer> m_handle;
 };
 
-// Undoes everything since its start unless it is committed. No other program writes meanwhile.
+// Undoes everything since its start unless it is committed.
 class Transaction {
   public:
-    explicit Transaction(const Connection& connection);
+    // Of Writing, no other program writes meanwhile. Of temporary tables alone, nothing is locked.
+    enum class Kind { Writing, Temporary };
+
+    explicit Transaction(const Connection& connection, Kind kind = Kind::Writing);
     ~Transaction();
     Transaction(const Transaction&) = delete;
     Transaction& operator=(const Transaction&) = delete;
