@@ -51,8 +51,8 @@ class Folder {
     }
 
     void Restore() const {
-        fs::copy_file(m_folder.Path(L"fresh.db"), m_folder.Path(L"m.db"),
-                      fs::copy_options::overwrite_existing);
+        fs::remove(m_folder.Path(L"m.db"));
+        fs::copy_file(m_folder.Path(L"fresh.db"), m_folder.Path(L"m.db"));
     }
     std::string Import(const std::vector<std::wstring>& arguments) const {
         return RunProcess(ProgramFolder() + L"\\mfxhost.exe", arguments, m_folder.Path()).out;

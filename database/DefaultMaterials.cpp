@@ -62,10 +62,10 @@ MfxMaterial MaterialOf(const MaterialThickness& row) {
 void AddDefaultMaterials(const Connection& connection) {
     std::vector<MfxMaterialChange> changes;
     for (const Process& process : kProcesses) {
-        for (const MfxMaterialGroup& group : GroupsOf(process)) changes.push_back(MfxAddGroup{group});
+        for (const MfxMaterialGroup& group : GroupsOf(process)) changes.emplace_back(MfxAddGroup{group});
         for (const MaterialThickness& row : GetDefaultMaterials(process.category)) {
             const CString group = Find(kGroupsOfMaterials, row.pszMaterial, process.otherGroup);
-            changes.push_back(MfxAddMaterial{{process.name, group}, MaterialOf(row)});
+            changes.emplace_back(MfxAddMaterial{{process.name, group}, MaterialOf(row)});
         }
     }
     MakeChanges(connection, changes);

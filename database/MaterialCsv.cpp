@@ -96,7 +96,7 @@ std::string FormatText(std::string_view text) {
 MaterialHeadings ParseHeadings(const std::vector<std::string>& fields) {
     if (fields.size() == 1 && fields[0].find(';') != std::string::npos)
         Refuse("the fields are separated by semicolons; save the file with commas");
-    constexpr std::size_t kNone = static_cast<std::size_t>(-1);
+    constexpr auto kNone = static_cast<std::size_t>(-1);
     MaterialHeadings headings;
     headings.places.fill(kNone);
     for (std::size_t i = 0; i < fields.size(); ++i) {
