@@ -38,7 +38,8 @@ bool IsReadOnlyFile(const CString& path) {
 // What has a meaning in a URI is written by its number.
 std::string ToUri(const CString& path, const char* query) {
     constexpr char kHex[] = "0123456789ABCDEF";
-    std::string uri = "file:///";
+    const bool isOfServer = path.Left(2) == L"\\\\";
+    std::string uri = isOfServer ? "file://" : "file:///";
     for (const char ch : ToUtf8(path)) {
         const auto byte = static_cast<unsigned char>(ch);
         if (ch == '\\')
@@ -67,7 +68,8 @@ std::unique_ptr<Connection> OpenAtAll(const CString& path) {
 // A write-ahead log needs files beside the database. Where no folder lets them be made, and no other program
 // has left any, nobody writes, and the database can be read without them.
 std::unique_ptr<Connection> OpenInReadOnlyFolder(const CString& path) {
-    if (GetFileAttributesW(path + L"-wal") != INVALID_FILE_ATTRIBUTES) return nullptr;
+    for (const CString& file : {path + L"-wal", path + L"-journal"})
+        if (GetFileAttributesW(file) != INVALID_FILE_ATTRIBUTES) return nullptr;
     return Open(path, ToUri(path, "?immutable=1"), SQLITE_OPEN_READONLY | SQLITE_OPEN_URI);
 }
 

@@ -44,7 +44,7 @@ DatabaseError MakeError(const CString& path, int code, int systemError, const st
         case SQLITE_CANTOPEN:
             return {DatabaseNotOpened, file + " can't be opened: " + SystemReason(systemError, message)};
         default:
-            return {DatabaseNotOpened, file + " can't be used: " + SystemReason(systemError, message)};
+            return {DatabaseDiskFailed, file + " can't be used: " + SystemReason(systemError, message)};
     }
 }
 

@@ -77,8 +77,9 @@ enum MfxDatabaseProblem_e {
     DatabaseTooNew,     // a newer version of the library wrote the file
     DatabaseLocked,     // another program keeps the file locked
     DatabaseDiskFull,
-    DatabaseReadOnly,  // the file, its folder or its disk can't be written
-    DatabaseRefused,   // what was given contradicts itself, or what stands in the database
+    DatabaseDiskFailed,  // the disk or the network did not do what was asked
+    DatabaseReadOnly,    // the file, its folder or its disk can't be written
+    DatabaseRefused,     // what was given contradicts itself, or what stands in the database
 };
 
 // How an operation ended. The text is English and names the file; dialogs have a text per problem.
