@@ -30,12 +30,9 @@ MfxArray<double>& NumbersOf(const CMFXConstraint& constraint, long nParamId) {
 }
 
 void FillBands(const CMFXConstraint& constraint, const std::vector<CastSizeAndWeightBand>& bands) {
-    for (const CastSizeAndWeightBand& band : bands) {
-        NumbersOf(constraint, kSizeMinId).Add(band.sizeMin);
-        NumbersOf(constraint, kSizeMaxId).Add(band.sizeMax);
-        NumbersOf(constraint, kWeightMinId).Add(band.weightMin);
-        NumbersOf(constraint, kWeightMaxId).Add(band.weightMax);
-        NumbersOf(constraint, kThicknessId).Add(band.thickness);
+    for (std::size_t cell = 0; cell < BandCell::Count; ++cell) {
+        MfxArray<double>& numbers = NumbersOf(constraint, kBandSpecs[cell].nParamId);
+        for (const CastSizeAndWeightBand& band : bands) numbers.Add(band.*kBandValues[cell]);
     }
 }
 
@@ -94,10 +91,14 @@ void CMFXWTBasedOnCastSizeAndWeightRule::CreateParameters(const MfxXMLNode* pRec
 }
 
 void CMFXWTBasedOnCastSizeAndWeightRule::CreateGroups() {
-    for (const auto& [strGroup, bands] : m_mapGroupRows)
-        if (const CMFXConstraint* pConstraint =
-                CreateConstraintWithParameters(*this, strGroup, strGroup == kDefaultGroup, kBandSpecs, true))
-            FillBands(*pConstraint, bands);
+    for (const auto& [strGroup, bands] : m_mapGroupRows) AddGroup(strGroup, strGroup == kDefaultGroup, bands);
+}
+
+void CMFXWTBasedOnCastSizeAndWeightRule::AddGroup(const CString& strGroup, bool bActive,
+                                                  const std::vector<CastSizeAndWeightBand>& bands) {
+    if (const CMFXConstraint* pConstraint =
+            CreateConstraintWithParameters(*this, strGroup, bActive, kBandSpecs, true))
+        FillBands(*pConstraint, bands);
 }
 
 void CMFXWTBasedOnCastSizeAndWeightRule::CreateMassUnit() {

@@ -32,6 +32,9 @@ class CMFXWTBasedOnCastSizeAndWeightRule : public CMfxRule {
                          int nMode) override;
     int GetMaterialStatus() const override;
 
+    // Creates the constraint of a material group.
+    void AddGroup(const CString& strGroup, bool bActive, const std::vector<CastSizeAndWeightBand>& bands);
+
     using CMfxRule::operator=;
 
     // With kRebuildConstraints, PopulateFromXML replaces the rule's constraints by the record's.
