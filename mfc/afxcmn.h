@@ -3,3 +3,4 @@
 #include "afxwin.h"
 #include "cheaderctrl.h"
 #include "clistctrl.h"
+#include "ctooltipctrl.h"

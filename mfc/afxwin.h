@@ -9,11 +9,24 @@
 #include "messagehandler.h"
 #include "cdataexchange.h"
 #include "cdialog.h"
+#include "cbutton.h"
 #include "ccombobox.h"
 #include "cedit.h"
 #include "cstatic.h"
 #include "cwinthread.h"
 #include "cwinapp.h"
+
+// Shows the wait cursor until its end.
+class CWaitCursor {
+  public:
+    CWaitCursor() : m_hPrevious(::SetCursor(::LoadCursorW(nullptr, IDC_WAIT))) {}
+    ~CWaitCursor() { ::SetCursor(m_hPrevious); }
+    CWaitCursor(const CWaitCursor&) = delete;
+    CWaitCursor& operator=(const CWaitCursor&) = delete;
+
+  private:
+    HCURSOR m_hPrevious;
+};
 
 // The program's application, also for a DLL that has an application object of its own. Null if the program
 // has none.

@@ -14,6 +14,11 @@ class MFX_MFC_API CComboBox : public CWnd {
 
     // Index of the new item.
     int AddString(LPCTSTR lpszString) { return Ask(CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(lpszString)); }
+    int FindStringExact(int nIndexStart, LPCTSTR lpszFind) const {  // from behind that index; case is ignored
+        return Ask(CB_FINDSTRINGEXACT, nIndexStart, reinterpret_cast<LPARAM>(lpszFind));
+    }
+    void GetLBText(int nIndex, CString& rString) const;
+    int GetLBTextLen(int nIndex) const { return Ask(CB_GETLBTEXTLEN, nIndex); }
     void ResetContent() { Ask(CB_RESETCONTENT); }
     int SetCurSel(int nSelect) { return Ask(CB_SETCURSEL, nSelect); }  // -1: none
     int GetCurSel() const { return Ask(CB_GETCURSEL); }

@@ -24,6 +24,7 @@ class MFX_MFC_API CDialog : public CWnd {
     DECLARE_MESSAGE_MAP()
 
   private:
+    friend class CFileDialog;
     HWND FindOwner() const;
     BOOL CreateFromTemplate(HWND hOwner);
     int RunDialog();

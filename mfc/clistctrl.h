@@ -22,10 +22,16 @@ class MFX_MFC_API CListCtrl : public CWnd {
     BOOL GetColumn(int nCol, LVCOLUMN* pColumn) const {
         return Ask(LVM_GETCOLUMNW, nCol, reinterpret_cast<LPARAM>(pColumn)) != 0;
     }
+    BOOL SetColumn(int nCol, const LVCOLUMN* pColumn) {
+        return Ask(LVM_SETCOLUMNW, nCol, reinterpret_cast<LPARAM>(pColumn)) != 0;
+    }
     int GetColumnWidth(int nCol) const { return static_cast<int>(Ask(LVM_GETCOLUMNWIDTH, nCol)); }
 
     int GetItemCount() const { return static_cast<int>(Ask(LVM_GETITEMCOUNT)); }
-    int InsertItem(int nItem, LPCTSTR lpszItem);  // index
+    int InsertItem(int nItem, LPCTSTR lpszItem);                      // index
+    void SetItemCount(int nItems) { Ask(LVM_SETITEMCOUNT, nItems); }  // room for so many
+    BOOL EnsureVisible(int nItem, BOOL bPartialOK) { return Ask(LVM_ENSUREVISIBLE, nItem, bPartialOK) != 0; }
+    BOOL DeleteAllItems() { return Ask(LVM_DELETEALLITEMS) != 0; }
     BOOL DeleteItem(int nItem) { return Ask(LVM_DELETEITEM, nItem) != 0; }
 
     BOOL SetItemText(int nItem, int nSubItem, LPCTSTR lpszText);

@@ -72,6 +72,7 @@ class MFX_MFC_API CWnd : public CCmdTarget {
     static CWnd* GetFocus() { return FromHandle(::GetFocus()); }
     static CWnd* GetActiveWindow() { return FromHandle(::GetActiveWindow()); }
     BOOL EnableWindow(BOOL bEnable = TRUE) { return ::EnableWindow(m_hWnd, bEnable); }
+    BOOL IsWindowEnabled() const { return ::IsWindowEnabled(m_hWnd); }
     BOOL ShowWindow(int nCmdShow) { return ::ShowWindow(m_hWnd, nCmdShow); }
     BOOL IsWindowVisible() const { return ::IsWindowVisible(m_hWnd); }
 
@@ -85,6 +86,7 @@ class MFX_MFC_API CWnd : public CCmdTarget {
         ::MapWindowPoints(nullptr, m_hWnd, reinterpret_cast<LPPOINT>(lpRect), 2);
     }
 
+    void SetRedraw(BOOL bRedraw = TRUE) { SendMessage(WM_SETREDRAW, bRedraw); }  // does not repaint
     void Invalidate(BOOL bErase = TRUE) { ::InvalidateRect(m_hWnd, nullptr, bErase); }
     void UpdateWindow() { ::UpdateWindow(m_hWnd); }
 
@@ -120,6 +122,8 @@ class MFX_MFC_API CWnd : public CCmdTarget {
     afx_msg void OnDestroy() { Default(); }
     afx_msg void OnSize(UINT, int, int) { Default(); }
     afx_msg void OnPaint() { Default(); }
+    afx_msg void OnActivate(UINT, CWnd*, BOOL) { Default(); }
+    afx_msg void OnHotKey(UINT, UINT, UINT) { Default(); }
     afx_msg void OnKeyDown(UINT, UINT, UINT) { Default(); }
     afx_msg void OnChar(UINT, UINT, UINT) { Default(); }
     afx_msg void OnLButtonDown(UINT, CPoint) { Default(); }

@@ -44,6 +44,11 @@ struct AFX_MSGMAP {
 // A command, for example of a button. The handler has no parameters.
 #define ON_COMMAND(id, memberFxn) mfx::Entry<mfx::PlainHandler, memberFxn>(WM_COMMAND, 0, id),
 
+// Notifications of a control to its parent. The handler has no parameters.
+#define ON_BN_CLICKED(id, memberFxn) mfx::Entry<mfx::PlainHandler, memberFxn>(WM_COMMAND, BN_CLICKED, id),
+#define ON_CBN_SELCHANGE(id, memberFxn) \
+    mfx::Entry<mfx::PlainHandler, memberFxn>(WM_COMMAND, CBN_SELCHANGE, id),
+
 // A control's own notification. Its parent then does not get it. The handler has no parameters.
 #define ON_CONTROL_REFLECT(wNotifyCode, memberFxn) \
     mfx::Entry<mfx::PlainHandler, memberFxn>(mfx::kReflected + WM_COMMAND, wNotifyCode),
@@ -55,6 +60,8 @@ struct AFX_MSGMAP {
 #define ON_WM_DESTROY() mfx::Entry<mfx::PlainHandler, &ThisClass::OnDestroy>(WM_DESTROY),
 #define ON_WM_SIZE() mfx::Entry<mfx::SizeHandler, &ThisClass::OnSize>(WM_SIZE),
 #define ON_WM_PAINT() mfx::Entry<mfx::PlainHandler, &ThisClass::OnPaint>(WM_PAINT),
+#define ON_WM_ACTIVATE() mfx::Entry<mfx::ActivateHandler, &ThisClass::OnActivate>(WM_ACTIVATE),
+#define ON_WM_HOTKEY() mfx::Entry<mfx::HotKeyHandler, &ThisClass::OnHotKey>(WM_HOTKEY),
 #define ON_WM_KEYDOWN() mfx::Entry<mfx::KeyHandler, &ThisClass::OnKeyDown>(WM_KEYDOWN),
 #define ON_WM_CHAR() mfx::Entry<mfx::KeyHandler, &ThisClass::OnChar>(WM_CHAR),
 #define ON_WM_LBUTTONDOWN() mfx::Entry<mfx::MouseHandler, &ThisClass::OnLButtonDown>(WM_LBUTTONDOWN),

@@ -1,6 +1,5 @@
 // What a workbook may hold. One that holds more is damaged or hostile, and is refused. Within these
-// limits reading takes at most 500 MB and five seconds of processor time. Only the archive's list of entries
-// has no limit: each takes 300 bytes.
+// limits reading takes at most 500 MB and five seconds of processor time.
 #pragma once
 
 #include <cstddef>
@@ -32,6 +31,9 @@ inline constexpr std::size_t kMaxTargetBytes = 1 << 12;
 // size of the file decides: 250 bytes for each of its bytes.
 inline constexpr std::uint64_t kAlwaysInflatedBytes = 1 << 26, kMaxInflatedBytes = 1 << 29,
                                kMaxInflation = 250;
+
+// The archive's list of entries. An entry takes at least 46 bytes here, and 300 in memory.
+inline constexpr std::uint64_t kMaxCentralDirectoryBytes = 1 << 23;
 
 // Elements inside one another.
 inline constexpr std::size_t kMaxElementDepth = 256;

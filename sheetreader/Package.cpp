@@ -1,5 +1,6 @@
 #include "Package.h"
 
+#include "CentralDirectory.h"
 #include "Inflater.h"
 #include "Limits.h"
 
@@ -12,7 +13,8 @@
 namespace {
 
 zip* OpenZip(zip_source* pSource) {
-    zip* const pZip = zip_open_from_source(pSource, ZIP_RDONLY, nullptr);
+    const bool bTooManyEntries = GetCentralDirectoryBytes(pSource) > kMaxCentralDirectoryBytes;
+    zip* const pZip = bTooManyEntries ? nullptr : zip_open_from_source(pSource, ZIP_RDONLY, nullptr);
     if (!pZip) {
         zip_source_free(pSource);
         throw std::runtime_error("no package");

@@ -165,6 +165,22 @@ TEST(XlsxColumnsTest, RefusesLargeWorkbooksWithoutDelay) {
     ExpectRefused(parts, "many cells");
 }
 
+TEST(XlsxColumnsTest, RefusesArchivesOfManyEntries) {
+    const auto withEntries = [](std::size_t nEntries) {
+        std::string bytes = MakeZip(MakeParts("<row>" + kCell + "</row>"));
+        const std::size_t nEnd = bytes.size() - 22, nSizeAt = nEnd + 12;
+        const std::string entry = bytes.substr(bytes.find("PK\1\2"), 46 + 19);  // of [Content_Types].xml
+        const auto nDirectory = static_cast<std::uint8_t>(bytes[nSizeAt]) +
+                                256 * static_cast<std::uint8_t>(bytes[nSizeAt + 1]) +
+                                static_cast<std::uint32_t>(nEntries * entry.size());
+        for (int i = 0; i < 4; ++i)
+            bytes[nSizeAt + static_cast<std::size_t>(i)] = static_cast<char>(nDirectory >> 8 * i);
+        return bytes.insert(nEnd, Repeated(entry, nEntries));
+    };
+    EXPECT_EQ(ReadBytes(withEntries(1 << 16), {L"A"}), (Table{{L"1"}}));
+    EXPECT_THROW(ReadBytes(withEntries(1 << 17), {L"A"}), std::runtime_error);
+}
+
 TEST(XlsxColumnsTest, RefusesLargeTables) {
     const Parts rows = MakeParts(Repeated("<row>" + kCell + "</row>", 1000));
     EXPECT_EQ(Read(rows, {L"A"}).front().size(), 1000u);

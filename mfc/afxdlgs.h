@@ -1,0 +1,4 @@
+#pragma once
+
+#include "afxwin.h"
+#include "cfiledialog.h"
