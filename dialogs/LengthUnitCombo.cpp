@@ -25,7 +25,10 @@ void SelectLengthUnit(CComboBox& combo, int nLengthUnit) {
     combo.SetCurSel(bOffered ? nLengthUnit - LengthMillimetre : -1);
 }
 
-int GetSelectedLengthUnit(const CComboBox& combo) {
+void StoreLengthUnit(CComboBox& combo, int& nLengthUnit) {
     const int nSelected = combo.GetCurSel();
-    return nSelected < 0 ? 0 : nSelected + LengthMillimetre;
+    if (nSelected < 0)
+        SelectLengthUnit(combo, nLengthUnit);
+    else
+        nLengthUnit = nSelected + LengthMillimetre;
 }

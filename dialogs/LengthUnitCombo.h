@@ -8,5 +8,5 @@ void FillLengthUnits(CComboBox& combo);
 // Selects a unit (MfxLengthUnit_e), or none when dialogs do not offer it.
 void SelectLengthUnit(CComboBox& combo, int nLengthUnit);
 
-// The selected unit (MfxLengthUnit_e); 0 when none is selected.
-int GetSelectedLengthUnit(const CComboBox& combo);
+// Stores the selected unit. When none is selected, selects the stored one again.
+void StoreLengthUnit(CComboBox& combo, int& nLengthUnit);

@@ -43,20 +43,12 @@ void CMFXSCWTVariationDlg::OnNcLButtonDown(UINT nHitTest, CPoint point) {
 // Stores the unit even when the value is refused afterwards; this is on purpose.
 void CMFXSCWTVariationDlg::OnOK() {
     if (!FindVariation() || !m_comboLengthUnit.GetSafeHwnd()) return;
-    StoreLengthUnit();
+    StoreLengthUnit(m_comboLengthUnit, m_pRule->m_nLengthUnit);  // the number has no unit and stays
     if (m_editVariation.GetSafeHwnd() && StoreVariation()) CMFXRuleDlgBase::OnOK();
 }
 
 CMfxParamStorage* CMFXSCWTVariationDlg::FindVariation() const {
     return m_pRule ? m_pRule->FindParameterInArray(kVariationId) : nullptr;
-}
-
-// The number has no unit, so another unit does not change it.
-void CMFXSCWTVariationDlg::StoreLengthUnit() {
-    if (const int nLengthUnit = GetSelectedLengthUnit(m_comboLengthUnit))
-        m_pRule->m_nLengthUnit = nLengthUnit;
-    else
-        SelectLengthUnit(m_comboLengthUnit, m_pRule->m_nLengthUnit);
 }
 
 // Refuses a zero: shows a message and returns false.

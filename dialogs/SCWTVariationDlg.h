@@ -22,7 +22,6 @@ class CMFXSCWTVariationDlg : public CMFXRuleDlgBase {
 
   private:
     CMfxParamStorage* FindVariation() const;
-    void StoreLengthUnit();
     bool StoreVariation();
 
     CDoubleEditEx m_editVariation;

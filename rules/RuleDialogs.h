@@ -3,5 +3,7 @@
 #pragma once
 
 class CMFXSCWTVariationRule;
+class CMFXWTBasedOnCastSizeAndWeightRule;
 
 void RunVariationDialog(CMFXSCWTVariationRule& rule);
+void RunSizeAndWeightDialog(CMFXWTBasedOnCastSizeAndWeightRule& rule);

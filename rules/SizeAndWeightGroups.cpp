@@ -131,21 +131,22 @@ SizeAndWeightResult SizeAndWeightGroups::TakeRowsWhileTyping(std::span<const Ban
     return result;
 }
 
+CString SizeAndWeightGroups::FindUnlisted(const std::vector<CString>& listed) const {
+    const auto found =
+        std::ranges::find_if(m_groups, [&](const auto& group) { return !IsListed(group.first, listed); });
+    return found != m_groups.end() ? found->first : CString();
+}
+
 SizeAndWeightGroups::Naming SizeAndWeightGroups::NameGroup(const CString& strName,
                                                            const std::vector<CString>& listed) {
     if (strName.IsEmpty()) return Naming::Ignored;
     Naming naming = Naming::AlreadyThere;
     if (!m_groups.contains(strName)) {
-        // The list shows "Default" as a place-holder, too, so that its absence tells nothing.
-        const auto renamed = std::ranges::find_if(m_groups, [&](const auto& group) {
-            return group.first != kDefaultGroup && !IsListed(group.first, listed);
-        });
-        naming = renamed != m_groups.end() ? Naming::Renamed : Naming::Added;
+        const CString strOld = FindUnlisted(listed);
+        naming = strOld.IsEmpty() ? Naming::Added : Naming::Renamed;
         Bands bands;
-        if (naming == Naming::Renamed) {
-            bands = std::move(renamed->second);
-            m_groups.erase(renamed);
-        }
+        if (naming == Naming::Renamed) bands = std::move(m_groups[strOld]);
+        m_groups.erase(strOld);
         m_groups[strName] = std::move(bands);
     }
     SetCurrent(strName);

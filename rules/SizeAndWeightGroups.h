@@ -54,10 +54,13 @@ class SizeAndWeightGroups {
     // The check after each edit. The rows become the group's bands only when it finds no flaw.
     SizeAndWeightResult TakeRowsWhileTyping(std::span<const BandTexts> rows);
 
+    // The group that the list does not have any more; empty for none.
+    CString FindUnlisted(const std::vector<CString>& listed) const;
+
     enum class Naming { Ignored, AlreadyThere, Added, Renamed };
 
-    // A name was chosen in the list of groups, which now has the listed names. It becomes current. When a
-    // group is not listed any more, it was renamed: its bands get the new name.
+    // A name was chosen in the list of groups, which now has the listed names. It becomes current. A group
+    // that is not listed any more was renamed: its bands get the new name.
     Naming NameGroup(const CString& strName, const std::vector<CString>& listed);
 
     // Erases the groups that the list does not have any more; whether there were any. An erased group is not

@@ -6,6 +6,7 @@
 #include "ParameterXml.h"
 #include "ResourceSwitch.h"
 #include "RuleConstraints.h"
+#include "RuleDialogs.h"
 #include "RuleHeader.h"
 #include "RuleRecord.h"
 #include "SandCastingRulesApp.h"
@@ -162,6 +163,13 @@ void CMFXWTBasedOnCastSizeAndWeightRule::ConvertUnits(const UnitPair& from, cons
 
 bool CMFXWTBasedOnCastSizeAndWeightRule::AcceptRuleData(const CMfxData*) {
     return true;
+}
+
+void CMFXWTBasedOnCastSizeAndWeightRule::ConfigureRuleDialog() {
+    NoThrow([this] {
+        const ResourceSwitch resources;
+        RunSizeAndWeightDialog(*this);
+    });
 }
 
 int CMFXWTBasedOnCastSizeAndWeightRule::ExecuteAlternate(MFXICadSys*, const CMfxData*, MFXResultSet*, int) {

@@ -28,6 +28,7 @@ class CMFXWTBasedOnCastSizeAndWeightRule : public CMfxRule {
     void PrepareRule() override;
     void ConvertUnits(const UnitPair& from, const UnitPair& to) override;
     bool AcceptRuleData(const CMfxData* pData) override;
+    void ConfigureRuleDialog() override;
     int ExecuteAlternate(MFXICadSys* pCadSys, const CMfxData* pData, MFXResultSet* pResults,
                          int nMode) override;
     int GetMaterialStatus() const override;

@@ -110,18 +110,19 @@ TEST_F(SizeAndWeightGroupsTest, ChecksTheCurrentGroupByTheGridsRows) {
 }
 
 TEST_F(SizeAndWeightGroupsTest, NamesAndErasesGroups) {
-    m_rule.AddGroup(kDefaultGroup, false, {{0, 1, No, No, 3}});
+    m_rule.AddGroup(L"Zinc", false, {{0, 1, No, No, 3}});
     m_groups.Load(m_rule);
     EXPECT_EQ(m_groups.NameGroup(L"", {}), Naming::Ignored);
-    EXPECT_EQ(m_groups.NameGroup(L"Steel", {L"Steel"}), Naming::Added) << "the default group was not renamed";
+    EXPECT_EQ(m_groups.NameGroup(L"Steel", {L"Zinc", L"Steel"}), Naming::Added);
     m_groups.TakeRows(Rows{kRow});
-    EXPECT_EQ(m_groups.NameGroup(L"Steel 2", {L"Steel", L"Steel 2"}), Naming::Added);
-    EXPECT_EQ(m_groups.NameGroup(L"Iron", {L"Iron", L"Steel 2"}), Naming::Renamed);
+    EXPECT_EQ(m_groups.NameGroup(L"Steel 2", {L"Zinc", L"Steel", L"Steel 2"}), Naming::Added);
+    EXPECT_STREQ(m_groups.FindUnlisted({L"Zinc", L"Iron", L"Steel 2"}), L"Steel");
+    EXPECT_EQ(m_groups.NameGroup(L"Iron", {L"Zinc", L"Iron", L"Steel 2"}), Naming::Renamed);
     EXPECT_THAT(m_groups.GetRows(), ElementsAre(kRow)) << "the bands get the new name";
-    EXPECT_EQ(m_groups.NameGroup(L"Steel 2", {L"Iron", L"Steel 2"}), Naming::AlreadyThere);
+    EXPECT_EQ(m_groups.NameGroup(L"Steel 2", {L"Zinc", L"Iron", L"Steel 2"}), Naming::AlreadyThere);
     EXPECT_STREQ(m_groups.GetCurrent(), L"Steel 2");
     EXPECT_THAT(m_groups.GetRows(), IsEmpty());
-    EXPECT_THAT(Names(), ElementsAre(L"Default", L"Iron", L"Steel 2"));
+    EXPECT_THAT(Names(), ElementsAre(L"Iron", L"Steel 2", L"Zinc"));
     EXPECT_TRUE(m_groups.EraseUnlisted({L"Iron", L"Steel 22"}));
     EXPECT_STREQ(m_groups.GetCurrent(), L"");
     EXPECT_FALSE(m_groups.EraseUnlisted({L"Iron"}));
