@@ -7,7 +7,6 @@
 namespace {
 
 constexpr UINT kHelpMissingText = 10020;  // path of the help file
-constexpr UINT kNothingToEditText = 10021;
 constexpr wchar_t kCaption[] = L"MfxKit";
 
 bool IsFile(const CString& strPath) {
@@ -70,6 +69,7 @@ LRESULT CMFXRuleDlgBase::WindowProc(UINT nMessage, WPARAM wParam, LPARAM lParam)
 }
 
 BOOL CMFXRuleDlgBase::PreTranslateMessage(MSG* pMsg) {
+    if (m_toolTips.GetSafeHwnd()) m_toolTips.RelayEvent(pMsg);
     BOOL bHandled = TRUE;  // also when its handling fails
     HandleMessage(m_hWnd, pMsg->message, [&] {
         if (pMsg->message == WM_KEYDOWN && pMsg->wParam == VK_F1)
@@ -95,12 +95,23 @@ void CMFXRuleDlgBase::BindControl(CDataExchange* pDX, int nControlId, CWnd& cont
     if (GetDlgItem(nControlId)) DDX_Control(pDX, nControlId, control);
 }
 
-BOOL CMFXRuleDlgBase::RefuseToEdit() {
+void CMFXRuleDlgBase::ShowMessage(const CString& strText, UINT nIcon) {
+    MessageBox(strText, kCaption, nIcon);
+}
+
+void CMFXRuleDlgBase::AddToolTip(CWnd& control, const CString& strText) {
+    constexpr int kWidestPixels = 400;  // without it a tip has one line
+    if (!control.GetSafeHwnd()) return;
+    if (!m_toolTips.GetSafeHwnd() && m_toolTips.Create(this)) m_toolTips.SetMaxTipWidth(kWidestPixels);
+    if (m_toolTips.GetSafeHwnd()) m_toolTips.AddTool(&control, strText);
+}
+
+BOOL CMFXRuleDlgBase::RefuseToEdit(UINT nReason) {
     if (CWnd* const pOk = GetDlgItem(IDOK)) pOk->EnableWindow(FALSE);
     if (CWnd* const pCancel = GetDlgItem(IDCANCEL)) pCancel->SetFocus();
     CString strText;
-    strText.LoadString(kNothingToEditText);
-    MessageBox(strText, kCaption, MB_ICONEXCLAMATION);
+    strText.LoadString(nReason);
+    ShowMessage(strText, MB_ICONEXCLAMATION);
     return FALSE;
 }
 
@@ -108,5 +119,5 @@ void CMFXRuleDlgBase::ShowHelp() {
     if (IsFile(m_strHelpFile) && OpenHelp(m_hWnd, m_strHelpFile, static_cast<DWORD_PTR>(m_nRuleId))) return;
     CString strText;
     strText.Format(kHelpMissingText, m_strHelpFile.GetString());
-    MessageBox(strText, kCaption, MB_ICONEXCLAMATION);
+    ShowMessage(strText, MB_ICONEXCLAMATION);
 }

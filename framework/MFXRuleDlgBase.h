@@ -2,7 +2,7 @@
 
 #include "MfxKitExport.h"
 
-#include <afxwin.h>
+#include <afxcmn.h>
 
 #include <vector>
 
@@ -36,10 +36,19 @@ class MFXKIT_API CMFXRuleDlgBase : public CDialog {
     // Binds a control to its window where the template has it; OnInitDialog looks for those that it needs.
     void BindControl(CDataExchange* pDX, int nControlId, CWnd& control);
 
-    // For an OnInitDialog that finds nothing to edit: says so and leaves Cancel alone usable. Always FALSE.
-    BOOL RefuseToEdit();
+    // A message box of the dialog, with an icon such as MB_ICONINFORMATION.
+    void ShowMessage(const CString& strText, UINT nIcon);
+
+    // Shows a text, of several lines perhaps, while the pointer rests on a control.
+    void AddToolTip(CWnd& control, const CString& strText);
+
+    // For an OnInitDialog that finds nothing to edit: says why (a string id; by default, that something of
+    // the rule or the dialog is missing) and leaves Cancel alone usable. Always FALSE.
+    BOOL RefuseToEdit(UINT nReason = kNothingToEdit);
 
   private:
+    static constexpr UINT kNothingToEdit = 10021;
+
     void DisableWindowsBehindOwner();
     void EnableWindowsBehindOwner();
     void ShowHelp();
@@ -47,4 +56,5 @@ class MFXKIT_API CMFXRuleDlgBase : public CDialog {
     const long m_nRuleId;
     const CString m_strHelpFile;
     std::vector<HWND> m_disabledWindows;
+    CToolTipCtrl m_toolTips;
 };

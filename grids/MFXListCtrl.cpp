@@ -37,6 +37,7 @@ void PlaceBox(CComboBox& combo, CRect rect, int nHeight) {
 
 BEGIN_MESSAGE_MAP(CMFXListCtrl, CListCtrl)
     ON_WM_DESTROY()
+    ON_WM_KEYDOWN()
     ON_WM_VSCROLL()
 END_MESSAGE_MAP()
 
@@ -66,6 +67,7 @@ void CMFXListCtrl::SetRowHeight() {
 bool CMFXListCtrl::GetEditorRect(int nRow, int nCol, CRect& rect) {
     const int nColumns = GetHeaderCtrl() ? GetHeaderCtrl()->GetItemCount() : 0;
     if (nRow < 0 || nRow >= GetItemCount() || nCol < 0 || nCol >= nColumns) return false;
+    EnsureVisible(nRow, FALSE);
     if (!GetSubItemRect(nRow, nCol, LVIR_LABEL, rect)) return false;
     rect.InflateRect(0, 2);
     return true;
@@ -206,6 +208,16 @@ void CMFXListCtrl::InsertRowText(int nRow, const CString& strText) {
     InsertItem(nRow, strText);
 }
 
+void CMFXListCtrl::MakeEmptyRows(int nRows) {
+    ForgetEditedCell();
+    SetRedraw(FALSE);
+    DeleteAllItems();
+    SetItemCount(nRows);
+    for (int nRow = 0; nRow < nRows; ++nRow) InsertRowText(nRow, L"");
+    SetRedraw(TRUE);
+    Invalidate();
+}
+
 void CMFXListCtrl::ForgetEditedCell() {
     Hide(m_editCell);
     Hide(m_comboCell);
@@ -313,6 +325,14 @@ LRESULT CMFXListCtrl::WindowProc(UINT nMessage, WPARAM wParam, LPARAM lParam) {
 void CMFXListCtrl::OnDestroy() {
     CListCtrl::OnDestroy();
     m_nEditRow = m_nEditCol = -1;
+}
+
+// F2 edits the row with the focus, so that no mouse is needed.
+void CMFXListCtrl::OnKeyDown(UINT nChar, UINT nRepCnt, UINT nFlags) {
+    if (nChar == VK_F2)
+        BeginCellEdit(std::max(0, GetNextItem(-1, LVNI_FOCUSED)), m_nFirstEditCol, kTextLimit);
+    else
+        CListCtrl::OnKeyDown(nChar, nRepCnt, nFlags);
 }
 
 // An editor that is shown stays where it is.

@@ -13,8 +13,13 @@
 // refill the grid, or old text is written over new.
 class CMFXListCtrl : public CListCtrl {
   public:
-    // Shows the text editor over a cell, with all its text selected. The text limit of the first call stays
-    // in force. Does nothing for a cell that does not exist.
+    // Styles of the grids in rule dialogs.
+    static constexpr DWORD kExtendedStyle = LVS_EX_GRIDLINES | LVS_EX_HEADERDRAGDROP | LVS_EX_FULLROWSELECT |
+                                            LVS_EX_ONECLICKACTIVATE | LVS_EX_INFOTIP;
+    static constexpr int kTextLimit = 260;
+
+    // Shows the text editor over a cell, with all its text selected; the row comes into view. The text limit
+    // of the first call stays in force. Does nothing for a cell that does not exist.
     void BeginCellEdit(int nRow, int nCol, int nTextLimit);
     // Hides the text editor and writes its text into the cell; FALSE when no cell has been edited yet.
     BOOL EndCellEdit(CString& strText);
@@ -34,7 +39,10 @@ class CMFXListCtrl : public CListCtrl {
 
     void SetCellText(int nRow, int nCol, const CString& strText);
     void InsertRowText(int nRow, const CString& strText);
+    // Drops all rows and what is being edited, and makes so many empty rows.
+    void MakeEmptyRows(int nRows);
 
+    bool IsEditorVisible() const;  // the text editor
     // The cell edited last, -1 for none.
     int GetEditRow() const { return m_nEditRow; }
     int GetEditCol() const { return m_nEditCol; }
@@ -57,11 +65,10 @@ class CMFXListCtrl : public CListCtrl {
     BOOL DeleteSelectedRows();
 
   protected:
-    static constexpr int kTextLimit = 260;
-
     // C++ exceptions of handlers end here and in HandleKeyDown; the user is told.
     LRESULT WindowProc(UINT nMessage, WPARAM wParam, LPARAM lParam) override;
     afx_msg void OnDestroy();
+    afx_msg void OnKeyDown(UINT nChar, UINT nRepCnt, UINT nFlags);
     afx_msg void OnVScroll(UINT nSBCode, UINT nPos, CScrollBar* pScrollBar);
     DECLARE_MESSAGE_MAP()
 
@@ -80,7 +87,6 @@ class CMFXListCtrl : public CListCtrl {
         int nRow, nCol;  // -1 for none
     };
     Cell FindCell(CPoint point);  // at a point of the client area
-    bool IsEditorVisible() const;
     bool IsComboVisible() const;
 
     int m_nFirstEditCol = 0;  // columns that the keyboard moves the editor to

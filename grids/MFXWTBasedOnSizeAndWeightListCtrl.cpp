@@ -20,7 +20,7 @@ BEGIN_MESSAGE_MAP(CMFXWTBasedOnSizeAndWeightListCtrl, CMFXListCtrl)
 END_MESSAGE_MAP()
 
 void CMFXWTBasedOnSizeAndWeightListCtrl::InitGroupColumns(const std::vector<CString>& headers) {
-    CreateColumns(headers, {160}, LVCFMT_LEFT);
+    CreateColumns(headers, {190}, LVCFMT_LEFT);
 }
 
 void CMFXWTBasedOnSizeAndWeightListCtrl::InitBandColumns(const std::vector<CString>& headers) {

@@ -56,6 +56,32 @@
 #define IDS_DRAFT_RULE_NAME 29192
 #define IDS_DRAFT_RULE_SUMMARY 29193
 
+#define IDD_DRAFT 29175
+#define IDC_DRAFT_LEGEND 29176
+#define IDC_DRAFT_BANDS 29177
+#define IDC_DRAFT_LENGTH_UNIT 29178
+#define IDC_DRAFT_PICTURE 29179
+#define IDC_DRAFT_IMPORT 29180
+#define IDB_DRAFT_PICTURE 29207
+#define IDS_DRAFT_SIZES 29184  /* heading; a unit in parentheses follows */
+#define IDS_DRAFT_ANGLES 29185 /* heading; a unit in parentheses follows */
+#define IDS_DRAFT_LOWER_BOUND 29186
+#define IDS_DRAFT_UPPER_BOUND 29187
+#define IDS_DRAFT_FIRST_ANGLE 29188
+#define IDS_DRAFT_SECOND_ANGLE 29190
+#define IDS_DRAFT_THIRD_ANGLE 29191
+#define IDS_DRAFT_NO_BANDS 29182
+#define IDS_DRAFT_UPPER_NOT_ABOVE_LOWER 29197 /* row */
+#define IDS_DRAFT_INCOMPLETE_ROW 29198        /* row */
+#define IDS_DRAFT_NOT_CONTIGUOUS 29199        /* upper bound of the row before, row */
+#define IDS_DRAFT_WRONG_HEADINGS 29181
+#define IDS_DRAFT_UNEVEN_COLUMNS 29200
+#define IDS_DRAFT_TOO_MANY_BANDS 29201
+#define IDS_DRAFT_NOT_IMPORTED 29202 /* what is wrong with the table of the sheet */
+#define IDS_DRAFT_HEADING_FONT 29205 /* typeface that has the language's characters */
+#define IDS_DRAFT_BANDS_TIP 29203
+#define IDS_DRAFT_IMPORT_TIP 29204
+
 /* Uniform wall thickness; the ids of the limits are also the parameters' ids */
 #define IDS_UNIFORM_RULE_NAME 10063
 #define IDS_UNIFORM_SUMMARY_MINIMUM 10065 /* label, value, unit */

@@ -2,8 +2,10 @@
 // dialog. dialogs/ defines these functions; exceptions may leave them.
 #pragma once
 
+class CMFXSCVariableDraftAngleRule;
 class CMFXSCWTVariationRule;
 class CMFXWTBasedOnCastSizeAndWeightRule;
 
+void RunDraftAngleDialog(CMFXSCVariableDraftAngleRule& rule);
 void RunVariationDialog(CMFXSCWTVariationRule& rule);
 void RunSizeAndWeightDialog(CMFXWTBasedOnCastSizeAndWeightRule& rule);

@@ -5,6 +5,7 @@
 #include "NoThrow.h"
 #include "NumberText.h"
 #include "ResourceSwitch.h"
+#include "RuleDialogs.h"
 #include "RuleHeader.h"
 #include "RuleParameters.h"
 #include "RuleRecord.h"
@@ -111,6 +112,14 @@ void CMFXSCVariableDraftAngleRule::ConvertUnits(const UnitPair& from, const Unit
 
 bool CMFXSCVariableDraftAngleRule::AcceptRuleData(const CMfxData*) {
     return true;
+}
+
+void CMFXSCVariableDraftAngleRule::ConfigureRuleDialog() {
+    NoThrow([this] {
+        const ResourceSwitch resources;
+        RunDraftAngleDialog(*this);
+        ReloadSummary();
+    });
 }
 
 int CMFXSCVariableDraftAngleRule::ExecuteAlternate(MFXICadSys*, const CMfxData*, MFXResultSet*, int) {

@@ -21,6 +21,7 @@ class CMFXSCVariableDraftAngleRule : public CMfxRule {
     void PrepareRule() override;
     void ConvertUnits(const UnitPair& from, const UnitPair& to) override;
     bool AcceptRuleData(const CMfxData* pData) override;
+    void ConfigureRuleDialog() override;
     int ExecuteAlternate(MFXICadSys* pCadSys, const CMfxData* pData, MFXResultSet* pResults,
                          int nMode) override;
 

@@ -20,7 +20,7 @@ BELOW = {
     "rules": ["rules/tables", "module/application"],
     "grids": ["rules/tables", "module/application"],
     "exchange/interface": ["framework", "resources"],
-    "exchange": ["exchange/interface"],
+    "exchange": ["exchange/interface", "rules/tables"],
     "dialogs": ["rules", "grids", "exchange"],
     "module": ["dialogs"],
     "sheetreader": ["exchange/interface"],

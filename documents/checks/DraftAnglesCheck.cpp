@@ -53,6 +53,7 @@ void AddFlaw(const Reporter& reporter, const Rows& rows, const DraftTableResult&
     switch (result.flaw) {
         case DraftTableFlaw::NoBands:
             return reporter.AddAboutValues<FindingCode::NoDraftBands>();
+        case DraftTableFlaw::EmptyCell:
         case DraftTableFlaw::IncompleteRow:
             return reporter.AddAboutValues<FindingCode::DraftValueMissing>(result.nRow);
         case DraftTableFlaw::UpperNotAboveLower:

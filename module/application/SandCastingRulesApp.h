@@ -40,6 +40,7 @@ class CMFXSandCastingRulesApp : public CWinApp {
     CStringList m_dbModuleList{10};        // names of the database modules
     CString m_strHelpPath;                 // full path of the help file
     CString m_strLanguage;                 // language word; "english" after a fall-back
+    CString m_strImportFolder;             // folder of the workbook that was imported last
 
   private:
     // Strings that were loaded before; rules ask for the same few again and again.

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <optional>
 
 namespace {
 
@@ -29,69 +30,77 @@ MfxTableRow Normalized(const MfxTableRow& row) {
     return normalized;
 }
 
-DraftTableResult Flaw(DraftTableFlaw flaw, int nRow, double expected = 0.0) {
-    return {flaw, nRow, expected, {}};
+// A cell in the row of a table; the first row is 1.
+struct Place {
+    int nRow;
+    Index cell;
+};
+
+DraftTableResult Flaw(DraftTableFlaw flaw, const Place& place, double expected = 0.0) {
+    return {flaw, place.nRow, place.cell, expected, {}};
 }
 
-// Reads the rows into bands. Stops at the first row that lacks a value and returns its number, or 0.
-int CollectBands(std::span<const MfxTableRow> rows, std::vector<Band>& bands) {
+// Reads the rows into bands. Stops at the first cell that a band must have and that is empty.
+std::optional<Place> CollectBands(std::span<const MfxTableRow> rows, std::vector<Band>& bands) {
     int nRow = 0;
     for (const MfxTableRow& row : rows) {
         ++nRow;
         if (IsEmptyRow(row)) continue;
         Band band{nRow, row};
         band.texts.cells.resize(Count);
-        if (!band.Has(LowerBound) || !band.Has(FirstAngle) || !band.Has(SecondAngle)) return nRow;
+        for (const Index cell : {LowerBound, FirstAngle, SecondAngle})
+            if (!band.Has(cell)) return Place{nRow, cell};
         band.texts = Normalized(band.texts);
         bands.push_back(band);
     }
-    return 0;
+    return std::nullopt;
 }
 
-// Number of the first empty row before a band, or 0.
-int FindGap(const std::vector<Band>& bands) {
+// The first empty row before a band.
+std::optional<Place> FindGap(const std::vector<Band>& bands) {
     int nExpected = 0;
     for (const Band& band : bands)
-        if (band.nRow != ++nExpected) return nExpected;
-    return 0;
+        if (band.nRow != ++nExpected) return Place{nExpected, LowerBound};
+    return std::nullopt;
 }
 
 bool IsZero(double value) {
     return std::fabs(value) <= kTolerance;
 }
 
-// Number of the first row that lacks a value, or 0. Only the first band may begin at zero, and only the last
-// one may have no upper bound.
-int FindMissingValue(const std::vector<Band>& bands) {
+// The first number that must not be zero and is, or is missing. Only the first band may begin at zero, and
+// only the last one may have no upper bound.
+std::optional<Place> FindMissingValue(const std::vector<Band>& bands) {
     for (const Band& band : bands) {
         const bool bFirst = &band == &bands.front(), bLast = &band == &bands.back();
-        if ((!bFirst && IsZero(band.Number(LowerBound))) || IsZero(band.Number(FirstAngle)) ||
-            IsZero(band.Number(SecondAngle)) || (!bLast && !band.Has(UpperBound)))
-            return band.nRow;
+        if (!bFirst && IsZero(band.Number(LowerBound))) return Place{band.nRow, LowerBound};
+        if (!bLast && !band.Has(UpperBound)) return Place{band.nRow, UpperBound};
+        for (const Index cell : {FirstAngle, SecondAngle})
+            if (IsZero(band.Number(cell))) return Place{band.nRow, cell};
     }
-    return 0;
+    return std::nullopt;
 }
 
-int FindInverted(const std::vector<Band>& bands) {
+std::optional<Place> FindInverted(const std::vector<Band>& bands) {
     for (const Band& band : bands)
         if (band.Has(UpperBound) && band.Number(UpperBound) - kTolerance < band.Number(LowerBound))
-            return band.nRow;
-    return 0;
+            return Place{band.nRow, UpperBound};
+    return std::nullopt;
 }
 
 }  // namespace
 
 DraftTableResult CheckDraftTable(std::span<const MfxTableRow> rows) {
     std::vector<Band> bands;
-    if (const int nRow = CollectBands(rows, bands)) return Flaw(DraftTableFlaw::IncompleteRow, nRow);
-    if (bands.empty()) return Flaw(DraftTableFlaw::NoBands, 0);
-    if (const int nRow = FindGap(bands)) return Flaw(DraftTableFlaw::IncompleteRow, nRow);
-    if (const int nRow = FindMissingValue(bands)) return Flaw(DraftTableFlaw::IncompleteRow, nRow);
-    if (const int nRow = FindInverted(bands)) return Flaw(DraftTableFlaw::UpperNotAboveLower, nRow);
+    if (const auto place = CollectBands(rows, bands)) return Flaw(DraftTableFlaw::EmptyCell, *place);
+    if (bands.empty()) return Flaw(DraftTableFlaw::NoBands, {0, LowerBound});
+    if (const auto place = FindGap(bands)) return Flaw(DraftTableFlaw::IncompleteRow, *place);
+    if (const auto place = FindMissingValue(bands)) return Flaw(DraftTableFlaw::IncompleteRow, *place);
+    if (const auto place = FindInverted(bands)) return Flaw(DraftTableFlaw::UpperNotAboveLower, *place);
     for (std::size_t i = 1; i < bands.size(); ++i) {
         const double expected = bands[i - 1].Number(UpperBound);
         if (std::fabs(bands[i].Number(LowerBound) - expected) > kTolerance)
-            return Flaw(DraftTableFlaw::NotContiguous, bands[i].nRow, expected);
+            return Flaw(DraftTableFlaw::NotContiguous, {bands[i].nRow, LowerBound}, expected);
     }
     DraftTableResult result;
     for (const Band& band : bands) result.bands.push_back(band.texts);

@@ -19,15 +19,17 @@ constexpr Quantity QuantityOfDraftCell(std::size_t cell) {
 enum class DraftTableFlaw {
     None,
     NoBands,             // no row has anything in it
-    IncompleteRow,       // a row is missing, or a value that a band must have is missing or zero
+    EmptyCell,           // a row has no lower bound, or not its first two angles
+    IncompleteRow,       // a row is left out, a number is zero, or an upper bound before the last is missing
     UpperNotAboveLower,  // a band ends before it begins
     NotContiguous,       // a band does not begin where the one before it ends
 };
 
 struct DraftTableResult {
     DraftTableFlaw flaw = DraftTableFlaw::None;
-    int nRow = 0;           // the first is 1; 0 for NoBands
-    double expected = 0.0;  // NotContiguous: the lower bound that the row should have
+    int nRow = 0;                                   // the first is 1; 0 for NoBands
+    DraftCell::Index cell = DraftCell::LowerBound;  // the cell at fault
+    double expected = 0.0;                          // NotContiguous: the lower bound that the row should have
 
     // Without a flaw: the bands, their texts as FormatDouble writes them, the last one's empty upper bound
     // still empty.

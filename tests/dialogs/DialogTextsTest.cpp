@@ -4,11 +4,12 @@
 #include "support/Screenshot.h"
 #include "support/WindowText.h"
 
+#include <afxcmn.h>
 #include <set>
 
 namespace {
 
-constexpr int kRulesWithDialog[] = {19030};
+constexpr int kRulesWithDialog[] = {19020, 19030, 19040};
 
 struct DialogTextsTest : DialogTest, testing::WithParamInterface<const wchar_t*> {
     DialogTextsTest() : DialogTest(GetParam()) {}
@@ -24,19 +25,45 @@ bool IsOfClass(HWND hControl, LPCWSTR pszClass) {
     return CString(szClass).CompareNoCase(pszClass) == 0;
 }
 
-// The window's text must leave as many pixels of the window's width.
-void ExpectRoom(HWND hWindow, int nFrameAt96Dpi) {
-    const CString strText = WindowText(hWindow);
+CRect ClientOf(HWND hWindow) {
+    CRect client;
+    GetClientRect(hWindow, &client);
+    return client;
+}
+
+// In the window's font; DT_WORDBREAK breaks lines at the window's width.
+CSize SizeOfText(HWND hWindow, const CString& strText, UINT nFormat) {
     const HDC hDC = GetDC(hWindow);
-    const auto hFont = reinterpret_cast<HFONT>(SendMessageW(hWindow, WM_GETFONT, 0, 0));
-    const HGDIOBJ hPrevious = SelectObject(hDC, hFont);
-    RECT text{}, client{};
-    DrawTextW(hDC, strText, -1, &text, DT_CALCRECT | DT_SINGLELINE);
+    const HGDIOBJ hPrevious =
+        SelectObject(hDC, reinterpret_cast<HFONT>(SendMessageW(hWindow, WM_GETFONT, 0, 0)));
+    CRect text = ClientOf(hWindow);
+    DrawTextW(hDC, strText, -1, &text, DT_CALCRECT | nFormat);
     SelectObject(hDC, hPrevious);
     ReleaseDC(hWindow, hDC);
-    GetClientRect(hWindow, &client);
-    EXPECT_LE(text.right + Scaled(nFrameAt96Dpi), client.right) << strText.GetString();
-    EXPECT_LE(text.bottom, client.bottom) << strText.GetString();
+    return text.Size();
+}
+
+// The window's text must leave as many pixels of the window's width.
+void ExpectRoom(HWND hWindow, int nFrameAt96Dpi, UINT nFormat = DT_SINGLELINE) {
+    const CString strText = WindowText(hWindow);
+    const CSize text = SizeOfText(hWindow, strText, nFormat);
+    EXPECT_LE(text.cx + Scaled(nFrameAt96Dpi), ClientOf(hWindow).right) << strText.GetString();
+    EXPECT_LE(text.cy, ClientOf(hWindow).bottom) << strText.GetString();
+}
+
+// The header draws six pixels before and behind a heading.
+void ExpectRoomForHeadings(HWND hGrid) {
+    const auto hHeader = reinterpret_cast<HWND>(SendMessageW(hGrid, LVM_GETHEADER, 0, 0));
+    for (int nCol = 0; nCol < Header_GetItemCount(hHeader); ++nCol) {
+        wchar_t szText[100] = L"";
+        HDITEMW item{};
+        item.mask = HDI_TEXT | HDI_WIDTH;
+        item.pszText = szText;
+        item.cchTextMax = static_cast<int>(std::size(szText));
+        Header_GetItem(hHeader, nCol, &item);
+        const CSize text = SizeOfText(hHeader, szText, DT_SINGLELINE | DT_NOPREFIX);
+        EXPECT_TRUE(item.cxy >= text.cx + 12 || !szText[0]) << szText << item.cxy;
+    }
 }
 
 void ExpectInside(HWND hControl, HWND hDialog) {
@@ -53,10 +80,15 @@ void CheckControls(HWND hDialog) {
     int nLabels = 0;
     for (HWND hControl = GetWindow(hDialog, GW_CHILD); hControl;
          hControl = GetWindow(hControl, GW_HWNDNEXT)) {
-        const bool bButton = IsOfClass(hControl, L"Button"), bLabel = IsOfClass(hControl, L"Static");
-        if (!bButton && !bLabel) continue;
-        ExpectRoom(hControl, bButton ? 8 : 0);
         ExpectInside(hControl, hDialog);
+        const bool bButton = IsOfClass(hControl, L"Button"), bLabel = IsOfClass(hControl, L"Static");
+        if (IsOfClass(hControl, L"SysListView32")) ExpectRoomForHeadings(hControl);
+        if ((!bButton && !bLabel) || WindowText(hControl).IsEmpty()) continue;
+        if (GetWindowLongW(hControl, GWL_STYLE) & SS_NOPREFIX) {
+            ExpectRoom(hControl, 0, DT_WORDBREAK | DT_NOPREFIX);
+            continue;
+        }
+        ExpectRoom(hControl, bButton ? 8 : 0);
         const CString strText = WindowText(hControl);
         const int nMark = strText.Find(L'&');
         nLabels += bLabel;

@@ -1,0 +1,41 @@
+#include "DraftSheet.h"
+
+#include <algorithm>
+
+namespace {
+
+constexpr const wchar_t* kHeadings[DraftCell::Count] = {L"H1", L"H2", L"A1", L"A2", L"A3"};
+
+bool HasHeadings(const WorkbookTable& columns) {
+    if (columns.size() < DraftCell::Count) return false;
+    for (std::size_t cell = 0; cell < DraftCell::Count; ++cell)
+        if (columns[cell].empty() || columns[cell].front() != kHeadings[cell]) return false;
+    return true;
+}
+
+bool AreEven(const WorkbookTable& columns) {
+    return std::all_of(columns.begin(), columns.begin() + DraftCell::Count,
+                       [&](const auto& column) { return column.size() == columns.front().size(); });
+}
+
+std::vector<MfxTableRow> RowsBelowHeadings(const WorkbookTable& columns) {
+    std::vector<MfxTableRow> rows(columns.front().size() - 1);
+    for (std::size_t row = 0; row < rows.size(); ++row)
+        for (std::size_t cell = 0; cell < DraftCell::Count; ++cell)
+            rows[row].cells.push_back(columns[cell][row + 1]);
+    return rows;
+}
+
+}  // namespace
+
+DraftSheet ReadDraftSheet(const WorkbookTable& columns) {
+    if (!HasHeadings(columns)) return {DraftSheetFault::WrongHeadings, {}};
+    if (!AreEven(columns)) return {DraftSheetFault::UnevenColumns, {}};
+    if (columns.front().size() - 1 > kMostDraftBands) return {DraftSheetFault::TooManyBands, {}};
+    DraftSheet sheet;
+    sheet.table = CheckDraftTable(RowsBelowHeadings(columns));
+    if (sheet.table.flaw == DraftTableFlaw::None) return sheet;
+    sheet.fault = DraftSheetFault::RefusedTable;
+    if (sheet.table.nRow > 0) ++sheet.table.nRow;
+    return sheet;
+}
