@@ -17,6 +17,7 @@ struct CastSizeAndWeightBand {
     double weightMin = kValueNotGiven;
     double weightMax = kValueNotGiven;
     double thickness = kValueNotGiven;
+    bool operator==(const CastSizeAndWeightBand&) const = default;
 };
 
 // The values of a band, in the order of records and of the dialog's columns.

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "LibraryPtr.h"
+#include "FakeDatabase.h"
 #include "support/DialogUser.h"
 #include "support/GuiObjects.h"
 #include "support/LoadedModule.h"
@@ -44,7 +44,7 @@ class DialogTest : public testing::Test {
     const HWND m_hHostWindow = CreateWindowW(L"STATIC", L"host", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 10, 10,
                                              300, 200, nullptr, nullptr, nullptr, nullptr);
     HWND m_hOwner = m_hHostWindow;  // of the dialogs
-    const LibraryPtr m_pDatabase{LoadLibraryW(L"MFXDatabaseu.dll")};
+    FakeDatabase m_database;
     MessageBoxRecorder m_boxes;
     const LoadedModule m_module;
     const std::vector<LoadedModule::RulePtr> m_rules = m_module.GetAllRules();
