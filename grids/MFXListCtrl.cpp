@@ -308,13 +308,17 @@ BOOL CMFXListCtrl::DeleteSelectedRows() {
     const UINT nSelected = GetSelectedCount();
     if (nSelected == 0) return FALSE;
     ForgetEditedCell();
+    SetRedraw(FALSE);
+    BOOL bDeleted = TRUE;
     int nRow = -1;
-    for (UINT i = 0; i < nSelected; ++i) {
+    for (UINT i = 0; bDeleted && i < nSelected; ++i) {
         nRow = GetNextItem(nRow, LVNI_SELECTED);
-        if (!DeleteItem(nRow)) return FALSE;
-        InsertRowText(nRow, L"");
+        bDeleted = DeleteItem(nRow);
+        if (bDeleted) InsertRowText(nRow, L"");
     }
-    return TRUE;
+    SetRedraw(TRUE);
+    Invalidate();
+    return bDeleted;
 }
 
 LRESULT CMFXListCtrl::WindowProc(UINT nMessage, WPARAM wParam, LPARAM lParam) {

@@ -9,6 +9,7 @@ class CSize : public tagSIZE {
 
 class CPoint : public tagPOINT {
   public:
+    CPoint(int initX, int initY) : tagPOINT{initX, initY} {}
     // Two signed 16-bit coordinates, as mouse messages have them.
     CPoint(LPARAM dwPoint)
         : tagPOINT{static_cast<short>(LOWORD(dwPoint)), static_cast<short>(HIWORD(dwPoint))} {}

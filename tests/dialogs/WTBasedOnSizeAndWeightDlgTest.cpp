@@ -110,8 +110,9 @@ struct WTBasedOnSizeAndWeightDlgTest : DialogTest {
     }
 
     static void* GetCollectorFunction() {
-        return reinterpret_cast<void*>(GetProcAddress(GetModuleHandleW(L"MfxKitu.dll"),
-                                                      "_ZNK6mfx_db13MFXDataHelpercvP18IDatabaseCollectorEv"));
+        const FARPROC function = GetProcAddress(GetModuleHandleW(L"MfxKitu.dll"),
+                                                "_ZNK6mfx_db13MFXDataHelpercvP18IDatabaseCollectorEv");
+        return reinterpret_cast<void*>(reinterpret_cast<std::uintptr_t>(function));
     }
     // Where the database's library has the name of the export.
     static void* GetDatabaseExportName() {

@@ -2,6 +2,7 @@
 
 #include "WindowText.h"
 
+#include <dlgs.h>
 #include <gtest/gtest.h>
 
 #include <vector>
@@ -142,13 +143,29 @@ void DialogUser::Type(const CString& strText) {
     }
 }
 
-void DialogUser::ClickOn(int nControlId) {
+void DialogUser::ClickAt(HWND hWindow, CPoint point) {
     ComeToTheFront();
     RECT rect{};
-    GetWindowRect(Control(nControlId), &rect);
-    SetCursorPos((rect.left + rect.right) / 2, (rect.top + rect.bottom) / 2);
+    GetClientRect(hWindow, &rect);
+    if (point.x < 0) point = CPoint(rect.right / 2, rect.bottom / 2);
+    ClientToScreen(hWindow, &point);
+    SetCursorPos(point.x, point.y);
     Idle();  // the system moves the pointer in its own time
     Send({ButtonInput(MOUSEEVENTF_LEFTDOWN), ButtonInput(MOUSEEVENTF_LEFTUP)});
+    Idle();
+}
+
+void DialogUser::ChooseFile(const CString& strPath) {
+    HWND hFiles = nullptr;
+    for (int i = 0; i < 500 && !hFiles; ++i) {
+        Idle();
+        EnumThreadWindows(GetCurrentThreadId(), TakeOpenDialog, reinterpret_cast<LPARAM>(&hFiles));
+        if (hFiles == m_hDialog) hFiles = nullptr;
+    }
+    ASSERT_TRUE(hFiles) << "no dialog for files came";
+    SetDlgItemTextW(hFiles, cmb13, strPath);
+    PostMessageW(hFiles, WM_COMMAND, IDOK, 0);
+    while (IsWindow(hFiles)) Idle();
     Idle();
 }
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <afx.h>
+#include <afxwin.h>
 
 #include <functional>
 
@@ -18,7 +18,10 @@ class DialogUser {
 
     void Press(WORD wKey, WORD wHeldKey = 0);  // virtual keys
     void Type(const CString& strText);         // with the characters' own keys, whatever the keyboard
-    void ClickOn(int nControlId);
+    void ClickOn(int nControlId) { ClickAt(Control(nControlId), CPoint(-1, -1)); }
+    void ClickAt(HWND hWindow, CPoint point);  // client area; (-1, -1) is the middle
+    // In a dialog for files that the last action has made come.
+    void ChooseFile(const CString& strPath);
     // Selects all text of a box, then types.
     void Enter(int nControlId, const CString& strText);
 

@@ -1,0 +1,253 @@
+#include "DialogTest.h"
+#include "MFXUnitConvertor.h"
+#include "DraftTableCheck.h"
+#include "resource.h"
+
+#include <afxcmn.h>
+#include <gmock/gmock.h>
+
+namespace {
+
+using Rows = std::vector<MfxTableRow>;
+
+constexpr int kImportKey = 1, kEditorId = 10014;
+
+const Rows kDefaults = {{{L"0.0", L"25.4", L"3.0", L"3.0", L"1.5"}},
+                        {{L"25.4", L"50.8", L"1.5", L"2.5", L"1.0"}},
+                        {{L"50.8", L"101.0", L"1.0", L"1.5", L"1.0"}},
+                        {{L"101.0", L"203.0", L"0.75", L"1.0", L"1.0"}}};
+
+struct SCVariableDraftAngleDlgTest : DialogTest {
+    SCVariableDraftAngleDlgTest() : DialogTest(L"english") {}
+
+    void Open(const std::function<void(DialogUser&)>& act) { Configure(m_rule, act); }
+
+    // Rows and columns as in the grid: from 0, and the first column is blank.
+    static CString Cell(const DialogUser& user, int nRow, int nCol) {
+        wchar_t szText[100] = L"";
+        ListView_GetItemText(user.Control(IDC_DRAFT_BANDS), nRow, nCol, szText, 100);
+        return szText;
+    }
+    static void SetCell(const DialogUser& user, int nRow, int nCol, const CString& strText) {
+        CString strCopy = strText;
+        ListView_SetItemText(user.Control(IDC_DRAFT_BANDS), nRow, nCol, strCopy.GetBuffer(0));
+    }
+    static CRect PlaceOf(const DialogUser& user, int nRow, int nCol) {
+        CRect rect;
+        ListView_GetSubItemRect(user.Control(IDC_DRAFT_BANDS), nRow, nCol, LVIR_LABEL, &rect);
+        return rect;
+    }
+    static void ClickCell(DialogUser& user, int nRow, int nCol) {
+        const CRect rect = PlaceOf(user, nRow, nCol);
+        user.ClickAt(user.Control(IDC_DRAFT_BANDS), CPoint(rect.left + 5, rect.top + rect.Height() / 2));
+    }
+    static void ExpectCursorIn(const DialogUser& user, int nRow, int nCol) {
+        const HWND hGrid = user.Control(IDC_DRAFT_BANDS), hEditor = GetDlgItem(hGrid, kEditorId);
+        EXPECT_EQ(GetFocus(), hEditor);
+        CRect editor, grid, cell = PlaceOf(user, nRow, nCol);
+        GetWindowRect(hEditor, &editor);
+        MapWindowPoints(nullptr, hGrid, reinterpret_cast<POINT*>(&editor), 2);
+        EXPECT_EQ(editor.left, cell.left);
+        EXPECT_EQ(editor.top, cell.top - 2);
+        GetClientRect(hGrid, &grid);
+        EXPECT_LE(editor.bottom, grid.bottom + 2) << "out of view";
+    }
+    Rows Stored() const { return {m_table.begin(), m_table.end()}; }
+    CString Heading(const DialogUser& user) const {
+        wchar_t szText[100] = L"";
+        LVCOLUMNW column{};
+        column.mask = LVCF_TEXT;
+        column.pszText = szText;
+        column.cchTextMax = 100;
+        ListView_GetColumn(user.Control(IDC_DRAFT_LEGEND), 1, &column);
+        return szText;
+    }
+
+    CMfxRule& m_rule = Rule(19040);
+    MfxArray<MfxTableRow>& m_table =
+        m_rule.FindParameterInArray(kDraftAngleTableId)->GetValues<MfxTableRow>();
+};
+
+}  // namespace
+
+TEST_F(SCVariableDraftAngleDlgTest, EditsBandsByMouseAndKeys) {
+    Open([&](DialogUser& user) {
+        EXPECT_STREQ(Heading(user), L"Size (mm)");
+        EXPECT_STREQ(Cell(user, 3, 2), L"203") << "as it is stored";
+        EXPECT_EQ(ListView_GetItemCount(user.Control(IDC_DRAFT_BANDS)), 200);
+        ClickCell(user, 4, 1);
+        for (const LPCWSTR pszText : {L"203", L"", L"0.5", L"0.75"}) {
+            user.Type(pszText);
+            user.Press(VK_TAB);
+        }
+        user.Press(VK_UP);  // out of the third angle, which is committed thereby
+        user.Type(L"0.9");
+        user.Press(VK_RETURN);
+        EXPECT_TRUE(user.IsOpen()) << "Enter ends the editing";
+        user.ClickOn(IDOK);
+        EXPECT_FALSE(user.IsOpen());
+    });
+    Rows expected = kDefaults;
+    expected[3].cells[DraftCell::ThirdAngle] = L"0.9";
+    expected.push_back({{L"203.0", L"1000000000.0", L"0.5", L"0.75", L""}});
+    EXPECT_EQ(Stored(), expected);
+    Open([&](DialogUser& user) {
+        EXPECT_STREQ(Cell(user, 4, 2), L"") << "no upper limit";
+        user.Press(VK_RETURN);
+    });
+    EXPECT_EQ(Stored(), expected);
+}
+
+TEST_F(SCVariableDraftAngleDlgTest, NeedsNoMouse) {
+    Open([&](DialogUser& user) {
+        SetFocus(user.Control(IDC_DRAFT_BANDS));
+        user.Press(VK_F2);
+        ExpectCursorIn(user, 0, 1);
+        user.Press(VK_RIGHT);
+        user.Press(VK_DELETE);
+        user.Type(L"25.4");
+        for (int i = 0; i < 30; ++i) user.Press(VK_DOWN);
+        ExpectCursorIn(user, 30, 2);
+        user.Press(L'U', VK_MENU);
+        EXPECT_EQ(GetFocus(), user.Control(IDC_DRAFT_LENGTH_UNIT));
+        user.ClickOn(IDCANCEL);
+    });
+    EXPECT_STREQ(m_table[0].cells[0], L"0.0");
+    EXPECT_STREQ(m_table[3].cells[2], L".75") << "nothing was stored";
+}
+
+TEST_F(SCVariableDraftAngleDlgTest, RefusesATableAndShowsWhere) {
+    const CString strIncomplete =
+        L": H1, A1 and A2 need a value other than zero, H2 as well except in the last row. Only the first H1 "
+        L"may be zero. Rows must not be left out.";
+    const struct {
+        std::vector<int> rows;  // the cells that are changed
+        int nCol;
+        LPCWSTR pszText;
+        CString strMessage;
+        int nFaultRow, nFaultCol;
+    } kCases[] = {
+        {{1}, 3, L"", L"Row 2.0" + strIncomplete, 1, 3},
+        {{6}, 1, L"5", L"Row 7.0" + strIncomplete, 6, 3},
+        {{0}, 3, L"0", L"Row 1" + strIncomplete, 0, 3},
+        {{2}, 2, L"50", L"Row 3: H2 must be larger than H1.", 2, 2},
+        {{3}, 1, L"101.01", L"H1 must be 101.0, where the row before ends. See row 4.", 3, 1},
+    };
+    for (const auto& test : kCases)
+        Open([&](DialogUser& user) {
+            SCOPED_TRACE(test.strMessage.GetString());
+            for (const int nRow : test.rows) SetCell(user, nRow, test.nCol, test.pszText);
+            SendMessageW(user.Control(IDC_DRAFT_LENGTH_UNIT), CB_SETCURSEL, 1, 0);
+            m_boxes.Expect(test.strMessage, MB_ICONINFORMATION);
+            user.ClickOn(IDOK);
+            m_boxes.Verify();
+            EXPECT_STREQ(m_boxes.m_strCaption, L"MfxKit");
+            EXPECT_EQ(m_rule.m_nLengthUnit, LengthCentimetre) << "stored before";
+            EXPECT_STREQ(Cell(user, test.rows[0], test.nCol), test.pszText);
+            ExpectCursorIn(user, test.nFaultRow, test.nFaultCol);
+            user.ClickOn(IDCANCEL);
+        });
+    EXPECT_STREQ(m_table[3].cells[2], L".75") << "nothing was stored";
+}
+
+TEST_F(SCVariableDraftAngleDlgTest, DeletedRowsAreLeftOut) {
+    Open([&](DialogUser& user) {
+        SetFocus(user.Control(IDC_DRAFT_BANDS));
+        ListView_SetItemState(user.Control(IDC_DRAFT_BANDS), 1, LVIS_SELECTED, LVIS_SELECTED);
+        user.Press(VK_DELETE);
+        m_boxes.Expect(
+            L"Row 2: H1, A1 and A2 need a value other than zero, H2 as well except in the last row. Only the "
+            L"first H1 may be zero. Rows must not be left out.",
+            MB_ICONINFORMATION);
+        user.ClickOn(IDOK);
+        ListView_SetItemState(user.Control(IDC_DRAFT_BANDS), -1, LVIS_SELECTED, LVIS_SELECTED);
+        user.Press(VK_ESCAPE);
+        user.ClickOn(IDC_DRAFT_LENGTH_UNIT);
+        user.Press(VK_ESCAPE);
+        SetFocus(user.Control(IDC_DRAFT_BANDS));
+        ListView_SetItemState(user.Control(IDC_DRAFT_BANDS), -1, LVIS_SELECTED, LVIS_SELECTED);
+        user.Press(VK_DELETE);
+        m_boxes.Expect(L"There is nothing to store. Enter at least one row.", MB_ICONINFORMATION);
+        user.ClickOn(IDOK);
+        user.ClickOn(IDCANCEL);
+    });
+    EXPECT_EQ(m_table.GetCount(), 4);
+}
+
+TEST_F(SCVariableDraftAngleDlgTest, DropsOnlyAThirdAngleThatIsBeingEdited) {
+    for (const bool bCommitted : {true, false}) {
+        Open([&](DialogUser& user) {
+            ClickCell(user, 0, 5);
+            user.Type(L"2.5");
+            if (bCommitted) user.Press(VK_RETURN);
+            user.ClickOn(IDOK);
+        });
+        EXPECT_STREQ(m_table[0].cells[DraftCell::ThirdAngle], bCommitted ? L"2.5" : L"");
+    }
+}
+
+TEST_F(SCVariableDraftAngleDlgTest, KeepsUnitsAndLongTables) {
+    m_rule.m_nLengthUnit = LengthFoot;  // has no label of its own
+    Open([&](DialogUser& user) {
+        EXPECT_STREQ(Heading(user), L"Size (ft)");
+        user.Enter(IDC_DRAFT_LENGTH_UNIT, L"i");
+        EXPECT_STREQ(Heading(user), L"Size (in)");
+        user.Press(VK_RETURN);
+    });
+    EXPECT_EQ(m_rule.m_nLengthUnit, LengthInch);
+    EXPECT_EQ(Stored(), kDefaults) << "not converted";
+    m_rule.m_nLengthUnit = LengthMicrometre;  // is not offered
+    m_table.RemoveAll();
+    for (int i = 0; i < 250; ++i) {
+        CString strFrom, strTo;
+        strFrom.Format(L"%d.0", i);
+        strTo.Format(L"%d.0", i + 1);
+        m_table.Add({{strFrom, strTo, L"1.0", L"2.0", L""}});
+    }
+    const Rows before = Stored();
+    Open([&](DialogUser& user) {
+        EXPECT_STREQ(Heading(user), L"Size (\u00b5m)");
+        user.Press(VK_RETURN);
+    });
+    EXPECT_EQ(m_rule.m_nLengthUnit, LengthMicrometre);
+    EXPECT_EQ(Stored(), before);
+}
+
+TEST_F(SCVariableDraftAngleDlgTest, ImportsWorkbooks) {
+    CString strSamples(MFX_SAMPLES);
+    strSamples.Replace(L"/", L"\\");
+    Open([&](DialogUser& user) {
+        ClickCell(user, 2, 3);
+        user.Type(L"7");
+        user.Press(L'I', VK_CONTROL);
+        user.ChooseFile(strSamples + L"draft-angles.xlsx");
+        EXPECT_STREQ(Cell(user, 3, 2), L"203.2");
+        EXPECT_STREQ(Cell(user, 2, 3), L"1.0") << "old text must not be written over new";
+        user.Press(L'I', VK_MENU);
+        m_boxes.Expect(
+            L"The sheet can't be imported. Its first row must read H1, H2, A1, A2, A3, in columns A to E.",
+            MB_ICONEXCLAMATION);
+        user.ChooseFile(L"cell-types.xlsx");  // begins in the folder of the last import
+        m_boxes.Verify();
+        EXPECT_STREQ(Cell(user, 3, 2), L"203.2") << "nothing changes";
+        user.ClickOn(IDOK);
+    });
+    EXPECT_EQ(m_table.GetCount(), 4);
+    EXPECT_STREQ(m_table[0].cells[1], L"25.0");
+}
+
+TEST_F(SCVariableDraftAngleDlgTest, HasItsHotKeyOnlyInFront) {
+    Open([&](DialogUser& user) {
+        EXPECT_FALSE(RegisterHotKey(m_hHostWindow, 7, MOD_CONTROL, L'I'));
+        SetActiveWindow(m_hHostWindow);
+        EXPECT_TRUE(RegisterHotKey(m_hHostWindow, 7, MOD_CONTROL, L'I')) << "another program may have it";
+        SetActiveWindow(user.Window());
+        EnableWindow(user.Window(), FALSE);
+        SendMessageW(user.Window(), WM_HOTKEY, kImportKey, MAKELPARAM(MOD_CONTROL, L'I'));
+        EnableWindow(user.Window(), TRUE);
+        user.ClickOn(IDCANCEL);
+    });
+    EXPECT_TRUE(UnregisterHotKey(m_hHostWindow, 7));
+    EXPECT_TRUE(RegisterHotKey(m_hHostWindow, 7, MOD_CONTROL, L'I')) << "the dialog has given it back";
+    UnregisterHotKey(m_hHostWindow, 7);
+}
