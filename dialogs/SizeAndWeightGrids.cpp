@@ -2,7 +2,6 @@
 
 namespace {
 
-constexpr int kGroupCol = 0;
 constexpr int kEmptyRows = 200;
 
 int BandCol(std::size_t cell) {

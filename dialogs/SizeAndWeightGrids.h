@@ -4,6 +4,7 @@
 #include "MFXListCtrl.h"
 #include "SizeAndWeightGroups.h"
 
+inline constexpr int kGroupCol = 0;
 inline constexpr int kFirstBandCol = 1;  // behind the blank column
 
 // Makes the rows, and enough empty ones for typing.

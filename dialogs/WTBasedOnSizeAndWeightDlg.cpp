@@ -196,8 +196,10 @@ void CMFXWTBasedOnSizeAndWeightDlg::ValidateWhileTyping() {
 
 void CMFXWTBasedOnSizeAndWeightDlg::NewGroup(const CString& strName) {
     const std::vector<CString> listed = ReadGroups(m_listGroups);
-    if (!LeaveCurrentGroup())  // the list goes back to the groups that there are
-        return m_listGroups.SetCellText(m_listGroups.GetEditRow(), 0, m_groups.FindUnlisted(listed));
+    if (!LeaveCurrentGroup()) {  // the list goes back to the groups that there are
+        m_listGroups.SetCellText(m_listGroups.GetEditRow(), kGroupCol, m_groups.FindUnlisted(listed));
+        return SelectGroupRow(m_listGroups, m_groups.GetCurrent());
+    }
     const auto naming = m_groups.NameGroup(strName, listed);
     if (naming == SizeAndWeightGroups::Naming::Ignored) return;
     if (naming == SizeAndWeightGroups::Naming::AlreadyThere) {

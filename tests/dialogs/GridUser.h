@@ -23,13 +23,14 @@ class GridUser {
     void SetCell(int nRow, int nCol, CString strText) {
         ListView_SetItemText(m_hGrid, nRow, nCol, strText.GetBuffer(0));
     }
+    // Each at another place, or two would be a double click.
     void Click(int nRow, int nCol) {
-        const CRect rect = PlaceOf(nRow, nCol);
-        m_user.ClickAt(m_hGrid, CPoint(rect.left + 5, rect.top + rect.Height() / 2));
+        m_nOffset = m_nOffset == 5 ? 20 : 5;
+        ClickOnce(nRow, nCol);
     }
     void DoubleClick(int nRow, int nCol) {
         Click(nRow, nCol);
-        Click(nRow, nCol);
+        ClickOnce(nRow, nCol);
     }
     // Types over a cell's text and leaves the editor open.
     void Type(int nRow, int nCol, const CString& strText) {
@@ -71,6 +72,10 @@ class GridUser {
     }
 
   private:
+    void ClickOnce(int nRow, int nCol) {
+        const CRect rect = PlaceOf(nRow, nCol);
+        m_user.ClickAt(m_hGrid, CPoint(rect.left + m_nOffset, rect.top + rect.Height() / 2));
+    }
     CRect PlaceOf(int nRow, int nCol) const {
         CRect rect;
         ListView_GetSubItemRect(m_hGrid, nRow, nCol, LVIR_LABEL, &rect);
@@ -79,4 +84,5 @@ class GridUser {
 
     DialogUser& m_user;
     const HWND m_hGrid;
+    int m_nOffset = 5;
 };

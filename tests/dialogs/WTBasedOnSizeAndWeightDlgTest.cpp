@@ -83,7 +83,8 @@ struct WTBasedOnSizeAndWeightDlgTest : DialogTest {
         bool CanOk() const { return IsWindowEnabled(user.Control(IDOK)); }
         void SelectUnit(int nControlId, int nIndex) {
             SendMessageW(user.Control(nControlId), CB_SETCURSEL, static_cast<WPARAM>(nIndex), 0);
-            SendMessageW(user.Window(), WM_COMMAND, MAKEWPARAM(nControlId, CBN_SELCHANGE), 0);
+            SendMessageW(user.Window(), WM_COMMAND, MAKEWPARAM(nControlId, CBN_SELCHANGE),
+                         reinterpret_cast<LPARAM>(user.Control(nControlId)));
         }
     };
     void Open(const std::function<void(Page&)>& act) {
