@@ -40,7 +40,8 @@ class GridUser {
     }
     // Opens the drop-down list of a row and takes a choice.
     void Choose(int nRow, LPCWSTR pszChoice) {
-        DoubleClick(nRow, 0);
+        Click(nRow, 0);
+        m_user.Press(VK_F2);
         SendDlgItemMessageW(m_hGrid, kComboId, CB_SELECTSTRING, static_cast<WPARAM>(-1),
                             reinterpret_cast<LPARAM>(pszChoice));
         m_user.Press(VK_RETURN);

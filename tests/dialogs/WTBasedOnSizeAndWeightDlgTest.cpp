@@ -1,4 +1,3 @@
-#include "CastSizeAndWeightBand.h"
 #include "DialogTest.h"
 #include "GridUser.h"
 #include "MFXUnitConvertor.h"
@@ -18,7 +17,6 @@ using testing::Pair;
 
 namespace {
 
-using Bands = std::vector<CastSizeAndWeightBand>;
 constexpr double No = kValueNotGiven;
 
 using Texts = std::array<LPCWSTR, BandCell::Count>;
@@ -51,16 +49,7 @@ struct WTBasedOnSizeAndWeightDlgTest : DialogTest {
         AddGroup(L"Steel", {{No, No, 1, 2, 5}});
     }
 
-    void AddGroup(const CString& strName, const Bands& bands) {
-        CMFXConstraint* const pGroup = m_rule.CreateConstraintObject(ConstraintByMaterial, strName, true);
-        for (std::size_t cell = 0; cell < BandCell::Count; ++cell) {
-            CMfxParamStorage* const pList = m_rule.CreateParamStorageObject(
-                TypeDouble, kBandParameterIds[cell], OperatorAtMost, ParamLimit, true, false);
-            for (const CastSizeAndWeightBand& band : bands)
-                pList->GetValues<double>().Add(band.*kBandValues[cell]);
-            pGroup->AddParameter(pList);
-        }
-    }
+    void AddGroup(const CString& strName, const Bands& bands) { AddGroupTo(m_rule, strName, bands); }
     std::vector<std::pair<CString, Bands>> Stored() const {
         std::vector<std::pair<CString, Bands>> groups;
         for (const CMFXConstraint* pGroup : m_rule.m_constraintArray)
