@@ -25,9 +25,10 @@ constexpr int kEmptyRows = 200;  // that the dialog adds to its lists
 using Clock = std::chrono::steady_clock;
 Clock::time_point g_idle;
 
-// A modal dialog tells its owner when it has nothing more to do.
+// A modal dialog tells its owner when it has nothing more to do. A bare one also tells it right after it has
+// shown itself, before it is painted.
 LRESULT CALLBACK OwnerProcedure(HWND hWindow, UINT nMessage, WPARAM wParam, LPARAM lParam) {
-    if (nMessage == WM_ENTERIDLE && wParam == MSGF_DIALOGBOX) {
+    if (nMessage == WM_ENTERIDLE && wParam == MSGF_DIALOGBOX && !HIWORD(GetQueueStatus(QS_PAINT))) {
         g_idle = Clock::now();
         PostMessageW(reinterpret_cast<HWND>(lParam), WM_COMMAND, IDCANCEL, 0);
     }
@@ -79,6 +80,8 @@ void FillVariationDialog(HWND hDialog) {
 void FillList(HWND hList, int nColumns, int nTexts, int nRows) {
     wchar_t szText[] = L"100.0";
     SendMessageW(hList, WM_SETREDRAW, FALSE, 0);
+    ListView_SetExtendedListViewStyle(hList, LVS_EX_GRIDLINES | LVS_EX_HEADERDRAGDROP | LVS_EX_FULLROWSELECT |
+                                                 LVS_EX_ONECLICKACTIVATE | LVS_EX_INFOTIP);
     for (int nCol = 0; nCol < nColumns; ++nCol) {
         LVCOLUMNW column{};
         column.mask = LVCF_WIDTH | LVCF_TEXT;
