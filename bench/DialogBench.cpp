@@ -1,7 +1,6 @@
 // Opening a rule's dialog, from the call to the first idle moment, against a bare Win32 dialog with the same
 // template and contents.
 
-#include "CastSizeAndWeightBand.h"
 #include "CrashReport.h"
 #include "LibraryPtr.h"
 #include "LocationHelper.h"
@@ -15,13 +14,13 @@
 #include <benchmark/benchmark.h>
 
 #include <chrono>
+#include <string>
+#include <vector>
 
 namespace {
 
 CWinApp theApp(L"dialog_bench");
 
-constexpr int kGroups = 50, kBands = 200;
-constexpr int kEmptyRows = 200;  // that the dialog adds to its lists
 using Clock = std::chrono::steady_clock;
 Clock::time_point g_idle;
 
@@ -56,70 +55,89 @@ void TimeToIdle(benchmark::State& state, Open&& open) {
     DestroyWindow(hOwner);
 }
 
-HINSTANCE ResourceLibrary() {
-    static const LibraryPtr library(
-        LoadLibraryW(CLocationHelper::GetDefaultResPath() + L"\\MFXSandCastingRulesResu.dll"));
-    return library.get();
+// What a bare dialog shows, and how it is filled.
+struct BareDialog {
+    HINSTANCE hLibrary;
+    UINT nTemplate;
+    void (*fill)(HWND hDialog, HINSTANCE hLibrary);
+};
+
+std::wstring LoadText(HINSTANCE hLibrary, UINT nText) {
+    wchar_t szText[100] = L"";
+    LoadStringW(hLibrary, nText, szText, 100);
+    return szText;
 }
 
-void FillLengthUnits(HWND hCombo) {
-    for (UINT nLabel = IDS_UNIT_MILLIMETRE; nLabel <= IDS_UNIT_FOOT; ++nLabel) {
-        wchar_t szLabel[20] = L"";
-        LoadStringW(ResourceLibrary(), nLabel, szLabel, 20);
-        SendMessageW(hCombo, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(szLabel));
-    }
+void FillUnits(HWND hCombo, HINSTANCE hLibrary) {
+    for (UINT nLabel = IDS_UNIT_MILLIMETRE; nLabel <= IDS_UNIT_FOOT; ++nLabel)
+        SendMessageW(hCombo, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(LoadText(hLibrary, nLabel).c_str()));
     SendMessageW(hCombo, CB_SETCURSEL, 0, 0);
 }
 
-void FillVariationDialog(HWND hDialog) {
-    FillLengthUnits(GetDlgItem(hDialog, IDC_VARIATION_LENGTH_UNIT));
+void FillVariation(HWND hDialog, HINSTANCE hLibrary) {
+    FillUnits(GetDlgItem(hDialog, IDC_VARIATION_LENGTH_UNIT), hLibrary);
     SetDlgItemTextW(hDialog, IDC_VARIATION_VALUE, L"25.0");
 }
 
-// A list with texts in all cells of its first rows.
-void FillList(HWND hList, int nColumns, int nTexts, int nRows) {
-    wchar_t szText[] = L"100.0";
-    SendMessageW(hList, WM_SETREDRAW, FALSE, 0);
-    ListView_SetExtendedListViewStyle(hList, LVS_EX_GRIDLINES | LVS_EX_HEADERDRAGDROP | LVS_EX_FULLROWSELECT |
-                                                 LVS_EX_ONECLICKACTIVATE | LVS_EX_INFOTIP);
-    for (int nCol = 0; nCol < nColumns; ++nCol) {
+void AddColumns(HWND hGrid, HINSTANCE hLibrary, const std::vector<std::pair<UINT, int>>& columns) {
+    int nCol = 0;
+    for (const auto& [nHeading, nWidth] : columns) {
+        std::wstring heading = LoadText(hLibrary, nHeading);
         LVCOLUMNW column{};
-        column.mask = LVCF_WIDTH | LVCF_TEXT;
-        column.cx = 90;
-        column.pszText = szText;
-        ListView_InsertColumn(hList, nCol, &column);
+        column.mask = LVCF_TEXT | LVCF_WIDTH | LVCF_FMT;
+        column.fmt = LVCFMT_CENTER;
+        column.cx = nWidth;
+        column.pszText = heading.data();
+        ListView_InsertColumn(hGrid, nCol++, &column);
     }
+}
+
+void AddRows(HWND hGrid, int nRows, int nFilledRows, int nCols) {
+    SendMessageW(hGrid, WM_SETREDRAW, FALSE, 0);
+    wchar_t szText[] = L"25.4";
     for (int nRow = 0; nRow < nRows; ++nRow) {
         LVITEMW item{};
-        item.mask = LVIF_TEXT;
         item.iItem = nRow;
-        item.pszText = szText;
-        ListView_InsertItem(hList, &item);
-        for (int nCol = 1; nRow < nTexts && nCol < nColumns; ++nCol)
-            ListView_SetItemText(hList, nRow, nCol, szText);
+        ListView_InsertItem(hGrid, &item);
+        for (int nCol = 1; nRow < nFilledRows && nCol < nCols; ++nCol)
+            ListView_SetItemText(hGrid, nRow, nCol, szText);
     }
-    SendMessageW(hList, WM_SETREDRAW, TRUE, 0);
+    SendMessageW(hGrid, WM_SETREDRAW, TRUE, 0);
 }
 
-void FillSizeAndWeightDialog(HWND hDialog) {
-    FillLengthUnits(GetDlgItem(hDialog, IDC_SIZE_WEIGHT_LENGTH_UNIT));
-    FillLengthUnits(GetDlgItem(hDialog, IDC_SIZE_WEIGHT_MASS_UNIT));  // as many
-    FillList(GetDlgItem(hDialog, IDC_SIZE_WEIGHT_GROUPS), 1, kGroups, kGroups + kEmptyRows);
-    FillList(GetDlgItem(hDialog, IDC_SIZE_WEIGHT_BANDS), 1 + BandCell::Count, kBands, kBands + kEmptyRows);
+void FillDraftAngles(HWND hDialog, HINSTANCE hLibrary) {
+    FillUnits(GetDlgItem(hDialog, IDC_DRAFT_LENGTH_UNIT), hLibrary);
+    AddColumns(GetDlgItem(hDialog, IDC_DRAFT_LEGEND), hLibrary,
+               {{0, 12}, {IDS_DRAFT_SIZES, 120}, {IDS_DRAFT_ANGLES, 375}});
+    const HWND hBands = GetDlgItem(hDialog, IDC_DRAFT_BANDS);
+    AddColumns(hBands, hLibrary,
+               {{0, 12},
+                {IDS_DRAFT_LOWER_BOUND, 60},
+                {IDS_DRAFT_UPPER_BOUND, 60},
+                {IDS_DRAFT_FIRST_ANGLE, 134},
+                {IDS_DRAFT_SECOND_ANGLE, 130},
+                {IDS_DRAFT_THIRD_ANGLE, 111}});
+    AddRows(hBands, 200, 4, 6);
 }
 
-template <void (*fill)(HWND)>
-INT_PTR CALLBACK BareProcedure(HWND hDialog, UINT nMessage, WPARAM wParam, LPARAM) {
-    if (nMessage == WM_INITDIALOG) fill(hDialog);
-    if (nMessage == WM_COMMAND && LOWORD(wParam) == IDCANCEL) EndDialog(hDialog, IDCANCEL);
-    return nMessage == WM_INITDIALOG;
-}
+constexpr int kGroups = 50, kBandsOfGroup = 200;
+constexpr int kEmptyRows = 200;  // that the dialog adds to each list
 
-template <UINT nTemplate, void (*fill)(HWND)>
-void OpenBareDialog(benchmark::State& state) {
-    TimeToIdle(state, [](HWND hOwner) {
-        DialogBoxParamW(ResourceLibrary(), MAKEINTRESOURCEW(nTemplate), hOwner, BareProcedure<fill>, 0);
-    });
+void FillSizeAndWeight(HWND hDialog, HINSTANCE hLibrary) {
+    FillUnits(GetDlgItem(hDialog, IDC_SIZE_WEIGHT_LENGTH_UNIT), hLibrary);
+    FillUnits(GetDlgItem(hDialog, IDC_SIZE_WEIGHT_MASS_UNIT), hLibrary);  // as many
+    const HWND hGroups = GetDlgItem(hDialog, IDC_SIZE_WEIGHT_GROUPS);
+    AddColumns(hGroups, hLibrary, {{IDS_SIZE_WEIGHT_GROUPS, 190}});
+    AddRows(hGroups, kGroups + kEmptyRows, kGroups, 1);
+    const HWND hBands = GetDlgItem(hDialog, IDC_SIZE_WEIGHT_BANDS);
+    AddColumns(hBands, hLibrary,
+               {{0, 12},
+                {IDS_SIZE_WEIGHT_SIZE_FROM, 90},
+                {IDS_SIZE_WEIGHT_SIZE_TO, 90},
+                {IDS_SIZE_WEIGHT_WEIGHT_FROM, 90},
+                {IDS_SIZE_WEIGHT_WEIGHT_TO, 90},
+                {IDS_SIZE_WEIGHT_THICKNESS_HEADING, 90}});
+    AddRows(hBands, kBandsOfGroup + kEmptyRows, kBandsOfGroup, 6);
 }
 
 void AddGroups(CMfxRule& rule) {
@@ -127,18 +145,35 @@ void AddGroups(CMfxRule& rule) {
         CString strName;
         strName.Format(L"Group %d", nGroup);
         CMFXConstraint* const pGroup = rule.CreateConstraintObject(ConstraintByMaterial, strName, true);
-        for (std::size_t cell = 0; cell < BandCell::Count; ++cell) {
-            CMfxParamStorage* const pList = rule.CreateParamStorageObject(
-                TypeDouble, kBandParameterIds[cell], OperatorAtMost, ParamLimit, true, false);
-            for (int nBand = 0; nBand < kBands; ++nBand)
-                pList->GetValues<double>().Add(100.0 + nBand + static_cast<int>(cell) % 2);
+        for (const long nParamId : kBandParameterIds) {
+            CMfxParamStorage* const pList =
+                rule.CreateParamStorageObject(TypeDouble, nParamId, OperatorAtMost, ParamLimit, true, false);
+            for (int nBand = 0; nBand < kBandsOfGroup; ++nBand) pList->GetValues<double>().Add(100.5 + nBand);
             pGroup->AddParameter(pList);
         }
     }
 }
 
-template <int nRuleId>
-void OpenRuleDialog(benchmark::State& state) {
+INT_PTR CALLBACK BareProcedure(HWND hDialog, UINT nMessage, WPARAM wParam, LPARAM pDialog) {
+    if (nMessage == WM_INITDIALOG) {
+        const auto& dialog = *reinterpret_cast<const BareDialog*>(pDialog);
+        dialog.fill(hDialog, dialog.hLibrary);
+        return TRUE;
+    }
+    if (nMessage == WM_COMMAND && LOWORD(wParam) == IDCANCEL) EndDialog(hDialog, IDCANCEL);
+    return FALSE;
+}
+
+void OpenBareDialog(benchmark::State& state, BareDialog dialog) {
+    dialog.hLibrary = LoadLibraryW(CLocationHelper::GetDefaultResPath() + L"\\MFXSandCastingRulesResu.dll");
+    TimeToIdle(state, [&](HWND hOwner) {
+        DialogBoxParamW(dialog.hLibrary, MAKEINTRESOURCEW(dialog.nTemplate), hOwner, BareProcedure,
+                        reinterpret_cast<LPARAM>(&dialog));
+    });
+    FreeLibrary(dialog.hLibrary);
+}
+
+void OpenRuleDialog(benchmark::State& state, int nRuleId) {
     const LibraryPtr database(LoadLibraryW(L"MFXDatabaseu.dll"));
     if (!database) return state.SkipWithError("MFXDatabaseu.dll is missing");
     mfx_db::MFXDataHelper::getInstance().SetCollector(nullptr);  // the user's database is not opened
@@ -150,8 +185,14 @@ void OpenRuleDialog(benchmark::State& state) {
     }
 }
 
-void Register(const char* name, void (*function)(benchmark::State&)) {
-    benchmark::RegisterBenchmark(name, function)->UseManualTime()->Unit(benchmark::kMicrosecond);
+void Register(const std::string& name, int nRuleId, const BareDialog& dialog) {
+    const auto add = [&](const std::string& variant, auto function, auto argument) {
+        benchmark::RegisterBenchmark((name + variant).c_str(), function, argument)
+            ->UseManualTime()
+            ->Unit(benchmark::kMicrosecond);
+    };
+    add("/reference", OpenBareDialog, dialog);
+    add("/subject", OpenRuleDialog, nRuleId);
 }
 
 }  // namespace
@@ -159,10 +200,9 @@ void Register(const char* name, void (*function)(benchmark::State&)) {
 int wmain(int argc, wchar_t** argv) {
     InstallCrashReport();
     AfxWinInit(GetModuleHandleW(nullptr), nullptr, GetCommandLineW(), 0);
-    Register("open dialog/reference", OpenBareDialog<IDD_VARIATION, FillVariationDialog>);
-    Register("open dialog/subject", OpenRuleDialog<kVariationRuleId>);
-    Register("open 50 groups of 200 bands/reference",
-             OpenBareDialog<IDD_SIZE_WEIGHT, FillSizeAndWeightDialog>);
-    Register("open 50 groups of 200 bands/subject", OpenRuleDialog<kSizeAndWeightRuleId>);
+    Register("variation", kVariationRuleId, {nullptr, IDD_VARIATION, FillVariation});
+    Register("draft-angle", kDraftAngleRuleId, {nullptr, IDD_DRAFT, FillDraftAngles});
+    Register("size-and-weight, 50 groups", kSizeAndWeightRuleId,
+             {nullptr, IDD_SIZE_WEIGHT, FillSizeAndWeight});
     return RunWithRatios(argc, argv);
 }

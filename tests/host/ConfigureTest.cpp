@@ -12,13 +12,13 @@ class ConfigureTest : public HostTest {
   protected:
     ConfigureTest() { m_folder.Write(L"r.xml", m_folder.Read(Wide(MFX_SAMPLES "all-rules.xml"))); }
 
-    void Configure(const Arguments& more, void (*act)(HWND), const TextMatcher& out) {
-        Arguments arguments{L"configure", L"r.xml", L"--rule", L"19030", L"--lang", L"english"};
+    void Configure(const Arguments& more, void (*act)(HWND), const TextMatcher& out,
+                   const std::wstring& ruleId = L"19030", LPCWSTR pszCaption = L"Wall Thickness Variation") {
+        Arguments arguments{L"configure", L"r.xml", L"--rule", ruleId, L"--lang", L"english"};
         arguments.insert(arguments.end(), more.begin(), more.end());
-        const std::jthread user([act] {
+        const std::jthread user([act, pszCaption] {
             HWND hDialog = nullptr;
-            for (int i = 0; i < 500 && !(hDialog = FindWindowW(L"#32770", L"Wall Thickness Variation")); ++i)
-                Sleep(20);
+            for (int i = 0; i < 500 && !(hDialog = FindWindowW(L"#32770", pszCaption)); ++i) Sleep(20);
             ASSERT_TRUE(hDialog);
             for (int i = 0; i < 500 && !IsWindowVisible(hDialog); ++i) Sleep(20);
             act(hDialog);
@@ -49,6 +49,19 @@ TEST_F(ConfigureTest, SavesWhatWasChangedAndNothingElse) {
     EXPECT_EQ(m_folder.Read(L"r.xml"), after) << "the document stays in its units";
     EXPECT_EQ(m_folder.Read(L"out.xml"), after);
     Run({L"show", L"r.xml", L"--lang", L"english"}, 0, HasSubstr("Allowed variation  yes     7\n"), "");
+}
+
+TEST_F(ConfigureTest, SavesATable) {
+    m_folder.Write(L"r.xml", m_folder.Read(Wide(MFX_SAMPLES "draft-angle.xml")));
+    Run({L"show", L"r.xml", L"--lang", L"english"}, 0, ContainsRegex("\n +101 +203 +\\.75 +1 +1\n"), "");
+    const auto chooseCentimetres = [](HWND hDialog) {
+        SendDlgItemMessageW(hDialog, IDC_DRAFT_LENGTH_UNIT, CB_SETCURSEL, 1, 0);
+        PostMessageW(hDialog, WM_COMMAND, IDOK, 0);
+    };
+    Configure({}, chooseCentimetres, "r.xml: Variable Draft Angle changed\n", L"19040",
+              L"Variable Draft Angle");
+    Run({L"show", L"r.xml", L"--lang", L"english"}, 0,
+        ContainsRegex("\n +1010.0 +2030.0 +0\\.75 +1.0 +1.0\n"), "");
 }
 
 TEST_F(ConfigureTest, WritesNothingWhenNothingChanged) {
