@@ -4,9 +4,6 @@
 
 #include <afxcmn.h>
 #include <gtest/gtest.h>
-#include <windowsx.h>
-
-#include <vector>
 
 // A grid of an open dialog, as its user sees it and clicks into it. Rows and columns count from 0.
 class GridUser {
@@ -46,16 +43,8 @@ class GridUser {
                             reinterpret_cast<LPARAM>(pszChoice));
         m_user.Press(VK_RETURN);
     }
-    // Of the drop-down list.
-    std::vector<CString> Choices() const {
-        const HWND hCombo = GetDlgItem(m_hGrid, kComboId);
-        std::vector<CString> choices;
-        for (int i = 0; i < ComboBox_GetCount(hCombo); ++i) {
-            wchar_t szText[300] = L"";
-            ComboBox_GetLBText(hCombo, i, szText);
-            choices.push_back(szText);
-        }
-        return choices;
+    int ChoiceCount() const {
+        return static_cast<int>(SendDlgItemMessageW(m_hGrid, kComboId, CB_GETCOUNT, 0, 0));
     }
     int SelectedRow() const { return ListView_GetNextItem(m_hGrid, -1, LVNI_SELECTED); }
     int RowCount() const { return ListView_GetItemCount(m_hGrid); }
