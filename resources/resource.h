@@ -120,11 +120,11 @@
 #define IDS_SIZE_WEIGHT_THICKNESS_HEADING 10156
 #define IDS_SIZE_WEIGHT_MASS_CAPTION 29131 /* text that goes before, mass unit */
 #define IDS_SIZE_WEIGHT_NO_GROUP 29128
-#define IDS_SIZE_WEIGHT_GROUP_EXISTS 10134          /* group */
-#define IDS_SIZE_WEIGHT_EMPTY_GROUPS 10149          /* groups, each on a line of its own */
+#define IDS_SIZE_WEIGHT_GROUP_EXISTS 10134 /* group */
+#define IDS_SIZE_WEIGHT_EMPTY_GROUPS 10149 /* groups, each on a line of its own */
 #define IDS_SIZE_WEIGHT_NO_BANDS 10137
-#define IDS_SIZE_WEIGHT_MISSING_OR_ZERO 29137       /* row */
-#define IDS_SIZE_WEIGHT_INCOMPLETE 10144            /* what, row */
+#define IDS_SIZE_WEIGHT_MISSING_OR_ZERO 29137 /* row */
+#define IDS_SIZE_WEIGHT_INCOMPLETE 10144      /* what, row */
 #define IDS_SIZE_WEIGHT_CAST_SIZE 29124
 #define IDS_SIZE_WEIGHT_CAST_WEIGHT 29125
 #define IDS_SIZE_WEIGHT_CAST_SIZE_AND_WEIGHT 29126

@@ -159,7 +159,11 @@ TEST_F(WTBasedOnSizeAndWeightDlgTest, EditsGroupsAndBands) {
 }
 
 TEST_F(WTBasedOnSizeAndWeightDlgTest, RefusesBandsAndShowsWhere) {
+    const CString strRow = L"Row 3: the upper ", strLarger = L" must be larger than the lower one.";
     const CString strMissing = L" is left out, or has a zero where a value is needed.";
+    const CString strSizes = L"The lower size must be 20.0 mm, where the sizes before end. See row 3.";
+    const CString strWeights = L"The lower weight must be 3.0 kg, where the weights before end. See row 3.";
+    const CString strEnter = L"Enter the complete ", strInRow = L" in row 3.";
     const struct {
         int nRow;  // the row that is written, from 0
         Texts texts;
@@ -167,38 +171,18 @@ TEST_F(WTBasedOnSizeAndWeightDlgTest, RefusesBandsAndShowsWhere) {
         int nFaultRow, nFaultCol;
         bool bAtOnce = false;  // shown after the edit, too
     } kCases[] = {
-        {2,
-         {L"20", L"20", L"3", L"4", L"5"},
-         L"Row 3: the upper size must be larger than the lower one.",
-         2,
-         2,
-         true},
+        {2, {L"20", L"20", L"3", L"4", L"5"}, strRow + L"size" + strLarger, 2, 2, true},
         {2, {L"20", L"30", L"0", L"4", L"5"}, L"Row 3" + strMissing, 2, 3},
         {3, {L"20", L"30", L"3", L"4", L"5"}, L"Row 3" + strMissing, 2, 1},
         {1, {L"10", L"0", L"2", L"3", L"0"}, L"Row 2" + strMissing, 1, 5},
         {0, {L"0", L"0", L"1", L"2", L"3"}, L"Row 1" + strMissing, 0, 2},
-        {2,
-         {L"20.00001", L"30", L"3", L"4", L"5"},
-         L"The lower size must be 20.0 mm, where the sizes before end. See row 3.",
-         2,
-         1,
-         true},
-        {2,
-         {L"20", L"30", L"4", L"3", L"5"},
-         L"Row 3: the upper weight must be larger than the lower one.",
-         2,
-         4,
-         true},
-        {2,
-         {L"20", L"30", L"3.1", L"4", L"5"},
-         L"The lower weight must be 3.0 kg, where the weights before end. See row 3.",
-         2,
-         3,
-         true},
-        {2, {L"20", L"", L"3", L"4", L"5"}, L"Enter the complete cast size in row 3.", 2, 2},
-        {2, {L"20", L"30", L"", L"4", L"5"}, L"Enter the complete cast weight in row 3.", 2, 3},
-        {2, {L"20", L"", L"3", L"", L"5"}, L"Enter the complete cast size and weight in row 3.", 2, 2},
-        {2, {L"20", L"30", L"3", L"4", L""}, L"Enter the complete thickness in row 3.", 2, 5},
+        {2, {L"20.00001", L"30", L"3", L"4", L"5"}, strSizes, 2, 1, true},
+        {2, {L"20", L"30", L"4", L"3", L"5"}, strRow + L"weight" + strLarger, 2, 4, true},
+        {2, {L"20", L"30", L"3.1", L"4", L"5"}, strWeights, 2, 3, true},
+        {2, {L"20", L"", L"3", L"4", L"5"}, strEnter + L"cast size" + strInRow, 2, 2},
+        {2, {L"20", L"30", L"", L"4", L"5"}, strEnter + L"cast weight" + strInRow, 2, 3},
+        {2, {L"20", L"", L"3", L"", L"5"}, strEnter + L"cast size and weight" + strInRow, 2, 2},
+        {2, {L"20", L"30", L"3", L"4", L""}, strEnter + L"thickness" + strInRow, 2, 5},
         {2, {L"20.0000005", L"0", L"3", L"4", L"5"}, L"", 0, 0},
     };
     for (const auto& test : kCases) {
