@@ -2,7 +2,9 @@
 // template and contents.
 
 #include "CrashReport.h"
+#include "LibraryPtr.h"
 #include "LocationHelper.h"
+#include "MFXDataHelper.h"
 #include "RatioReport.h"
 #include "RuleModule.h"
 #include "RuleParameters.h"
@@ -22,9 +24,10 @@ CWinApp theApp(L"dialog_bench");
 using Clock = std::chrono::steady_clock;
 Clock::time_point g_idle;
 
-// A modal dialog tells its owner when it has nothing more to do.
+// A modal dialog tells its owner when it has nothing more to do. A bare one also tells it right after it has
+// shown itself, before it is painted.
 LRESULT CALLBACK OwnerProcedure(HWND hWindow, UINT nMessage, WPARAM wParam, LPARAM lParam) {
-    if (nMessage == WM_ENTERIDLE && wParam == MSGF_DIALOGBOX) {
+    if (nMessage == WM_ENTERIDLE && wParam == MSGF_DIALOGBOX && !HIWORD(GetQueueStatus(QS_PAINT))) {
         g_idle = Clock::now();
         PostMessageW(reinterpret_cast<HWND>(lParam), WM_COMMAND, IDCANCEL, 0);
     }
@@ -117,6 +120,40 @@ void FillDraftAngles(HWND hDialog, HINSTANCE hLibrary) {
     AddRows(hBands, 200, 4, 6);
 }
 
+constexpr int kGroups = 50, kBandsOfGroup = 200;
+constexpr int kEmptyRows = 200;  // that the dialog adds to each list
+
+void FillSizeAndWeight(HWND hDialog, HINSTANCE hLibrary) {
+    FillUnits(GetDlgItem(hDialog, IDC_SIZE_WEIGHT_LENGTH_UNIT), hLibrary);
+    FillUnits(GetDlgItem(hDialog, IDC_SIZE_WEIGHT_MASS_UNIT), hLibrary);  // as many
+    const HWND hGroups = GetDlgItem(hDialog, IDC_SIZE_WEIGHT_GROUPS);
+    AddColumns(hGroups, hLibrary, {{IDS_SIZE_WEIGHT_GROUPS, 190}});
+    AddRows(hGroups, kGroups + kEmptyRows, kGroups, 1);
+    const HWND hBands = GetDlgItem(hDialog, IDC_SIZE_WEIGHT_BANDS);
+    AddColumns(hBands, hLibrary,
+               {{0, 12},
+                {IDS_SIZE_WEIGHT_SIZE_FROM, 90},
+                {IDS_SIZE_WEIGHT_SIZE_TO, 90},
+                {IDS_SIZE_WEIGHT_WEIGHT_FROM, 90},
+                {IDS_SIZE_WEIGHT_WEIGHT_TO, 90},
+                {IDS_SIZE_WEIGHT_THICKNESS_HEADING, 90}});
+    AddRows(hBands, kBandsOfGroup + kEmptyRows, kBandsOfGroup, 6);
+}
+
+void AddGroups(CMfxRule& rule) {
+    for (int nGroup = 0; nGroup < kGroups; ++nGroup) {
+        CString strName;
+        strName.Format(L"Group %d", nGroup);
+        CMFXConstraint* const pGroup = rule.CreateConstraintObject(ConstraintByMaterial, strName, true);
+        for (const long nParamId : kBandParameterIds) {
+            CMfxParamStorage* const pList =
+                rule.CreateParamStorageObject(TypeDouble, nParamId, OperatorAtMost, ParamLimit, true, false);
+            for (int nBand = 0; nBand < kBandsOfGroup; ++nBand) pList->GetValues<double>().Add(100.5 + nBand);
+            pGroup->AddParameter(pList);
+        }
+    }
+}
+
 INT_PTR CALLBACK BareProcedure(HWND hDialog, UINT nMessage, WPARAM wParam, LPARAM pDialog) {
     if (nMessage == WM_INITDIALOG) {
         const auto& dialog = *reinterpret_cast<const BareDialog*>(pDialog);
@@ -137,9 +174,15 @@ void OpenBareDialog(benchmark::State& state, BareDialog dialog) {
 }
 
 void OpenRuleDialog(benchmark::State& state, int nRuleId) {
+    const LibraryPtr database(LoadLibraryW(L"MFXDatabaseu.dll"));
+    if (!database) return state.SkipWithError("MFXDatabaseu.dll is missing");
+    mfx_db::MFXDataHelper::getInstance().SetCollector(nullptr);  // the user's database is not opened
     const RuleModule module;
-    for (const RulePtr& pRule : module.CreateAllRules())
-        if (pRule->GetRuleId() == nRuleId) TimeToIdle(state, [&](HWND) { pRule->ConfigureRuleDialog(); });
+    for (const RulePtr& pRule : module.CreateAllRules()) {
+        if (pRule->GetRuleId() != nRuleId) continue;
+        if (nRuleId == kSizeAndWeightRuleId) AddGroups(*pRule);
+        TimeToIdle(state, [&](HWND) { pRule->ConfigureRuleDialog(); });
+    }
 }
 
 void Register(const std::string& name, int nRuleId, const BareDialog& dialog) {
@@ -159,5 +202,7 @@ int wmain(int argc, wchar_t** argv) {
     AfxWinInit(GetModuleHandleW(nullptr), nullptr, GetCommandLineW(), 0);
     Register("variation", kVariationRuleId, {nullptr, IDD_VARIATION, FillVariation});
     Register("draft-angle", kDraftAngleRuleId, {nullptr, IDD_DRAFT, FillDraftAngles});
+    Register("size-and-weight, 50 groups", kSizeAndWeightRuleId,
+             {nullptr, IDD_SIZE_WEIGHT, FillSizeAndWeight});
     return RunWithRatios(argc, argv);
 }

@@ -11,11 +11,12 @@
 
 namespace {
 
-// A child element with what it is recognised by among its siblings: its tag, and the id of a parameter or the
-// position among those of its tag.
+// A child element with what it is recognised by among its siblings: its tag and, of a constraint, its name;
+// and the id of a parameter or the position among those of the same tag and name.
 struct Child {
     MfxXMLNode element;
     CString tag;
+    CString tagAndName;
     std::int32_t key;
 };
 
@@ -24,7 +25,10 @@ std::vector<Child> ChildrenOf(const MfxXMLNode& parent) {
     std::map<CString, std::int32_t> positions;
     parent.ForEachChild(CString(), [&](const MfxXMLNode& element) {
         const CString tag = element.GetNodeName();
-        children.push_back({element, tag, tag == kParameterTag ? ParameterIdOf(element) : positions[tag]++});
+        CString tagAndName = tag;
+        if (tag == kConstraintTag) tagAndName += L" " + element.GetAttribute(kConstraintNameAttribute);
+        const std::int32_t key = tag == kParameterTag ? ParameterIdOf(element) : positions[tagAndName]++;
+        children.push_back({element, tag, tagAndName, key});
     });
     return children;
 }
@@ -33,14 +37,14 @@ std::vector<Child> ChildrenOf(const MfxXMLNode& parent) {
 class ChildIndex {
   public:
     explicit ChildIndex(const std::vector<Child>& children) {
-        for (const Child& child : children) m_children[child.tag].emplace(child.key, &child);
+        for (const Child& child : children) m_children[child.tagAndName].emplace(child.key, &child);
     }
-    const Child* FindCounterpart(const Child& child) const { return Find(child.tag, child.key); }
+    const Child* FindCounterpart(const Child& child) const { return Find(child.tagAndName, child.key); }
     bool HasParameter(std::int32_t paramId) const { return Find(kParameterTag, paramId) != nullptr; }
 
   private:
-    const Child* Find(const CString& tag, std::int32_t key) const {
-        const auto sameTag = m_children.find(tag);
+    const Child* Find(const CString& tagAndName, std::int32_t key) const {
+        const auto sameTag = m_children.find(tagAndName);
         if (sameTag == m_children.end()) return nullptr;
         const auto found = sameTag->second.find(key);
         return found != sameTag->second.end() ? found->second : nullptr;
@@ -62,21 +66,23 @@ bool IsReplacedLegacyTable(const Child& child, const ChildIndex& written) {
            written.HasParameter(kThicknessMinId);
 }
 
-// A constraint's status is the record's own, and the rule writes -1 for a number that was missing.
-bool IsKeptAsItWas(const MfxXMLNode& old, const CString& name, const CString& value) {
+// The rule writes -1 for a number that was missing.
+bool IsKeptAsItWas(const MfxXMLNode& old, const CString& name, const CString& value,
+                   ConstraintStatus status) {
     CString oldValue;
     const bool isThere = old.GetAttributeValue(name, oldValue);
-    if (old.GetNodeName() == kConstraintTag && name == kStatusAttribute) return isThere;
+    if (old.GetNodeName() == kConstraintTag && name == kStatusAttribute)
+        return isThere && status == ConstraintStatus::OfRecord;
     return !isThere && value == L"-1";
 }
 
-void UpdateAttributes(MfxXMLNode& old, const MfxXMLNode& updated) {
+void UpdateAttributes(MfxXMLNode& old, const MfxXMLNode& updated, ConstraintStatus status) {
     if (updated.GetNodeName() == kValueTag)
         for (const CString& name : old.GetAttributeNames())
             if (IsCellAttribute(name)) old.RemoveAttribute(name);
     for (const CString& name : updated.GetAttributeNames()) {
         const CString value = updated.GetAttribute(name);
-        if (!IsKeptAsItWas(old, name, value)) old.AddAttribute(name, value);
+        if (!IsKeptAsItWas(old, name, value, status)) old.AddAttribute(name, value);
     }
 }
 
@@ -84,18 +90,20 @@ void UpdateText(MfxXMLNode& old, const MfxXMLNode& updated) {
     if (old.GetNodeValue() != updated.GetNodeValue()) old.SetNodeValue(updated.GetNodeValue());
 }
 
-// Updates each element that is there and inserts each new one behind the one before it.
-void UpdateChildren(MfxXMLNode& old, const ChildIndex& oldIndex, std::vector<Child>& newChildren) {
+// Updates each element that is there and inserts each new one behind the one before it. Constraints get the
+// rule's order.
+void UpdateChildren(MfxXMLNode& old, const ChildIndex& oldIndex, std::vector<Child>& newChildren,
+                    ConstraintStatus status) {
     const MfxXMLNode* last = nullptr;
+    const Child* furthest = nullptr;  // of the old children that were met
     for (Child& child : newChildren) {
-        if (const Child* counterpart = oldIndex.FindCounterpart(child)) {
-            MfxXMLNode element = counterpart->element;
-            UpdateRecord(element, child.element);
-            last = &counterpart->element;
-        } else {
-            old.InsertAfter(&child.element, last);
-            last = &child.element;
-        }
+        const Child* counterpart = oldIndex.FindCounterpart(child);
+        MfxXMLNode element = counterpart ? counterpart->element : child.element;
+        if (counterpart) UpdateRecord(element, child.element, status);
+        if (!counterpart || (child.tag == kConstraintTag && counterpart < furthest))
+            old.InsertAfter(&element, last);
+        furthest = std::max(furthest, counterpart);
+        last = counterpart ? &counterpart->element : &child.element;
     }
 }
 
@@ -109,12 +117,12 @@ void RemoveDropped(MfxXMLNode& old, const std::vector<Child>& oldChildren, const
 
 }  // namespace
 
-void UpdateRecord(MfxXMLNode& old, MfxXMLNode& updated) {
+void UpdateRecord(MfxXMLNode& old, MfxXMLNode& updated, ConstraintStatus status) {
     const std::vector<Child> oldChildren = ChildrenOf(old);
     std::vector<Child> newChildren = ChildrenOf(updated);
     const ChildIndex oldIndex(oldChildren), newIndex(newChildren);
-    UpdateAttributes(old, updated);
+    UpdateAttributes(old, updated, status);
     if (newChildren.empty()) UpdateText(old, updated);
-    UpdateChildren(old, oldIndex, newChildren);
+    UpdateChildren(old, oldIndex, newChildren, status);
     RemoveDropped(old, oldChildren, newIndex);
 }

@@ -3,7 +3,6 @@
 #include "DocumentError.h"
 #include "ParameterXml.h"
 #include "RecordNames.h"
-#include "RecordUpdate.h"
 #include "Text.h"
 #include "Units.h"
 #include "XmlNumber.h"
@@ -43,6 +42,12 @@ MfxXMLNode ChildOrSelf(const MfxXMLNode& element, const CString& tag, int index)
     auto child = element.FindChild(tag);
     for (int i = 0; child && i < index; ++i) child = child->FindNext(tag);
     return child && index >= 0 ? *child : element;
+}
+
+std::vector<bool> StatusOfConstraints(const CMfxRule& rule) {
+    std::vector<bool> status;
+    for (const CMFXConstraint* constraint : rule.m_constraintArray) status.push_back(constraint->m_bActive);
+    return status;
 }
 
 void WriteUnits(MfxXMLNode& root, const UnitPair& units) {
@@ -184,8 +189,8 @@ void RuleDocument::Append(RulePtr rule) {
     Add(std::move(entry));
 }
 
-void RuleDocument::UpdateRecordOf(const Entry& entry) const {
-    UpdateRecord(*entry.record, *WriteRecord(*entry.rule));
+void RuleDocument::UpdateRecordOf(const Entry& entry, ConstraintStatus status) const {
+    UpdateRecord(*entry.record, *WriteRecord(*entry.rule), status);
 }
 
 void RuleDocument::ConvertUnits(const UnitPair& units) {
@@ -196,7 +201,7 @@ void RuleDocument::ConvertUnits(const UnitPair& units) {
     for (Entry& entry : m_entries) {
         if (!entry.rule) continue;
         entry.rule->ConvertUnits(from, units);
-        UpdateRecordOf(entry);
+        UpdateRecordOf(entry, ConstraintStatus::OfRecord);
         entry.rule = MakeRule(*entry.record);
     }
 }
@@ -204,12 +209,15 @@ void RuleDocument::ConvertUnits(const UnitPair& units) {
 bool RuleDocument::ConfigureRule(const Entry& entry) {
     const WritingScope writing(m_module, *m_pXml);
     CMfxRule& rule = *entry.rule;
-    UpdateRecordOf(entry);
+    UpdateRecordOf(entry, ConstraintStatus::OfRecord);
     const std::string before = ToUtf8();
+    const std::vector<bool> statusBefore = StatusOfConstraints(rule);
     rule.ConfigureRuleDialog();
     const UnitPair chosen{rule.m_nLengthUnit, rule.m_nAngleUnit};
     if (!(chosen == m_units)) rule.ConvertUnits(chosen, m_units);
-    UpdateRecordOf(entry);
+    UpdateRecordOf(entry, ConstraintStatus::OfRecord);
+    if (ToUtf8() == before && StatusOfConstraints(rule) == statusBefore) return false;
+    UpdateRecordOf(entry, ConstraintStatus::OfRule);  // the dialog has set it
     return ToUtf8() != before;
 }
 

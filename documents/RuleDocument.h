@@ -4,6 +4,7 @@
 #include "MfxTypes.h"
 #include "MfxXMLDocument.h"
 #include "RecordLocation.h"
+#include "RecordUpdate.h"
 #include "RuleModule.h"
 
 #include <functional>
@@ -97,7 +98,7 @@ class RuleDocument {
     void ReadRules(const MfxXMLNode& root, const ReadingProgress& progress);
     void Add(Entry entry);
     RulePtr MakeRule(MfxXMLNode& record) const;
-    void UpdateRecordOf(const Entry& entry) const;
+    void UpdateRecordOf(const Entry& entry, ConstraintStatus status) const;
 
     const RuleModule& m_module;
     CString m_strPath;

@@ -7,7 +7,6 @@
 namespace {
 
 constexpr UINT kHelpMissingText = 10020;  // path of the help file
-constexpr UINT kNothingToEditText = 10021;
 constexpr wchar_t kCaption[] = L"MfxKit";
 
 bool IsFile(const CString& strPath) {
@@ -107,11 +106,11 @@ void CMFXRuleDlgBase::AddToolTip(CWnd& control, const CString& strText) {
     if (m_toolTips.GetSafeHwnd()) m_toolTips.AddTool(&control, strText);
 }
 
-BOOL CMFXRuleDlgBase::RefuseToEdit() {
+BOOL CMFXRuleDlgBase::RefuseToEdit(UINT nReason) {
     if (CWnd* const pOk = GetDlgItem(IDOK)) pOk->EnableWindow(FALSE);
     if (CWnd* const pCancel = GetDlgItem(IDCANCEL)) pCancel->SetFocus();
     CString strText;
-    strText.LoadString(kNothingToEditText);
+    strText.LoadString(nReason);
     ShowMessage(strText, MB_ICONEXCLAMATION);
     return FALSE;
 }

@@ -42,10 +42,13 @@ class MFXKIT_API CMFXRuleDlgBase : public CDialog {
     // Shows a text, of several lines perhaps, while the pointer rests on a control.
     void AddToolTip(CWnd& control, const CString& strText);
 
-    // For an OnInitDialog that finds nothing to edit: says so and leaves Cancel alone usable. Always FALSE.
-    BOOL RefuseToEdit();
+    // For an OnInitDialog that finds nothing to edit: says why (a string id; by default, that something of
+    // the rule or the dialog is missing) and leaves Cancel alone usable. Always FALSE.
+    BOOL RefuseToEdit(UINT nReason = kNothingToEdit);
 
   private:
+    static constexpr UINT kNothingToEdit = 10021;
+
     void DisableWindowsBehindOwner();
     void EnableWindowsBehindOwner();
     void ShowHelp();

@@ -20,7 +20,7 @@ BEGIN_MESSAGE_MAP(CMFXWTBasedOnSizeAndWeightListCtrl, CMFXListCtrl)
 END_MESSAGE_MAP()
 
 void CMFXWTBasedOnSizeAndWeightListCtrl::InitGroupColumns(const std::vector<CString>& headers) {
-    CreateColumns(headers, {160}, LVCFMT_LEFT);
+    CreateColumns(headers, {190}, LVCFMT_LEFT);
 }
 
 void CMFXWTBasedOnSizeAndWeightListCtrl::InitBandColumns(const std::vector<CString>& headers) {
@@ -115,6 +115,12 @@ void CMFXWTBasedOnSizeAndWeightListCtrl::OnLButtonDown(UINT nFlags, CPoint point
     if (!bEdits) NotifyOfSelection(cell.nRow);
 }
 
+// As a double click does, so that no mouse is needed.
+void CMFXWTBasedOnSizeAndWeightListCtrl::BeginNaming(int nRow) {
+    if (!m_vecComboItems.empty() && GetItemText(nRow, kGroupCol) != kDefaultGroup)
+        BeginComboEdit(nRow, kGroupCol, kTextLimit);
+}
+
 // The name of the default group can't be changed.
 void CMFXWTBasedOnSizeAndWeightListCtrl::OnLButtonDblClk(UINT nFlags, CPoint point) {
     const Cell cell = FindCell(point);
@@ -126,6 +132,7 @@ void CMFXWTBasedOnSizeAndWeightListCtrl::OnLButtonDblClk(UINT nFlags, CPoint poi
 }
 
 void CMFXWTBasedOnSizeAndWeightListCtrl::OnKeyDown(UINT nChar, UINT nRepCnt, UINT nFlags) {
+    if (nChar == VK_F2 && !IsBandGrid()) return BeginNaming(GetNextItem(-1, LVNI_FOCUSED));
     const int nRowBefore = GetCurrentRow();
     CMFXListCtrl::OnKeyDown(nChar, nRepCnt, nFlags);
     NotifyOfKeySelection(nRowBefore);

@@ -31,6 +31,7 @@ class CMFXWTBasedOnSizeAndWeightListCtrl : public CMFXListCtrl {
   private:
     bool IsBandGrid() const;
     bool CanEdit(const Cell& cell) const;
+    void BeginNaming(int nRow);
     CString CommitEditedCell();
     void Notify(const CString& strText, GridNotification code);
     void NotifyOfSelection(int nRow);

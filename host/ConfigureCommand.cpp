@@ -19,7 +19,7 @@ struct ConfigureOptions {
 };
 
 // The other rules' dialogs are not there yet; their operation would do nothing, and say nothing.
-constexpr int kRulesWithDialog[] = {kVariationRuleId, kDraftAngleRuleId};
+constexpr int kRulesWithDialog[] = {kSizeAndWeightRuleId, kVariationRuleId, kDraftAngleRuleId};
 
 const RuleDocument::Entry& RequireRule(const RuleDocument& document, int ruleId) {
     const RuleDocument::Entry* entry = document.FindRule(ruleId);

@@ -4,6 +4,8 @@
 
 class CMFXSCVariableDraftAngleRule;
 class CMFXSCWTVariationRule;
+class CMFXWTBasedOnCastSizeAndWeightRule;
 
 void RunDraftAngleDialog(CMFXSCVariableDraftAngleRule& rule);
 void RunVariationDialog(CMFXSCWTVariationRule& rule);
+void RunSizeAndWeightDialog(CMFXWTBasedOnCastSizeAndWeightRule& rule);

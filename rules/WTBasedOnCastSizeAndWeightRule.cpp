@@ -6,6 +6,7 @@
 #include "ParameterXml.h"
 #include "ResourceSwitch.h"
 #include "RuleConstraints.h"
+#include "RuleDialogs.h"
 #include "RuleHeader.h"
 #include "RuleRecord.h"
 #include "SandCastingRulesApp.h"
@@ -30,12 +31,9 @@ MfxArray<double>& NumbersOf(const CMFXConstraint& constraint, long nParamId) {
 }
 
 void FillBands(const CMFXConstraint& constraint, const std::vector<CastSizeAndWeightBand>& bands) {
-    for (const CastSizeAndWeightBand& band : bands) {
-        NumbersOf(constraint, kSizeMinId).Add(band.sizeMin);
-        NumbersOf(constraint, kSizeMaxId).Add(band.sizeMax);
-        NumbersOf(constraint, kWeightMinId).Add(band.weightMin);
-        NumbersOf(constraint, kWeightMaxId).Add(band.weightMax);
-        NumbersOf(constraint, kThicknessId).Add(band.thickness);
+    for (std::size_t cell = 0; cell < BandCell::Count; ++cell) {
+        MfxArray<double>& numbers = NumbersOf(constraint, kBandSpecs[cell].nParamId);
+        for (const CastSizeAndWeightBand& band : bands) numbers.Add(band.*kBandValues[cell]);
     }
 }
 
@@ -94,10 +92,14 @@ void CMFXWTBasedOnCastSizeAndWeightRule::CreateParameters(const MfxXMLNode* pRec
 }
 
 void CMFXWTBasedOnCastSizeAndWeightRule::CreateGroups() {
-    for (const auto& [strGroup, bands] : m_mapGroupRows)
-        if (const CMFXConstraint* pConstraint =
-                CreateConstraintWithParameters(*this, strGroup, strGroup == kDefaultGroup, kBandSpecs, true))
-            FillBands(*pConstraint, bands);
+    for (const auto& [strGroup, bands] : m_mapGroupRows) AddGroup(strGroup, strGroup == kDefaultGroup, bands);
+}
+
+void CMFXWTBasedOnCastSizeAndWeightRule::AddGroup(const CString& strGroup, bool bActive,
+                                                  const std::vector<CastSizeAndWeightBand>& bands) {
+    if (const CMFXConstraint* pConstraint =
+            CreateConstraintWithParameters(*this, strGroup, bActive, kBandSpecs, true))
+        FillBands(*pConstraint, bands);
 }
 
 void CMFXWTBasedOnCastSizeAndWeightRule::CreateMassUnit() {
@@ -161,6 +163,13 @@ void CMFXWTBasedOnCastSizeAndWeightRule::ConvertUnits(const UnitPair& from, cons
 
 bool CMFXWTBasedOnCastSizeAndWeightRule::AcceptRuleData(const CMfxData*) {
     return true;
+}
+
+void CMFXWTBasedOnCastSizeAndWeightRule::ConfigureRuleDialog() {
+    NoThrow([this] {
+        const ResourceSwitch resources;
+        RunSizeAndWeightDialog(*this);
+    });
 }
 
 int CMFXWTBasedOnCastSizeAndWeightRule::ExecuteAlternate(MFXICadSys*, const CMfxData*, MFXResultSet*, int) {

@@ -28,9 +28,13 @@ class CMFXWTBasedOnCastSizeAndWeightRule : public CMfxRule {
     void PrepareRule() override;
     void ConvertUnits(const UnitPair& from, const UnitPair& to) override;
     bool AcceptRuleData(const CMfxData* pData) override;
+    void ConfigureRuleDialog() override;
     int ExecuteAlternate(MFXICadSys* pCadSys, const CMfxData* pData, MFXResultSet* pResults,
                          int nMode) override;
     int GetMaterialStatus() const override;
+
+    // Creates the constraint of a material group.
+    void AddGroup(const CString& strGroup, bool bActive, const std::vector<CastSizeAndWeightBand>& bands);
 
     using CMfxRule::operator=;
 

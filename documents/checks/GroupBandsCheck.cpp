@@ -8,30 +8,11 @@ namespace {
 
 using Bands = std::vector<NumberedBand>;
 
-// Element i of a list of numbers; kValueNotGiven behind its end and for any negative number.
-double ElementOf(const CMFXConstraint& group, long paramId, int index) {
-    const CMfxParamStorage* storage = group.FindParameterInArray(paramId);
-    if (!storage || index >= storage->GetValues<double>().GetCount()) return kValueNotGiven;
-    const double value = storage->GetValues<double>()[index];
-    return value < -kTolerance ? kValueNotGiven : value;
-}
-
-bool IsBlank(const CastSizeAndWeightBand& band) {
-    for (const double value : {band.sizeMin, band.sizeMax, band.weightMin, band.weightMax, band.thickness})
-        if (value != kValueNotGiven) return false;
-    return true;
-}
-
 // The bands of a group as its dialog loads them.
 Bands BandsOf(const CMFXConstraint& group) {
     Bands bands;
-    const CMfxParamStorage* sizes = group.FindParameterInArray(kSizeMinId);
-    for (int i = 0; sizes && i < sizes->GetValues<double>().GetCount(); ++i) {
-        const CastSizeAndWeightBand band{ElementOf(group, kSizeMinId, i), ElementOf(group, kSizeMaxId, i),
-                                         ElementOf(group, kWeightMinId, i), ElementOf(group, kWeightMaxId, i),
-                                         ElementOf(group, kThicknessId, i)};
-        if (!IsBlank(band)) bands.push_back({static_cast<int>(bands.size()) + 1, band});
-    }
+    for (const CastSizeAndWeightBand& band : ReadBands(group))
+        bands.push_back({static_cast<int>(bands.size()) + 1, band});
     return bands;
 }
 

@@ -42,6 +42,10 @@ inline constexpr long kWeightMaxId = 29122;
 inline constexpr long kThicknessId = 29118;
 inline constexpr long kMassUnitId = 10165;
 
+// The lists of a group, in the order of a band's values.
+inline constexpr long kBandParameterIds[] = {kSizeMinId, kSizeMaxId, kWeightMinId, kWeightMaxId,
+                                             kThicknessId};
+
 // Whether the parameter is a list of the bands, where marks stand for "not given" and "no limit".
 constexpr bool IsBandParameter(long nParamId) {
     return nParamId >= kThicknessId && nParamId <= kWeightMaxId;

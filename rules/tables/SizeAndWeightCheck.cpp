@@ -17,11 +17,6 @@ bool IsZero(double value) {
     return IsEqual(value, 0.0);
 }
 
-// Compares exactly: the dialog leaves the marker itself where no value was read.
-bool IsGiven(double value) {
-    return value != kValueNotGiven;
-}
-
 // The upper size of a band; zero in the last one means that there is no upper limit.
 double UpperSize(Bands bands, std::size_t nBand) {
     const double sizeMax = bands[nBand].band.sizeMax;
@@ -32,42 +27,46 @@ double UpperWeight(Bands bands, std::size_t nBand) {
     return bands[nBand].band.weightMax;
 }
 
+// What is wrong with a row, and with which of its values.
+struct Fault {
+    Flaw flaw = Flaw::None;
+    BandCell::Index cell = BandCell::SizeMin;
+};
+
 // The first band may begin at size zero, and the last one's upper size may be zero. A band that is the only
 // one is first and last.
-bool HasForbiddenZero(Bands bands, std::size_t nBand) {
+Fault FindForbiddenZero(Bands bands, std::size_t nBand) {
     const CastSizeAndWeightBand& band = bands[nBand].band;
     const bool bFirst = nBand == 0, bLast = nBand + 1 == bands.size();
-    if (IsZero(band.weightMin) || IsZero(band.weightMax)) return true;
-    if ((bFirst || !bLast) && IsZero(band.sizeMax)) return true;
-    return bLast && IsZero(band.thickness);
+    if ((bFirst || !bLast) && IsZero(band.sizeMax)) return {Flaw::MissingOrZero, BandCell::SizeMax};
+    if (IsZero(band.weightMin)) return {Flaw::MissingOrZero, BandCell::WeightMin};
+    if (IsZero(band.weightMax)) return {Flaw::MissingOrZero, BandCell::WeightMax};
+    if (bLast && IsZero(band.thickness)) return {Flaw::MissingOrZero, BandCell::Thickness};
+    return {};
 }
 
-Flaw FindIncompletePair(const CastSizeAndWeightBand& band) {
+Fault FindIncompletePair(const CastSizeAndWeightBand& band) {
     const bool bHalfSize = IsGiven(band.sizeMin) != IsGiven(band.sizeMax);
     const bool bHalfWeight = IsGiven(band.weightMin) != IsGiven(band.weightMax);
-    if (bHalfSize && bHalfWeight) return Flaw::SizeAndWeightIncomplete;
-    if (bHalfSize) return Flaw::SizeIncomplete;
-    if (bHalfWeight) return Flaw::WeightIncomplete;
+    const auto missingSize = IsGiven(band.sizeMin) ? BandCell::SizeMax : BandCell::SizeMin;
+    const auto missingWeight = IsGiven(band.weightMin) ? BandCell::WeightMax : BandCell::WeightMin;
+    if (bHalfSize && bHalfWeight) return {Flaw::SizeAndWeightIncomplete, missingSize};
+    if (bHalfSize) return {Flaw::SizeIncomplete, missingSize};
+    if (bHalfWeight) return {Flaw::WeightIncomplete, missingWeight};
     const bool bHasLimits = IsGiven(band.sizeMin) || IsGiven(band.weightMin);
-    return bHasLimits && !IsGiven(band.thickness) ? Flaw::ThicknessMissing : Flaw::None;
+    if (bHasLimits && !IsGiven(band.thickness)) return {Flaw::ThicknessMissing, BandCell::Thickness};
+    return {};
 }
 
-// Whether a wall thickness can be found by the band.
-bool IsUsable(const NumberedBand& numbered) {
-    const CastSizeAndWeightBand& band = numbered.band;
-    const bool bHasSizes = IsGiven(band.sizeMin) && IsGiven(band.sizeMax);
-    const bool bHasWeights = IsGiven(band.weightMin) && IsGiven(band.weightMax);
-    return (bHasSizes || bHasWeights) && IsGiven(band.thickness);
-}
-
-Flaw FindInverted(Bands bands, std::size_t nBand) {
+Fault FindInverted(Bands bands, std::size_t nBand) {
     const CastSizeAndWeightBand& band = bands[nBand].band;
     const double sizeMax = UpperSize(bands, nBand);
-    if (!IsEqual(sizeMax, kValueNotGiven) && band.sizeMin > sizeMax - kTolerance) return Flaw::SizeInverted;
+    if (!IsEqual(sizeMax, kValueNotGiven) && band.sizeMin > sizeMax - kTolerance)
+        return {Flaw::SizeInverted, BandCell::SizeMax};
     const double weightMax = UpperWeight(bands, nBand);
     if (!IsEqual(weightMax, kValueNotGiven) && band.weightMin > weightMax - kTolerance)
-        return Flaw::WeightInverted;
-    return Flaw::None;
+        return {Flaw::WeightInverted, BandCell::WeightMax};
+    return {};
 }
 
 // Whether the value is the upper bound of the nearest earlier band that has one; that bound is expected. True
@@ -86,11 +85,24 @@ SizeAndWeightResult CheckContiguity(Bands bands) {
     double expected = 0.0;
     for (std::size_t i = 1; i < bands.size(); ++i) {
         if (!Continues(bands[i].band.sizeMin, bands, i, UpperSize, expected))
-            return {Flaw::SizeNotContiguous, bands[i].nRow, expected};
+            return {Flaw::SizeNotContiguous, bands[i].nRow, BandCell::SizeMin, expected};
         if (!Continues(bands[i].band.weightMin, bands, i, UpperWeight, expected))
-            return {Flaw::WeightNotContiguous, bands[i].nRow, expected};
+            return {Flaw::WeightNotContiguous, bands[i].nRow, BandCell::WeightMin, expected};
     }
     return {};
+}
+
+// Faults of a row, in the order in which they are reported.
+Fault CheckRow(Bands bands, std::size_t nBand) {
+    Fault fault = FindForbiddenZero(bands, nBand);
+    if (fault.flaw == Flaw::None) fault = FindIncompletePair(bands[nBand].band);
+    return fault.flaw == Flaw::None ? FindInverted(bands, nBand) : fault;
+}
+
+Fault CheckRowWhileTyping(Bands bands, std::size_t nBand) {
+    const Fault incomplete = FindIncompletePair(bands[nBand].band);
+    if (incomplete.flaw != Flaw::None) return {Flaw::IncompleteWhileTyping, incomplete.cell};
+    return FindInverted(bands, nBand);
 }
 
 }  // namespace
@@ -98,21 +110,17 @@ SizeAndWeightResult CheckContiguity(Bands bands) {
 SizeAndWeightResult CheckSizeAndWeightBands(Bands bands) {
     for (std::size_t i = 0; i < bands.size(); ++i) {
         const int nExpectedRow = static_cast<int>(i) + 1;
-        if (bands[i].nRow != nExpectedRow) return {Flaw::MissingOrZero, nExpectedRow, 0.0};
-        if (HasForbiddenZero(bands, i)) return {Flaw::MissingOrZero, bands[i].nRow, 0.0};
-        if (const Flaw flaw = FindIncompletePair(bands[i].band); flaw != Flaw::None)
-            return {flaw, bands[i].nRow, 0.0};
-        if (const Flaw flaw = FindInverted(bands, i); flaw != Flaw::None) return {flaw, bands[i].nRow, 0.0};
+        if (bands[i].nRow != nExpectedRow) return {Flaw::MissingOrZero, nExpectedRow};
+        if (const Fault fault = CheckRow(bands, i); fault.flaw != Flaw::None)
+            return {fault.flaw, bands[i].nRow, fault.cell};
     }
-    if (std::ranges::none_of(bands, IsUsable)) return {Flaw::NoBands, 0, 0.0};
+    if (std::ranges::none_of(bands, IsUsable, &NumberedBand::band)) return {Flaw::NoBands, 0};
     return CheckContiguity(bands);
 }
 
 SizeAndWeightResult CheckSizeAndWeightBandsWhileTyping(Bands bands) {
-    for (std::size_t i = 0; i < bands.size(); ++i) {
-        if (FindIncompletePair(bands[i].band) != Flaw::None)
-            return {Flaw::IncompleteWhileTyping, bands[i].nRow, 0.0};
-        if (const Flaw flaw = FindInverted(bands, i); flaw != Flaw::None) return {flaw, bands[i].nRow, 0.0};
-    }
+    for (std::size_t i = 0; i < bands.size(); ++i)
+        if (const Fault fault = CheckRowWhileTyping(bands, i); fault.flaw != Flaw::None)
+            return {fault.flaw, bands[i].nRow, fault.cell};
     return CheckContiguity(bands);
 }

@@ -24,9 +24,9 @@ enum class SizeAndWeightFlaw {
 
 struct SizeAndWeightResult {
     SizeAndWeightFlaw flaw = SizeAndWeightFlaw::None;
-    int nRow = 0;  // from 1; 0 for NoBands
-    double expected =
-        0.0;  // SizeNotContiguous, WeightNotContiguous: the value that the row should begin with
+    int nRow = 0;                              // from 1; 0 for NoBands
+    BandCell::Index cell = BandCell::SizeMin;  // the value that is at fault
+    double expected = 0.0;                     // SizeNotContiguous, WeightNotContiguous: what it should be
 };
 
 // A band and the number of the grid row that it stands in, from 1.

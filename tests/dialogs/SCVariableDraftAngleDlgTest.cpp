@@ -1,4 +1,5 @@
 #include "DialogTest.h"
+#include "GridUser.h"
 #include "MFXUnitConvertor.h"
 #include "DraftTableCheck.h"
 #include "resource.h"
@@ -10,7 +11,7 @@ namespace {
 
 using Rows = std::vector<MfxTableRow>;
 
-constexpr int kImportKey = 1, kEditorId = 10014;
+constexpr int kImportKey = 1;
 
 const Rows kDefaults = {{{L"0.0", L"25.4", L"3.0", L"3.0", L"1.5"}},
                         {{L"25.4", L"50.8", L"1.5", L"2.5", L"1.0"}},
@@ -22,36 +23,7 @@ struct SCVariableDraftAngleDlgTest : DialogTest {
 
     void Open(const std::function<void(DialogUser&)>& act) { Configure(m_rule, act); }
 
-    // Rows and columns as in the grid: from 0, and the first column is blank.
-    static CString Cell(const DialogUser& user, int nRow, int nCol) {
-        wchar_t szText[100] = L"";
-        ListView_GetItemText(user.Control(IDC_DRAFT_BANDS), nRow, nCol, szText, 100);
-        return szText;
-    }
-    static void SetCell(const DialogUser& user, int nRow, int nCol, const CString& strText) {
-        CString strCopy = strText;
-        ListView_SetItemText(user.Control(IDC_DRAFT_BANDS), nRow, nCol, strCopy.GetBuffer(0));
-    }
-    static CRect PlaceOf(const DialogUser& user, int nRow, int nCol) {
-        CRect rect;
-        ListView_GetSubItemRect(user.Control(IDC_DRAFT_BANDS), nRow, nCol, LVIR_LABEL, &rect);
-        return rect;
-    }
-    static void ClickCell(DialogUser& user, int nRow, int nCol) {
-        const CRect rect = PlaceOf(user, nRow, nCol);
-        user.ClickAt(user.Control(IDC_DRAFT_BANDS), CPoint(rect.left + 5, rect.top + rect.Height() / 2));
-    }
-    static void ExpectCursorIn(const DialogUser& user, int nRow, int nCol) {
-        const HWND hGrid = user.Control(IDC_DRAFT_BANDS), hEditor = GetDlgItem(hGrid, kEditorId);
-        EXPECT_EQ(GetFocus(), hEditor);
-        CRect editor, grid, cell = PlaceOf(user, nRow, nCol);
-        GetWindowRect(hEditor, &editor);
-        MapWindowPoints(nullptr, hGrid, reinterpret_cast<POINT*>(&editor), 2);
-        EXPECT_EQ(editor.left, cell.left);
-        EXPECT_EQ(editor.top, cell.top - 2);
-        GetClientRect(hGrid, &grid);
-        EXPECT_LE(editor.bottom, grid.bottom + 2) << "out of view";
-    }
+    static GridUser Bands(DialogUser& user) { return {user, IDC_DRAFT_BANDS}; }
     Rows Stored() const { return {m_table.begin(), m_table.end()}; }
     CString Heading(const DialogUser& user) const {
         wchar_t szText[100] = L"";
@@ -73,9 +45,9 @@ struct SCVariableDraftAngleDlgTest : DialogTest {
 TEST_F(SCVariableDraftAngleDlgTest, EditsBandsByMouseAndKeys) {
     Open([&](DialogUser& user) {
         EXPECT_STREQ(Heading(user), L"Size (mm)");
-        EXPECT_STREQ(Cell(user, 3, 2), L"203") << "as it is stored";
-        EXPECT_EQ(ListView_GetItemCount(user.Control(IDC_DRAFT_BANDS)), 200);
-        ClickCell(user, 4, 1);
+        EXPECT_STREQ(Bands(user).Cell(3, 2), L"203") << "as it is stored";
+        EXPECT_EQ(Bands(user).RowCount(), 200);
+        Bands(user).Click(4, 1);
         for (const LPCWSTR pszText : {L"203", L"", L"0.5", L"0.75"}) {
             user.Type(pszText);
             user.Press(VK_TAB);
@@ -92,7 +64,7 @@ TEST_F(SCVariableDraftAngleDlgTest, EditsBandsByMouseAndKeys) {
     expected.push_back({{L"203.0", L"1000000000.0", L"0.5", L"0.75", L""}});
     EXPECT_EQ(Stored(), expected);
     Open([&](DialogUser& user) {
-        EXPECT_STREQ(Cell(user, 4, 2), L"") << "no upper limit";
+        EXPECT_STREQ(Bands(user).Cell(4, 2), L"") << "no upper limit";
         user.Press(VK_RETURN);
     });
     EXPECT_EQ(Stored(), expected);
@@ -102,12 +74,12 @@ TEST_F(SCVariableDraftAngleDlgTest, NeedsNoMouse) {
     Open([&](DialogUser& user) {
         SetFocus(user.Control(IDC_DRAFT_BANDS));
         user.Press(VK_F2);
-        ExpectCursorIn(user, 0, 1);
+        Bands(user).ExpectCursorIn(0, 1);
         user.Press(VK_RIGHT);
         user.Press(VK_DELETE);
         user.Type(L"25.4");
         for (int i = 0; i < 30; ++i) user.Press(VK_DOWN);
-        ExpectCursorIn(user, 30, 2);
+        Bands(user).ExpectCursorIn(30, 2);
         user.Press(L'U', VK_MENU);
         EXPECT_EQ(GetFocus(), user.Control(IDC_DRAFT_LENGTH_UNIT));
         user.ClickOn(IDCANCEL);
@@ -136,15 +108,15 @@ TEST_F(SCVariableDraftAngleDlgTest, RefusesATableAndShowsWhere) {
     for (const auto& test : kCases)
         Open([&](DialogUser& user) {
             SCOPED_TRACE(test.strMessage.GetString());
-            for (const int nRow : test.rows) SetCell(user, nRow, test.nCol, test.pszText);
+            for (const int nRow : test.rows) Bands(user).SetCell(nRow, test.nCol, test.pszText);
             SendMessageW(user.Control(IDC_DRAFT_LENGTH_UNIT), CB_SETCURSEL, 1, 0);
             m_boxes.Expect(test.strMessage, MB_ICONINFORMATION);
             user.ClickOn(IDOK);
             m_boxes.Verify();
             EXPECT_STREQ(m_boxes.m_strCaption, L"MfxKit");
             EXPECT_EQ(m_rule.m_nLengthUnit, LengthCentimetre) << "stored before";
-            EXPECT_STREQ(Cell(user, test.rows[0], test.nCol), test.pszText);
-            ExpectCursorIn(user, test.nFaultRow, test.nFaultCol);
+            EXPECT_STREQ(Bands(user).Cell(test.rows[0], test.nCol), test.pszText);
+            Bands(user).ExpectCursorIn(test.nFaultRow, test.nFaultCol);
             user.ClickOn(IDCANCEL);
         });
     EXPECT_STREQ(m_table[3].cells[2], L".75") << "nothing was stored";
@@ -177,7 +149,7 @@ TEST_F(SCVariableDraftAngleDlgTest, DeletedRowsAreLeftOut) {
 TEST_F(SCVariableDraftAngleDlgTest, DropsOnlyAThirdAngleThatIsBeingEdited) {
     for (const bool bCommitted : {true, false}) {
         Open([&](DialogUser& user) {
-            ClickCell(user, 0, 5);
+            Bands(user).Click(0, 5);
             user.Type(L"2.5");
             if (bCommitted) user.Press(VK_RETURN);
             user.ClickOn(IDOK);
@@ -217,19 +189,19 @@ TEST_F(SCVariableDraftAngleDlgTest, ImportsWorkbooks) {
     CString strSamples(MFX_SAMPLES);
     strSamples.Replace(L"/", L"\\");
     Open([&](DialogUser& user) {
-        ClickCell(user, 2, 3);
+        Bands(user).Click(2, 3);
         user.Type(L"7");
         user.Press(L'I', VK_CONTROL);
         user.ChooseFile(strSamples + L"draft-angles.xlsx");
-        EXPECT_STREQ(Cell(user, 3, 2), L"203.2");
-        EXPECT_STREQ(Cell(user, 2, 3), L"1.0") << "old text must not be written over new";
+        EXPECT_STREQ(Bands(user).Cell(3, 2), L"203.2");
+        EXPECT_STREQ(Bands(user).Cell(2, 3), L"1.0") << "old text must not be written over new";
         user.Press(L'I', VK_MENU);
         m_boxes.Expect(
             L"The sheet can't be imported. Its first row must read H1, H2, A1, A2, A3, in columns A to E.",
             MB_ICONEXCLAMATION);
         user.ChooseFile(L"cell-types.xlsx");  // begins in the folder of the last import
         m_boxes.Verify();
-        EXPECT_STREQ(Cell(user, 3, 2), L"203.2") << "nothing changes";
+        EXPECT_STREQ(Bands(user).Cell(3, 2), L"203.2") << "nothing changes";
         user.ClickOn(IDOK);
     });
     EXPECT_EQ(m_table.GetCount(), 4);
