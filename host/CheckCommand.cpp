@@ -1,6 +1,7 @@
 #include "Commands.h"
 #include "Console.h"
 #include "DocumentCheck.h"
+#include "DocumentFiles.h"
 #include "DocumentOutput.h"
 #include "Text.h"
 
@@ -34,7 +35,7 @@ struct FileReport {
 FileReport CheckFile(const RuleModule& module, const std::string& file, Severity least) {
     FileReport report{.file = file};
     try {
-        report.document = std::make_unique<RuleDocument>(module, FromUtf8(file), PrintReadingProgress);
+        report.document = std::make_unique<RuleDocument>(ReadDocument(module, file));
     } catch (const DocumentError& error) {
         if (error.GetKind() != DocumentError::Kind::Unreadable) throw;
         report.unreadable = error.what();
@@ -99,8 +100,9 @@ void AddCheck(CommandLine& commandLine) {
     const auto options = std::make_shared<CheckOptions>();
     CLI::App& command =
         commandLine.Add("check", "Report what is wrong or unusual in rule documents",
+                        {"mfxhost check rules.xml", "mfxhost check rules.xml --severity error --json"},
                         [options](const RuleModule& module) { return CheckFiles(module, *options); });
-    AddFile(command, "FILE", options->files, "Rule documents to check")->required();
+    AddFile(command, "FILE", options->files, "Rule documents to check; - for standard input")->required();
     command
         .add_option_function<std::string>(
             "--severity", [options](const std::string& name) { options->severity = SeverityOf(name); },

@@ -1,6 +1,7 @@
 #include "CommandLine.h"
 
 #include "Console.h"
+#include "HelpFormatter.h"
 #include "LanguageUtil.h"
 #include "Text.h"
 
@@ -21,6 +22,12 @@ std::vector<std::string> LanguageWords() {
     return words;
 }
 
+std::string Examples(const std::vector<std::string>& examples) {
+    std::string text = examples.size() > 1 ? "Examples:\n" : "Example:\n";
+    for (const std::string& example : examples) text += "  " + example + "\n";
+    return text;
+}
+
 }  // namespace
 
 CommandLine::CommandLine()
@@ -30,18 +37,32 @@ CommandLine::CommandLine()
     m_cli.fallthrough();                       // --lang stands before or behind the command
     m_cli.allow_windows_style_options(false);  // "/file" is a file
     m_cli.set_version_flag("--version", "mfxhost " MFX_VERSION);
+    m_cli.formatter(std::make_shared<HelpFormatter>());
     m_cli.footer(
-        "Every command takes --lang LANGUAGE too: " + Joined(LanguageWords()) +
-        ".\n"
-        "Exit codes: 0 done, 1 findings, 2 wrong usage, 3 input that can't be read,\n"
-        "4 something missing on the machine, or a file that can't be written or was changed meanwhile.");
-    m_cli.add_option("--lang", m_language, "Language of the rules' texts, also of those that are saved")
+        "mfxhost help COMMAND tells the usage of a command. Every command takes --lang too. A file name - "
+        "stands for standard input, or for standard output.\n \n"
+        "Exit codes: 0 done, 1 findings, 2 wrong usage, 3 input that can't be read, 4 something missing on "
+        "the "
+        "machine, or a file that can't be written or was changed meanwhile.\n");
+    m_cli
+        .add_option("--lang", m_language,
+                    "Language of the rules' texts, also of those that are saved: " + Joined(LanguageWords()) +
+                        " (english unless told otherwise; in dialogs the user's)")
         ->type_name("LANGUAGE")
-        ->check(CLI::IsMember(LanguageWords(), CLI::ignore_case));
+        ->check(CLI::IsMember(LanguageWords(), CLI::ignore_case).description(""));
+    AddHelpCommand();
 }
 
-CLI::App& CommandLine::Add(const char* name, const char* description, Command command, Database database) {
+void CommandLine::AddHelpCommand() {
+    m_help = m_cli.add_subcommand("help", "Tell the usage of the program, or of a command");
+    m_help->footer(Examples({"mfxhost help convert"}));
+    m_help->add_option("COMMAND", m_helpTopic, "The command")->type_name("")->expected(1, 2);
+}
+
+CLI::App& CommandLine::Add(const char* name, const char* description,
+                           const std::vector<std::string>& examples, Command command, Database database) {
     CLI::App* const added = m_cli.add_subcommand(name, description);
+    added->footer(Examples(examples));
     added->callback([this, command = std::move(command), database] {
         m_command = command;
         m_database = database;
@@ -75,8 +96,11 @@ ExitCode CommandLine::Run(int argc, const char* const* argv) {
     try {
         m_cli.parse(argc, argv);
     } catch (const CLI::CallForHelp&) {
-        const auto chosen = m_cli.get_subcommands();
-        Print(chosen.empty() ? m_cli.help() : chosen.front()->help("mfxhost"));
+        m_helpTopic.clear();
+        for (const CLI::App* command = &m_cli; !command->get_subcommands().empty();
+             command = command->get_subcommands().front())
+            m_helpTopic.push_back(command->get_subcommands().front()->get_name());
+        PrintHelp();
         return ExitCode::Done;
     } catch (const CLI::CallForVersion& version) {
         Print(std::string(version.what()) + "\n");
@@ -84,7 +108,28 @@ ExitCode CommandLine::Run(int argc, const char* const* argv) {
     } catch (const CLI::ParseError& error) {
         throw CommandError(ExitCode::WrongUsage, WrongUsage(error, argc, argv));
     }
-    return RunCommand();
+    if (!m_help->parsed()) return RunCommand();
+    PrintHelp();
+    return ExitCode::Done;
+}
+
+void CommandLine::UseLanguageOfUser(CLI::App& command) {
+    m_windowCommand = &command;
+}
+
+void CommandLine::PrintHelp() const {
+    const CLI::App* command = &m_cli;
+    std::string usage = command->get_name();
+    for (const std::string& word : m_helpTopic) {
+        const auto commands = command->get_subcommands(
+            [&](const CLI::App* candidate) { return candidate->get_name() == word; });
+        if (commands.empty())
+            throw CommandError(ExitCode::WrongUsage,
+                               "\"" + word + "\" is not a command; mfxhost help tells them");
+        command = commands.front();
+        usage += " " + word;
+    }
+    Print(command->get_formatter()->make_help(command, usage, CLI::AppFormatMode::Normal));
 }
 
 // The library comes before the module, and goes after it.
@@ -99,7 +144,9 @@ void CommandLine::LoadDatabase() {
 }
 
 ExitCode CommandLine::RunCommand() {
-    CLanguageUtil::SetMfxKitLang(FromUtf8(m_language));
+    const bool isForUser = m_windowCommand && m_windowCommand->parsed();
+    const std::string language = m_language.empty() && !isForUser ? "english" : m_language;
+    CLanguageUtil::SetMfxKitLang(FromUtf8(language));
     LoadDatabase();
     const RuleModule module;
     if (m_databaseLibrary) module.SetDatabaseModules({m_databaseLibrary->GetName()});
@@ -109,7 +156,10 @@ ExitCode CommandLine::RunCommand() {
 }
 
 void AddInputAndOutput(CLI::App& command, std::string& input, std::string& output) {
-    AddFile(command, "FILE", input, "Rule document to read, and to replace unless -o is given")->required();
-    AddFile(command, "-o,--output", output, "File to write instead of FILE; replaces an existing one")
+    AddFile(command, "FILE", input,
+            "Rule document to read, and to replace unless -o is given; - for standard input and output")
+        ->required();
+    AddFile(command, "-o,--output", output,
+            "File to write instead of FILE; replaces an existing one; - for standard output")
         ->type_name("FILE");
 }

@@ -9,6 +9,7 @@
 #include <functional>
 #include <optional>
 #include <string>
+#include <vector>
 
 // The command line: the commands with their options, of which it runs the one that is named.
 class CommandLine {
@@ -20,9 +21,13 @@ class CommandLine {
 
     CommandLine();
 
-    // Adds a command; the caller adds its options.
-    CLI::App& Add(const char* name, const char* description, Command command,
-                  Database database = Database::Unused);
+    // Adds a command, with examples of its use for the help; the caller adds its options.
+    CLI::App& Add(const char* name, const char* description, const std::vector<std::string>& examples,
+                  Command command, Database database = Database::Unused);
+
+    // The named command, which opens windows, speaks the user's language. Others speak English unless told
+    // otherwise: what they print and save is the same on every machine.
+    void UseLanguageOfUser(CLI::App& command);
 
     // For a running command that needs it.
     IMaterialDatabase& GetDatabase() const { return m_databaseLibrary->GetDatabase(); }
@@ -31,14 +36,19 @@ class CommandLine {
     ExitCode Run(int argc, const char* const* argv);
 
   private:
+    void AddHelpCommand();
+    void PrintHelp() const;
     ExitCode RunCommand();
     void LoadDatabase();
     std::string WrongUsage(const CLI::ParseError& error, int argc, const char* const* argv) const;
     std::string CommandNames() const;
 
     CLI::App m_cli;
+    CLI::App* m_help = nullptr;
     Command m_command;
-    std::string m_language;
+    std::string m_language;  // empty: none was named
+    const CLI::App* m_windowCommand = nullptr;
+    std::vector<std::string> m_helpTopic;  // a command, and one of its own
     Database m_database = Database::Unused;
     std::string m_databasePath;  // empty: the database decides
     std::optional<DatabaseLibrary> m_databaseLibrary;

@@ -2,6 +2,7 @@
 #include "Console.h"
 #include "DocumentCheck.h"
 #include "DocumentFile.h"
+#include "DocumentFiles.h"
 #include "DocumentOutput.h"
 #include "RuleParameters.h"
 #include "Text.h"
@@ -35,7 +36,7 @@ void RequireDisplay() {
 }
 
 ExitCode Configure(const RuleModule& module, const ConfigureOptions& options) {
-    RuleDocument document(module, FromUtf8(options.input), PrintReadingProgress);
+    RuleDocument document = ReadDocument(module, options.input);
     const RuleDocument::Entry& entry = RequireRule(document, options.ruleId);
     // The dialog would drop what the module ignores of the rule.
     if (PrintFindings(document, FindIgnoredContent(document, entry))) {
@@ -43,15 +44,17 @@ ExitCode Configure(const RuleModule& module, const ConfigureOptions& options) {
         return ExitCode::Findings;
     }
     const std::string& output = options.output.empty() ? options.input : options.output;
-    ThrowIfUnwritable(FromUtf8(output));  // before anything is edited
+    // Before anything is edited.
+    if (output != kStandardStream) ThrowIfUnwritable(FromUtf8(output));
     RequireDisplay();
     const std::string rule = ToUtf8(entry.rule->m_strDisplayName);
     if (!document.ConfigureRule(entry)) {
-        Print(rule + " was not changed\n");
+        if (output == kStandardStream) SaveDocument(document, output);
+        PrintOutcome(output, rule + " was not changed\n");
         return ExitCode::Done;
     }
-    document.Save(FromUtf8(output));
-    Print(output + ": " + rule + " changed\n");
+    SaveDocument(document, output);
+    PrintOutcome(output, output + ": " + rule + " changed\n");
     return ExitCode::Done;
 }
 
@@ -61,8 +64,10 @@ void AddConfigure(CommandLine& commandLine) {
     const auto options = std::make_shared<ConfigureOptions>();
     CLI::App& command = commandLine.Add(
         "configure", "Open the dialog of a rule and save what is changed in it",
+        {"mfxhost configure rules.xml --rule 19040"},
         [options](const RuleModule& module) { return Configure(module, *options); },
         CommandLine::Database::UsedIfThere);
+    commandLine.UseLanguageOfUser(command);
     command.add_option("--rule", options->ruleId, "Id of the rule, as list and show print it")
         ->type_name("ID")
         ->required();

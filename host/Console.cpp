@@ -9,6 +9,21 @@
 
 #include <cstdio>
 
+namespace {
+
+UINT codePageBefore = 0;  // 0: there is no console
+
+void RestoreCodePage() {
+    if (codePageBefore) SetConsoleOutputCP(codePageBefore);
+}
+
+BOOL WINAPI RestoreOnInterrupt(DWORD) {
+    RestoreCodePage();
+    return FALSE;  // the program ends as it would without this
+}
+
+}  // namespace
+
 std::string Escaped(const std::string& text) {
     std::string escaped;
     for (std::size_t i = 0; i < text.size(); ++i) {
@@ -53,9 +68,21 @@ void PrintProgress(std::size_t done, std::size_t total, const std::string& noun)
     if (_isatty(_fileno(stderr))) PrintError(text + "\r");
 }
 
-void PrepareConsole() {
+std::string ReadStandardInput() {
+    std::string bytes;
+    char block[1 << 16];
+    while (const std::size_t size = fread(block, 1, sizeof block, stdin)) bytes.append(block, size);
+    return bytes;
+}
+
+ConsoleScope::ConsoleScope() {
+    codePageBefore = GetConsoleOutputCP();
     SetConsoleOutputCP(CP_UTF8);
+    SetConsoleCtrlHandler(RestoreOnInterrupt, TRUE);
     // The same bytes on the console, in a file and in a pipe.
-    _setmode(_fileno(stdout), _O_BINARY);
-    _setmode(_fileno(stderr), _O_BINARY);
+    for (FILE* stream : {stdin, stdout, stderr}) _setmode(_fileno(stream), _O_BINARY);
+}
+
+ConsoleScope::~ConsoleScope() {
+    RestoreCodePage();
 }

@@ -13,9 +13,19 @@ void PrintError(const std::string& text);
 // Ends the output; false when not all of it could be written.
 bool FlushOutput();
 
+// All bytes of standard input.
+std::string ReadStandardInput();
+
 // Shows on the terminal how far a long command has come, twice a second, and nothing where standard error is
 // a pipe: there it would end up among the messages.
 void PrintProgress(std::size_t done, std::size_t total, const std::string& noun);
 
-// Puts the console in a state in which it shows what Print writes.
-void PrepareConsole();
+// While it lives, the console shows what Print writes. Then the terminal is as it was before; also after
+// Ctrl+C.
+class ConsoleScope {
+  public:
+    ConsoleScope();
+    ~ConsoleScope();
+    ConsoleScope(const ConsoleScope&) = delete;
+    ConsoleScope& operator=(const ConsoleScope&) = delete;
+};

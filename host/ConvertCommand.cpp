@@ -2,6 +2,7 @@
 #include "Console.h"
 #include "Conversion.h"
 #include "DocumentCheck.h"
+#include "DocumentFiles.h"
 #include "DocumentOutput.h"
 #include "Text.h"
 #include "Units.h"
@@ -81,7 +82,7 @@ void PrintRefusal(const RuleDocument& document, const Conversion& conversion) {
 ExitCode Convert(const RuleModule& module, const ConvertOptions& options) {
     if (!options.lengthUnit && !options.angleUnit)
         throw CommandError(ExitCode::WrongUsage, "convert: give the new units by --length, --angle or both");
-    RuleDocument document(module, FromUtf8(options.input), PrintReadingProgress);
+    RuleDocument document = ReadDocument(module, options.input);
     const UnitPair from = document.GetUnits(), to = TargetUnits(from, options);
     const bool isDoneAlready = from == to && options.output.empty();
     const Conversion conversion =
@@ -91,13 +92,14 @@ ExitCode Convert(const RuleModule& module, const ConvertOptions& options) {
         return ExitCode::Findings;
     }
     if (isDoneAlready) {
-        Print(options.input + " is in " + UnitWords(to) + " already\n");
+        if (options.input == kStandardStream) SaveDocument(document, options.input);
+        PrintOutcome(options.input, options.input + " is in " + UnitWords(to) + " already\n");
         return ExitCode::Done;
     }
     const std::string& output = options.output.empty() ? options.input : options.output;
-    document.Save(FromUtf8(output));
-    Print(output + ": " + Count(document.GetEntries().size(), "rule") + " converted from " + UnitWords(from) +
-          " to " + UnitWords(to) + "\n");
+    SaveDocument(document, output);
+    PrintOutcome(output, output + ": " + Count(document.GetEntries().size(), "rule") + " converted from " +
+                             UnitWords(from) + " to " + UnitWords(to) + "\n");
     PrintLosses(FromUtf8(options.input), conversion.losses, options.allLosses);
     return ExitCode::Done;
 }
@@ -110,6 +112,8 @@ void AddConvert(CommandLine& commandLine) {
         commandLine.Add("convert",
                         "Convert a rule document to other units; names on standard error the values that are "
                         "not kept exactly",
+                        {"mfxhost convert rules.xml --length in",
+                         "mfxhost convert rules.xml --length in --angle rad -o inches.xml"},
                         [options](const RuleModule& module) { return Convert(module, *options); });
     command.add_option("--length", options->lengthUnit, "New length unit: " + LengthUnitSymbols())
         ->type_name("UNIT");

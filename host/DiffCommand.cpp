@@ -2,6 +2,7 @@
 #include "Comparison.h"
 #include "Console.h"
 #include "DocumentCheck.h"
+#include "DocumentFiles.h"
 #include "DocumentOutput.h"
 #include "Text.h"
 #include "TextTable.h"
@@ -96,14 +97,14 @@ bool Report(const DiffResult& result, bool isJson) {
 }
 
 bool DiffWithDefaults(const RuleModule& module, const DiffOptions& options) {
-    const RuleDocument document(module, FromUtf8(options.left), PrintReadingProgress);
+    const RuleDocument document = ReadDocument(module, options.left);
     const bool differs = Report({"default", options.left, CompareWithDefaults(document)}, options.isJson);
     return !PrintIgnored(document).empty() || differs;
 }
 
 bool DiffDocuments(const RuleModule& module, const DiffOptions& options) {
-    const RuleDocument right(module, FromUtf8(options.right), PrintReadingProgress);
-    const RuleDocument left(module, FromUtf8(options.left), PrintReadingProgress);
+    const RuleDocument right = ReadDocument(module, options.right);
+    const RuleDocument left = ReadDocument(module, options.left);
     const bool differs = Report({options.left, options.right, CompareDocuments(left, right)}, options.isJson);
     const std::vector<std::string> leftIgnored = PrintIgnored(left), rightIgnored = PrintIgnored(right);
     return leftIgnored != rightIgnored || differs;
@@ -123,9 +124,13 @@ void AddDiff(CommandLine& commandLine) {
     const auto options = std::make_shared<DiffOptions>();
     CLI::App& command =
         commandLine.Add("diff", "Print where two rule documents differ",
+                        {"mfxhost diff old.xml new.xml", "mfxhost diff rules.xml --defaults"},
                         [options](const RuleModule& module) { return Diff(module, *options); });
-    AddFile(command, "A", options->left, "Rule document; its units are those of the output")->required();
-    CLI::Option* const right = AddFile(command, "B", options->right, "Rule document to compare with");
+    AddFile(command, "A", options->left,
+            "Rule document; its units are those of the output; - for standard input")
+        ->required();
+    CLI::Option* const right =
+        AddFile(command, "B", options->right, "Rule document to compare with; - for standard input");
     command.add_flag("--defaults", options->withDefaults, "Compare A with its rules as they are by default")
         ->excludes(right);
     command.add_flag("--json", options->isJson, "Print the differences as JSON");

@@ -27,7 +27,3 @@ Json FindingToJson(const Finding& finding) {
     json["text"] = FindingText(finding);
     return json;
 }
-
-void PrintReadingProgress(std::size_t done, std::size_t total) {
-    PrintProgress(done, total, "rule");
-}

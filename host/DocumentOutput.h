@@ -18,6 +18,3 @@ std::string FindingLine(const RuleDocument& document, const Finding& finding);
 bool PrintFindings(const RuleDocument& document, const std::vector<Finding>& findings);
 
 Json FindingToJson(const Finding& finding);
-
-// Shows on the terminal how many rules of a document have been read.
-void PrintReadingProgress(std::size_t done, std::size_t total);

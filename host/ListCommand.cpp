@@ -27,5 +27,6 @@ ExitCode ListRules(const RuleModule& module) {
 }  // namespace
 
 void AddList(CommandLine& commandLine) {
-    commandLine.Add("list", "Print the module's name, summary and rules", ListRules);
+    commandLine.Add("list", "Print the module's name, summary and rules", {"mfxhost list --lang french"},
+                    ListRules);
 }

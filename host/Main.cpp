@@ -49,7 +49,7 @@ ExitCode RunToItsEnd(int argc, wchar_t** argv) {
 
 int wmain(int argc, wchar_t** argv) {
     InstallCrashReport();
-    PrepareConsole();
+    const ConsoleScope console;
     AfxWinInit(GetModuleHandleW(nullptr), nullptr, GetCommandLineW(), 0);
     return static_cast<int>(RunToItsEnd(argc, argv));
 }

@@ -1,6 +1,6 @@
 #include "Commands.h"
 #include "Console.h"
-#include "DocumentFile.h"
+#include "DocumentFiles.h"
 #include "MFXDataHelper.h"
 #include "Text.h"
 #include "TextTable.h"
@@ -111,7 +111,7 @@ ExitCode Export(IMaterialDatabase& database, const MaterialsOptions& options) {
     const MaterialExportOptions exported{
         UnitOrThrow<MfxDensityUnit_e>(kDensityUnits, "--density", options.densityUnit),
         UnitOrThrow<MfxLengthUnit_e>(kLengthUnits, "--length", options.wallUnit), options.hasByteOrderMark};
-    if (options.output.empty()) {
+    if (options.output.empty() || options.output == kStandardStream) {
         ThrowIfProblem(database.ExportCsv(exported, [](std::string_view text) { Print(std::string(text)); }));
         return ExitCode::Done;
     }
@@ -201,6 +201,8 @@ void AddMaterials(CommandLine& commandLine) {
     const auto options = std::make_shared<MaterialsOptions>();
     CLI::App& command = commandLine.Add(
         "materials", "List, search, export and import the materials of the material database",
+        {"mfxhost materials find iron", "mfxhost materials export -o materials.csv",
+         "mfxhost materials import materials.csv --dry-run"},
         [&commandLine, options](const RuleModule&) { return options->run(commandLine.GetDatabase()); },
         CommandLine::Database::Needed);
     command.require_subcommand(1);

@@ -1,6 +1,7 @@
 #include "Commands.h"
 #include "Console.h"
 #include "DocumentFile.h"
+#include "DocumentFiles.h"
 #include "DocumentOutput.h"
 #include "Text.h"
 
@@ -15,12 +16,12 @@ struct NewOptions {
 
 ExitCode WriteDefaults(const RuleModule& module, const NewOptions& options) {
     const CString path = FromUtf8(options.file);
-    if (!options.replaces && FileExists(path) && !IsFolder(path))
+    if (options.file != kStandardStream && !options.replaces && FileExists(path) && !IsFolder(path))
         throw CommandError(ExitCode::WrongUsage, options.file + " exists already; --force replaces it");
     RuleDocument document(module);
     for (RulePtr& rule : module.CreateAllRules()) document.Append(std::move(rule));
-    document.Save(path);
-    Print(DocumentHeading(path, document));
+    SaveDocument(document, options.file);
+    PrintOutcome(options.file, DocumentHeading(path, document));
     return ExitCode::Done;
 }
 
@@ -28,9 +29,9 @@ ExitCode WriteDefaults(const RuleModule& module, const NewOptions& options) {
 
 void AddNew(CommandLine& commandLine) {
     const auto options = std::make_shared<NewOptions>();
-    CLI::App& command =
-        commandLine.Add("new", "Write a rule document with every rule as it is by default",
-                        [options](const RuleModule& module) { return WriteDefaults(module, *options); });
-    AddFile(command, "FILE", options->file, "Rule document to write")->required();
+    CLI::App& command = commandLine.Add(
+        "new", "Write a rule document with every rule as it is by default", {"mfxhost new rules.xml"},
+        [options](const RuleModule& module) { return WriteDefaults(module, *options); });
+    AddFile(command, "FILE", options->file, "Rule document to write; - for standard output")->required();
     command.add_flag("--force", options->replaces, "Replace an existing file");
 }

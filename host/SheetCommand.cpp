@@ -49,7 +49,14 @@ std::string Reason(WorkbookFault fault, const CString& readerError) {
     return fault == WorkbookFault::ExcelNotQuit ? "Excel does not end" : "can't be read";
 }
 
-WorkbookTable ReadTable(const CString& bookPath, const WorkbookColumns& columns) {
+// Whether it is no workbook, whatever Excel, or its absence, has to say of it.
+bool IsNoWorkbook(WorkbookFault fault, const CString& path) {
+    const bool isNotOpened = fault == WorkbookFault::NotOpened || fault == WorkbookFault::ReaderFailed ||
+                             fault == WorkbookFault::ExcelNotInstalled;
+    return isNotOpened && IsOtherThanWorkbook(path);
+}
+
+WorkbookTable ReadTable(const CString& bookPath, const WorkbookColumns& columns, WorkbookSheet& sheet) {
     const std::string book = ToUtf8(bookPath) + ": ";
     if (IsFolder(bookPath))
         throw CommandError(ExitCode::UnreadableInput, book + "can't be read: it is a folder");
@@ -57,8 +64,10 @@ WorkbookTable ReadTable(const CString& bookPath, const WorkbookColumns& columns)
     const CString path = std::filesystem::absolute(bookPath.GetString()).make_preferred().c_str();
     WorkbookTable table;
     CString readerError;
-    const WorkbookFault fault = ReadWorkbook(path, columns, table, readerError);
+    const WorkbookFault fault = ReadWorkbook(path, columns, table, readerError, &sheet);
     if (fault == WorkbookFault::None) return table;
+    if (IsNoWorkbook(fault, path))
+        throw CommandError(ExitCode::UnreadableInput, book + "it is no workbook (.xlsx, .xls)");
     const bool isMissing = fault == WorkbookFault::ExcelNotInstalled ||
                            fault == WorkbookFault::ExcelNotStarted || fault == WorkbookFault::ReaderMissing;
     throw CommandError(isMissing ? ExitCode::NotPossible : ExitCode::UnreadableInput,
@@ -70,6 +79,14 @@ std::vector<std::string> MakeRow(const WorkbookTable& table, std::size_t row) {
     std::vector<std::string> cells{std::to_string(row + 1)};
     for (const auto& texts : table) cells.push_back(row < texts.size() ? Shortened(texts[row]) : "");
     return cells;
+}
+
+// "5 rows of the sheet \"Angles\"", and why there are none.
+std::string RowsText(std::size_t rowCount, const WorkbookSheet& sheet) {
+    std::string text = Count(rowCount, "row");
+    if (!sheet.strName.IsEmpty()) text += " of the sheet " + Quoted(sheet.strName);
+    if (!sheet.bHasCells) return text + ", which has no cells: it is a chart or a dialog";
+    return text + (rowCount ? "" : ": its cell A1 is empty, and column A says how many rows there are");
 }
 
 // Row by row: the lines of a whole sheet would take as much memory as the table again.
@@ -89,11 +106,13 @@ void PrintTable(const WorkbookColumns& columns, const WorkbookTable& table) {
 }
 
 // As PrintJson would, but cell by cell: all of them as JSON would take several times the table's memory.
-void PrintSheetAsJson(const std::string& book, const WorkbookColumns& columns, const WorkbookTable& table) {
+void PrintSheetAsJson(const std::string& book, const WorkbookSheet& sheet, const WorkbookColumns& columns,
+                      const WorkbookTable& table) {
     const auto quoted = [](const std::string& text) {
         return Json(text).dump(-1, ' ', false, Json::error_handler_t::replace);
     };
-    Print("{\n  \"version\": 1,\n  \"file\": " + quoted(book) + ",\n  \"columns\": [");
+    Print("{\n  \"version\": 1,\n  \"file\": " + quoted(book) + ",\n  \"sheet\": " +
+          (sheet.strName.IsEmpty() ? "null" : quoted(ToUtf8(sheet.strName))) + ",\n  \"columns\": [");
     for (std::size_t i = 0; i < columns.size(); ++i) {
         Print(i == 0 ? "\n    {" : ",\n    {");
         Print("\n      \"column\": " + quoted(ToUtf8(columns[i].c_str())) + ",\n      \"cells\": [");
@@ -109,11 +128,12 @@ void PrintSheetAsJson(const std::string& book, const WorkbookColumns& columns, c
 
 ExitCode PrintSheet(const SheetOptions& options) {
     const WorkbookColumns columns = ParseColumns(FromUtf8(options.columns));
-    const WorkbookTable table = ReadTable(FromUtf8(options.book), columns);
+    WorkbookSheet sheet;
+    const WorkbookTable table = ReadTable(FromUtf8(options.book), columns, sheet);
     if (options.isJson) {
-        PrintSheetAsJson(options.book, columns, table);
+        PrintSheetAsJson(options.book, sheet, columns, table);
     } else {
-        Print(options.book + ": " + Count(table.front().size(), "row") + "\n");
+        Print(options.book + ": " + RowsText(table.front().size(), sheet) + "\n");
         PrintTable(columns, table);
     }
     return ExitCode::Done;
@@ -123,8 +143,10 @@ ExitCode PrintSheet(const SheetOptions& options) {
 
 void AddSheet(CommandLine& commandLine) {
     const auto options = std::make_shared<SheetOptions>();
-    CLI::App& command = commandLine.Add("sheet", "Print what an import of a workbook's columns reads",
-                                        [options](const RuleModule&) { return PrintSheet(*options); });
+    CLI::App& command =
+        commandLine.Add("sheet", "Print what an import of a workbook's columns reads",
+                        {"mfxhost sheet angles.xlsx", "mfxhost sheet angles.xlsx --columns A,C --json"},
+                        [options](const RuleModule&) { return PrintSheet(*options); });
     AddFile(command, "BOOK", options->book, "Workbook to read; its folder gets a file MFX.log for a moment")
         ->required();
     command

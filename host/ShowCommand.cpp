@@ -1,6 +1,7 @@
 #include "Commands.h"
 #include "Console.h"
 #include "DocumentCheck.h"
+#include "DocumentFiles.h"
 #include "DocumentOutput.h"
 #include "RuleJson.h"
 #include "RuleTable.h"
@@ -23,7 +24,7 @@ void PrintTables(const RuleDocument& document) {
 
 // Findings when the document holds something that the module ignores.
 ExitCode Show(const RuleModule& module, const ShowOptions& options) {
-    const RuleDocument document(module, FromUtf8(options.file), PrintReadingProgress);
+    const RuleDocument document = ReadDocument(module, options.file);
     const std::vector<Finding> ignored = FindIgnoredContent(document);
     if (options.isJson)
         PrintJson(DocumentToJson(options.file, document, ignored));
@@ -38,7 +39,8 @@ void AddShow(CommandLine& commandLine) {
     const auto options = std::make_shared<ShowOptions>();
     CLI::App& command =
         commandLine.Add("show", "Print the rules, parameters and constraints of a rule document",
+                        {"mfxhost show rules.xml", "mfxhost show rules.xml --json"},
                         [options](const RuleModule& module) { return Show(module, *options); });
-    AddFile(command, "FILE", options->file, "Rule document to read")->required();
+    AddFile(command, "FILE", options->file, "Rule document to read; - for standard input")->required();
     command.add_flag("--json", options->isJson, "Print them as JSON");
 }

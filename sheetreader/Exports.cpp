@@ -1,13 +1,15 @@
-// The library's one export.
+// The library's exports.
 
 #include "FaultText.h"
 #include "NoThrow.h"
+#include "Workbook.h"
 #include "XlsxColumns.h"
 #include "XlsxReader.h"
 
 #include <zip.h>
 
 extern "C" __declspec(dllexport) ReadXlsxFunction ReadExcelAndFillTableColByCol;
+extern "C" __declspec(dllexport) DescribeSheetFunction DescribeActiveSheet;
 
 namespace {
 
@@ -32,4 +34,19 @@ bool ReadExcelAndFillTableColByCol(const std::wstring path, const WorkbookColumn
     });
     if (!bRead) NoThrow([&] { strError = LoadFaultText(WorkbookFault::NotOpened); });
     return bRead;
+}
+
+bool DescribeActiveSheet(const std::wstring& path, WorkbookSheet& sheet) {
+    bool bDone = false;
+    NoThrow([&] {
+        zip_source_t* const pSource = zip_source_win32w_create(path.c_str(), 0, 0, nullptr);
+        if (!pSource) return;
+        Workbook workbook(pSource);
+        sheet.bHasCells = workbook.FindActiveSheet().has_value();
+        std::wstring name;
+        ToWide(workbook.GetActiveSheetName(), name);
+        sheet.strName = name.c_str();
+        bDone = true;
+    });
+    return bDone;
 }

@@ -11,6 +11,7 @@ namespace {
 
 struct SheetEntry {
     std::string relationshipId;
+    std::string name;
     bool bVisible;
 };
 
@@ -30,8 +31,9 @@ void ReadEntry(const XmlScanner& xml, std::string_view name, SheetList& list) {
         const std::string_view state = xml.Attribute("state");
         std::string_view id = xml.Attribute("r:id");
         if (id.empty()) id = xml.PrefixedAttribute("id");  // nearly all writers call it r
-        list.sheets.push_back({std::string(id), state.empty() || state == "visible"});
-        list.nBytes += id.size();
+        const std::string_view sheetName = xml.Attribute("name");
+        list.sheets.push_back({std::string(id), std::string(sheetName), state.empty() || state == "visible"});
+        list.nBytes += id.size() + sheetName.size();
         if (list.sheets.size() > kMaxListEntries || list.nBytes > kMaxListBytes)
             throw std::runtime_error("too many sheets");
     }
@@ -63,9 +65,11 @@ std::optional<std::string> Workbook::FindActiveSheet() {
             xml.ForEachChild([&](std::string_view name) { ReadEntry(xml, name, list); });
     });
     xml.Finish();
-    const std::string& id = ActiveSheet(list).relationshipId;
-    const auto found = std::find_if(m_relationships.begin(), m_relationships.end(),
-                                    [&](const Relationship& relationship) { return relationship.id == id; });
+    const SheetEntry& active = ActiveSheet(list);
+    m_activeSheetName = active.name;
+    const auto found = std::find_if(
+        m_relationships.begin(), m_relationships.end(),
+        [&](const Relationship& relationship) { return relationship.id == active.relationshipId; });
     if (found == m_relationships.end()) throw std::runtime_error("no such sheet");
     if (found->type == "chartsheet" || found->type == "dialogsheet") return std::nullopt;
     return found->part;

@@ -17,6 +17,9 @@ class Workbook {
     // have no cells.
     std::optional<std::string> FindActiveSheet();
 
+    // Once it was looked for.
+    const std::string& GetActiveSheetName() const { return m_activeSheetName; }
+
     XmlScanner OpenPart(const std::string& part) { return m_package.OpenPart(part); }
     NumberFormats ReadNumberFormats();
 
@@ -26,5 +29,6 @@ class Workbook {
   private:
     Package m_package;
     std::string m_part;
+    std::string m_activeSheetName;
     std::vector<Relationship> m_relationships;
 };

@@ -14,6 +14,12 @@ using WorkbookColumns = std::vector<std::wstring>;
 // Texts of the cells, column by column, each from row 1 down. A column may be shorter than column "A".
 using WorkbookTable = std::vector<std::vector<CString>>;
 
+// The sheet that was read: the one that Excel shows on opening.
+struct WorkbookSheet {
+    CString strName;        // empty when it is not known
+    bool bHasCells = true;  // a chart has none
+};
+
 // Why a workbook was not read.
 enum class WorkbookFault : UINT {
     None = 0,

@@ -38,9 +38,9 @@ Members Range(Session& session, const std::wstring& address) {
 }
 
 Members Sheet(Session& session) {
-    return {{L"Range", kProperty, 1, [&session](const auto& address) {
-                 return NewObject(session, Range(session, address.bstrVal));
-             }}};
+    return {{L"Range", kProperty, 1,
+             [&session](const auto& address) { return NewObject(session, Range(session, address.bstrVal)); }},
+            {L"Name", kProperty, 0, [](const auto&) { return _variant_t(L"Sheet of Excel"); }}};
 }
 
 Members Workbook(Session& session) {

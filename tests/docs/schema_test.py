@@ -136,7 +136,7 @@ class SchemaTest(unittest.TestCase):
         sheet = [*emulator, self.folder / "bin" / pathlib.Path(program).name, "sheet", "b.xlsx", "--json"]
         outputs = [self.run_program(0, *sheet), self.run_program(0, *sheet, "--columns", "a,xfd")]
         self.validate_json("sheet.schema.json", outputs, [
-            ("version", 2), ("file", ""), ("columns", []), ("column", "a"), ("column", "1"), ("cells", [1])])
+            ("version", 2), ("file", ""), ("sheet", 1), ("columns", []), ("column", "a"), ("column", "1"), ("cells", [1])])
 
 
 if __name__ == "__main__":

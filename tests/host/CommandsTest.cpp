@@ -98,3 +98,22 @@ TEST_F(HostTest, TakesAnyPath) {
     Run({L"show", L"ない 𠮷.xml"}, 3, "", HasSubstr("ない 𠮷.xml: can't be read"));
     EXPECT_EQ(m_folder.Names().size(), 2u);
 }
+
+TEST_F(HostTest, ReadsStandardInputAndWritesStandardOutput) {
+    const std::wstring input = m_folder.Write(L"d.xml", m_sample);
+    const auto run = [&](const Arguments& arguments) {
+        return RunProcess(ProgramFolder() + L"\\mfxhost.exe", arguments, m_folder.Path(), 30000, nullptr,
+                          input);
+    };
+    const ProcessResult converted = run({L"convert", L"-", L"--length", L"in"});
+    Run({L"convert", L"d.xml", L"--length", L"in", L"-o", L"i.xml"}, 0, _, _);
+    EXPECT_EQ(converted.out, m_folder.Read(L"i.xml"));
+    EXPECT_THAT(converted.err, StartsWith("-: 1 rule converted from millimetres"));
+    const std::string same = run({L"convert", L"-", L"--length", L"mm"}).out;  // it is in these already
+    EXPECT_THAT(same, StartsWith("<?xml"));
+    EXPECT_THAT(m_sample, StartsWith(same));
+    EXPECT_EQ(run({L"diff", L"i.xml", L"-"}).nExitCode, 0);
+    EXPECT_EQ(run({L"check", L"-", L"i.xml"}).nExitCode, 0);
+    EXPECT_EQ(Run({L"new", L"-"}).out, m_folder.Read(Wide(MFX_SAMPLES "default-rules.xml")));
+    Run({L"show", L"-"}, 3, "", StartsWith("mfxhost: -: the file is empty"));
+}

@@ -4,6 +4,7 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <sstream>
 
 namespace fs = std::filesystem;
 using namespace testing;
@@ -84,8 +85,33 @@ TEST_F(FailuresTest, ExplainsItsUsage) {
     for (const auto& [arguments, reason] : kCases)
         Run(arguments, 2, "", AllOf(StartsWith("mfxhost: "), HasSubstr(reason)));
     EXPECT_EQ(m_folder.Read(L"d.xml"), m_sample);
-    Run({L"--help"}, 0, AllOf(HasSubstr("list "), HasSubstr("convert "), HasSubstr("Exit codes")), "");
-    Run({L"convert", L"--help"}, 0, AllOf(HasSubstr("--length"), HasSubstr("chinese-simplified")), "");
+    Run({L"help", L"open"}, 2, "", HasSubstr("\"open\" is not a command"));
+    Run({L"show", L"-", L"-"}, 2, "", _);
+    Run({L"check", L"-", L"-"}, 2, _, HasSubstr("only once"));
+}
+
+TEST_F(FailuresTest, TellsTheUsageOfEachCommand) {
+    Run({L"help"}, 0, AllOf(HasSubstr("convert "), HasSubstr("Exit codes"), HasSubstr("chinese-simp")), "");
+    const Arguments topics[] = {{},
+                                {L"list"},
+                                {L"new"},
+                                {L"show"},
+                                {L"check"},
+                                {L"diff"},
+                                {L"sheet"},
+                                {L"convert"},
+                                {L"configure"},
+                                {L"materials"},
+                                {L"materials", L"import"}};
+    for (Arguments topic : topics) {
+        topic.insert(topic.begin(), L"help");
+        const std::string help = Run(topic).out;
+        std::istringstream lines(help);
+        for (std::string line; std::getline(lines, line);) EXPECT_LE(line.size(), 80u) << line;
+        const std::string example = topic.size() > 1 ? Utf8(topic[1]) + " " : "";
+        EXPECT_THAT(help, HasSubstr("mfxhost " + example));
+    }
+    EXPECT_EQ(Run({L"materials", L"import", L"--help"}).out, Run({L"help", L"materials", L"import"}).out);
 }
 
 TEST_F(FailuresTest, LeavesATargetThatCannotBeWrittenWhole) {

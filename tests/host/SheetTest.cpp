@@ -23,7 +23,7 @@ struct SheetTest : HostTest {
 
 TEST_F(SheetTest, PrintsWhatAnImportReads) {
     Run({L"sheet", m_book}, 0,
-        "抜き 勾配.xls: 5 rows\n"
+        "抜き 勾配.xls: 5 rows of the sheet \"Sheet of Excel\"\n"
         "     A      B      C     D    E\n"
         "  1  H1     H2     A1    A2   A3\n"
         "  2  0      25     3     3    1.5\n"
@@ -33,14 +33,18 @@ TEST_F(SheetTest, PrintsWhatAnImportReads) {
         "");
     const ProcessResult run = Run({L"sheet", L".\\" + m_book, L"--columns", L"a,zz,d", L"--json"});
     EXPECT_EQ(std::regex_replace(run.out, std::regex("\\s"), ""),
-              R"({"version":1,"file":".\\抜き勾配.xls","columns":[)"
+              R"({"version":1,"file":".\\抜き勾配.xls","sheet":"SheetofExcel","columns":[)"
               R"({"column":"A","cells":["H1","0","25","50","101.6"]},{"column":"ZZ","cells":[]},)"
               R"({"column":"D","cells":["A2","3","2.5","1.5","1"]}]})");
     // A copy, for its folder gets a file for a moment.
     std::filesystem::copy_file(MFX_SAMPLES "second-sheet-active.xlsx", m_folder.Path(L"s.xlsx"));
-    Run({L"sheet", L"s.xlsx", L"--columns", L"A"}, 0, "s.xlsx: 1 row\n     A\n  1  second\n", "");
+    Run({L"sheet", L"s.xlsx", L"--columns", L"A"}, 0,
+        "s.xlsx: 1 row of the sheet \"Sheet 1\"\n     A\n  1  second\n", "");
     m_folder.Write(L"e.xls", "");
-    Run({L"sheet", L"e.xls", L"--columns", L"A"}, 0, "e.xls: 0 rows\n    A\n", "");
+    Run({L"sheet", L"e.xls", L"--columns", L"A"}, 0,
+        AllOf(StartsWith("e.xls: 0 rows of the sheet \"Sheet of Excel\": its cell A1 is empty"),
+              EndsWith("\n    A\n")),
+        "");
     EXPECT_THAT(m_folder.Names(), ElementsAre(L"e.xls", L"s.xlsx", m_book));
 }
 
@@ -57,7 +61,9 @@ TEST_F(SheetTest, TellsWhyAWorkbookCannotBeRead) {
     Run({L"sheet", m_book}, 3, "", reason("抜き 勾配.xls", "The workbook could not be opened."));
     CloseHandle(held);
     m_folder.Write(L"text.xlsx", "no workbook");
-    Run({L"sheet", L"text.xlsx"}, 3, "", reason("text.xlsx", "The workbook could not be opened."));
+    Run({L"sheet", L"text.xlsx"}, 3, "", reason("text.xlsx", "it is no workbook (.xlsx, .xls)"));
+    m_folder.Write(L"cut.xlsx", "PK\x03\x04");
+    Run({L"sheet", L"cut.xlsx"}, 3, "", reason("cut.xlsx", "The workbook could not be opened."));
     m_excel.FailAt(L"value", 8);
     Run({L"sheet", m_book}, 3, "", HasSubstr("a cell can't be read"));
     m_excel.FailAt(L"Quit");
@@ -65,7 +71,9 @@ TEST_F(SheetTest, TellsWhyAWorkbookCannotBeRead) {
     m_excel.FailAt(L"Create");
     Run({L"sheet", m_book, L"--lang", L"korean"}, 4, "", HasSubstr("Excel을 시작할 수 없습니다."));
     m_excel.Unregister();
-    Run({L"sheet", m_book}, 4, "", reason("抜き 勾配.xls", "Excel is not installed on this computer."));
+    Run({L"sheet", m_book}, 3, "", reason("抜き 勾配.xls", "it is no workbook (.xlsx, .xls)"));
+    std::filesystem::copy_file(MFX_SAMPLES "draft-angles.xls", m_folder.Path(L"angles.xls"));
+    Run({L"sheet", L"angles.xls"}, 4, "", reason("angles.xls", "Excel is not installed on this computer."));
     std::wstring very = L"A";
     for (int i = 0; i < 5000; ++i) very += L",B";
     for (const std::wstring& columns :

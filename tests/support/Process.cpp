@@ -27,13 +27,16 @@ static HANDLE OpenOutput(const std::wstring& path) {
 
 ProcessResult RunProcess(const std::wstring& program, const std::vector<std::wstring>& arguments,
                          const std::wstring& workFolder, unsigned long dwTimeoutMs,
-                         const std::function<void()>& untilKilled) {
+                         const std::function<void()>& untilKilled, const std::wstring& inputFile) {
     std::wstring commandLine = Quoted(program);
     for (const std::wstring& argument : arguments) commandLine += L' ' + Quoted(argument);
     const TempFolder output;
     STARTUPINFOW start{};
     start.cb = sizeof start;
     start.dwFlags = STARTF_USESTDHANDLES;
+    SECURITY_ATTRIBUTES inheritable{sizeof inheritable, nullptr, TRUE};
+    start.hStdInput = CreateFileW(inputFile.c_str(), GENERIC_READ, FILE_SHARE_READ, &inheritable,
+                                  OPEN_EXISTING, 0, nullptr);
     start.hStdOutput = OpenOutput(output.Path(L"out"));
     start.hStdError = OpenOutput(output.Path(L"err"));
     PROCESS_INFORMATION process{};
@@ -48,6 +51,7 @@ ProcessResult RunProcess(const std::wstring& program, const std::vector<std::wst
                                   workFolder.c_str(), &start, &process);
         dwError = GetLastError();
     }
+    CloseHandle(start.hStdInput);
     CloseHandle(start.hStdOutput);
     CloseHandle(start.hStdError);
     if (!bStarted)

@@ -11,11 +11,12 @@ struct ProcessResult {
 };
 
 // Runs a program with the arguments, each of which it receives exactly as given. A program that does not end
-// in time is killed, or at the given moment: when the function, which is called once it runs, returns. Throws
-// std::runtime_error when it can't be started.
+// in time is killed, or at the given moment: when the function, which is called once it runs, returns. Its
+// standard input is the file. Throws std::runtime_error when it can't be started.
 ProcessResult RunProcess(const std::wstring& program, const std::vector<std::wstring>& arguments,
                          const std::wstring& workFolder, unsigned long dwTimeoutMs = 30000,
-                         const std::function<void()>& untilKilled = nullptr);
+                         const std::function<void()>& untilKilled = nullptr,
+                         const std::wstring& inputFile = L"NUL");
 
 // Folder that the test program runs from.
 std::wstring ProgramFolder();

@@ -1,0 +1,49 @@
+#include "DocumentFiles.h"
+
+#include "Console.h"
+#include "ExitCode.h"
+#include "Text.h"
+
+#include <utility>
+
+namespace {
+
+void PrintReadingProgress(std::size_t done, std::size_t total) {
+    PrintProgress(done, total, "rule");
+}
+
+}  // namespace
+
+std::string ReadBytes(const std::string& file) {
+    if (file != kStandardStream) return ReadFileBytes(FromUtf8(file));
+    static bool isRead = false;
+    if (std::exchange(isRead, true))
+        throw CommandError(ExitCode::WrongUsage, "standard input (-) can be read only once");
+    return ReadStandardInput();
+}
+
+void WriteBytes(const std::string& file, const std::string& bytes) {
+    if (file == kStandardStream)
+        Print(bytes);
+    else
+        ReplaceFileBytes(FromUtf8(file), bytes);
+}
+
+RuleDocument ReadDocument(const RuleModule& module, const std::string& file) {
+    if (file != kStandardStream) return RuleDocument(module, FromUtf8(file), PrintReadingProgress);
+    return RuleDocument(module, FromUtf8(file), ReadBytes(file), PrintReadingProgress);
+}
+
+void SaveDocument(RuleDocument& document, const std::string& file) {
+    if (file == kStandardStream)
+        Print(document.ToUtf8());
+    else
+        document.Save(FromUtf8(file));
+}
+
+void PrintOutcome(const std::string& file, const std::string& text) {
+    if (file == kStandardStream)
+        PrintError(text);
+    else
+        Print(text);
+}

@@ -1,0 +1,22 @@
+// Rule documents where "-" stands for standard input and output.
+#pragma once
+
+#include "RuleDocument.h"
+
+#include <string>
+
+inline constexpr char kStandardStream[] = "-";
+
+// All of a file. Throws what ReadFileBytes throws, and CommandError when standard input is asked for twice.
+std::string ReadBytes(const std::string& file);
+
+// Replaces a file, or prints the bytes. Throws what ReplaceFileBytes throws.
+void WriteBytes(const std::string& file, const std::string& bytes);
+
+// Shows on the terminal how many rules have been read.
+RuleDocument ReadDocument(const RuleModule& module, const std::string& file);
+
+void SaveDocument(RuleDocument& document, const std::string& file);
+
+// Prints what became of a file: to standard error when the file itself went to standard output.
+void PrintOutcome(const std::string& file, const std::string& text);
