@@ -6,7 +6,6 @@
 #include <algorithm>
 #include <map>
 #include <set>
-#include <tuple>
 
 namespace {
 
@@ -15,6 +14,7 @@ struct RuleContent {
     std::string name;
     int ruleId = 0;  // 0 of a record that the module does not know
     std::vector<RuleValue> values = {};
+    std::string key = {};
 };
 
 // The units in which values are compared: masses in kilograms, whatever unit a rule keeps them in.
@@ -53,8 +53,10 @@ RuleContent ContentOf(const MfxXMLNode& unknownRecord) {
 
 std::vector<RuleContent> ContentsOf(const RuleDocument& document, const RuleUnits& to) {
     std::vector<RuleContent> contents;
-    for (const RuleDocument::Entry& entry : document.GetEntries())
+    for (const RuleDocument::Entry& entry : document.GetEntries()) {
         contents.push_back(entry.rule ? ContentOf(*entry.rule, to) : ContentOf(*entry.record));
+        contents.back().key = entry.key;
+    }
     return contents;
 }
 
@@ -64,8 +66,10 @@ std::vector<RuleContent> DefaultsFor(const RuleDocument& document, const RuleUni
     std::vector<RuleContent> contents;
     for (const RuleDocument::Entry& entry : document.GetEntries())
         for (const RulePtr& rule : fresh)
-            if (entry.rule && rule->GetRuleId() == entry.rule->GetRuleId())
+            if (entry.rule && rule->GetRuleId() == entry.rule->GetRuleId()) {
                 contents.push_back(ContentOf(*rule, to));
+                contents.back().key = entry.key;
+            }
     return contents;
 }
 
@@ -80,24 +84,21 @@ std::set<std::string> ConstraintsOnlyIn(const RuleContent& first, const RuleCont
     return constraints;
 }
 
-using NumberedContents = std::map<std::tuple<int, std::string, int>, const RuleContent*>;
+// In the order of rule ids; records that the module does not know come first.
+using ContentsByKey = std::map<std::pair<int, std::string>, const RuleContent*>;
 
-// Each rule with its kind and its number among those of its kind.
-NumberedContents NumberByKind(const std::vector<RuleContent>& contents) {
-    NumberedContents numbered;
-    std::map<std::pair<int, std::string>, int> counts;
-    for (const RuleContent& content : contents)
-        numbered[{content.ruleId, content.name, ++counts[{content.ruleId, content.name}]}] = &content;
-    return numbered;
+ContentsByKey SortByKey(const std::vector<RuleContent>& contents) {
+    ContentsByKey sorted;
+    for (const RuleContent& content : contents) sorted[{content.ruleId, content.key}] = &content;
+    return sorted;
 }
 
 class Comparer {
   public:
-    // Rules are compared with the rule of the same kind and number: the second draft angle rule with the
-    // second one.
+    // Rules are compared with the rule of the same key: the second draft angle rule with the second one.
     std::vector<Difference> Compare(const std::vector<RuleContent>& left,
                                     const std::vector<RuleContent>& right) {
-        const NumberedContents lefts = NumberByKind(left), rights = NumberByKind(right);
+        const ContentsByKey lefts = SortByKey(left), rights = SortByKey(right);
         for (const auto& [key, content] : lefts) {
             m_rule = content;
             const auto found = rights.find(key);
@@ -118,7 +119,7 @@ class Comparer {
                   std::optional<RuleValue> right) {
         m_differences.push_back({.rule = m_rule->name,
                                  .ruleId = m_rule->ruleId,
-                                 .key = constraint,
+                                 .key = m_rule->key + (constraint.empty() ? "" : "/" + constraint),
                                  .constraint = constraint,
                                  .label = label,
                                  .left = std::move(left),
@@ -129,7 +130,7 @@ class Comparer {
         const RuleValue& value = left ? *left : *right;
         m_differences.push_back({.rule = m_rule->name,
                                  .ruleId = m_rule->ruleId,
-                                 .key = value.key,
+                                 .key = m_rule->key + "/" + value.key,
                                  .paramId = value.location.paramId,
                                  .constraint = value.constraint,
                                  .label = value.label,

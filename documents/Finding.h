@@ -13,6 +13,7 @@ struct Finding {
     int line = 0;                           // in the document; 0 where none can be named
     int entry = -1;                         // of the document's entries; -1 when it is not about one
     RecordLocation location = {};           // in the entry's record
+    std::string place = {};                 // ValueKey.h; of a value or of what is around it; may be empty
     int ruleId = 0;                         // 0 when no rule of the module was recognised
     std::string rule = {};                  // name in the user's language, or as the record says it
     std::string parameter = {};             // its name, where the rule knows it

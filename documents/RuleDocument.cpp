@@ -141,6 +141,8 @@ void RuleDocument::ReadRules(const MfxXMLNode& root, const ReadingProgress& prog
 }
 
 void RuleDocument::Add(Entry entry) {
+    entry.key = m_keys.Next(entry.rule ? std::to_string(entry.rule->GetRuleId())
+                                       : KeyOfName(::ToUtf8(entry.record->GetAttribute(kNameAttribute))));
     m_entryOfRecord.emplace(*entry.record, m_entries.size());
     m_entries.push_back(std::move(entry));
 }

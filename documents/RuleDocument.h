@@ -6,6 +6,7 @@
 #include "RecordLocation.h"
 #include "RecordUpdate.h"
 #include "RuleModule.h"
+#include "ValueKey.h"
 
 #include <functional>
 #include <map>
@@ -32,6 +33,7 @@ class RuleDocument {
         std::unique_ptr<MfxXMLNode> record;
         RulePtr rule;  // null when no rule of the module was recognised
         int line = 0;
+        std::string key = {};  // ValueKey.h
     };
 
     // A document without rules, in millimetres and degrees.
@@ -107,4 +109,5 @@ class RuleDocument {
     UnitPair m_units;
     std::vector<Entry> m_entries;
     std::map<MfxXMLNode, std::size_t> m_entryOfRecord;
+    KeyCounter m_keys;
 };

@@ -2,6 +2,7 @@
 
 #include "DraftTableCheck.h"
 #include "Text.h"
+#include "ValueKey.h"
 #include "ValueText.h"
 
 #include <algorithm>
@@ -22,13 +23,14 @@ class ValueLister {
     explicit ValueLister(const CMfxRule& rule) : m_rule(rule), m_units(UnitsOf(rule)) {}
 
     std::vector<RuleValue> List() {
-        AddWord("status", "status", std::to_string(m_rule.m_nStatus));
-        AddWord("severity", "severity", std::to_string(m_rule.m_nSeverity));
+        AddWord("status", "status", std::to_string(m_rule.m_nStatus), ValueKind::Status);
+        AddWord("severity", "severity", std::to_string(m_rule.m_nSeverity), ValueKind::Severity);
         AddParameters(m_rule.m_paramArray);
+        const std::vector<std::string> keys = ConstraintKeys(m_rule);
         for (const CMFXConstraint* constraint : m_rule.m_constraintArray) {
             m_constraint = NumberedName(*constraint);
-            ++m_location.constraint;
-            AddWord("active", "active", constraint->m_bActive ? "yes" : "no");
+            m_constraintKey = keys[static_cast<std::size_t>(++m_location.constraint)];
+            AddWord("active", "active", constraint->m_bActive ? "yes" : "no", ValueKind::ConstraintActive);
             AddParameters(constraint->m_paramArray);
         }
         return std::move(m_values);
@@ -44,28 +46,30 @@ class ValueLister {
     }
 
     // The value's key is what it is of, and the rest.
-    RuleValue& Add(const std::string& key, const std::string& label, ValueContent content) {
-        std::string whole = m_constraint;
+    RuleValue& Add(const std::string& key, const std::string& label, ValueContent content, ValueKind kind) {
+        std::string whole = m_constraintKey;
         if (m_location.paramId) whole += (whole.empty() ? "" : "/") + std::to_string(m_location.paramId);
         if (!key.empty()) whole += (whole.empty() ? "" : "/") + key;
         return m_values.emplace_back(RuleValue{.key = std::move(whole),
                                                .constraint = m_constraint,
                                                .label = label,
                                                .content = std::move(content),
-                                               .location = m_location});
+                                               .location = m_location,
+                                               .kind = kind});
     }
 
-    void AddWord(const std::string& key, const std::string& label, const std::string& word, int row = 0) {
-        Add(key, label, word).row = row;
+    void AddWord(const std::string& key, const std::string& label, const std::string& word, ValueKind kind) {
+        Add(key, label, word, kind);
     }
 
-    void AddNumber(const std::string& key, const std::string& label, int row, Quantity quantity,
-                   ValueContent content, double roundingError) {
-        RuleValue& value = Add(key, label, std::move(content));
+    RuleValue& AddNumber(const std::string& key, const std::string& label, int row, Quantity quantity,
+                         ValueContent content, ValueKind kind) {
+        RuleValue& value = Add(key, label, std::move(content), kind);
         value.row = row;
         value.quantity = quantity;
-        value.roundingError = roundingError;
+        value.roundingError = kind == ValueKind::Number ? 0.0 : kHalfOfSixthDecimal;
         if (std::holds_alternative<double>(value.content)) value.unit = UnitSymbol(quantity, m_units);
+        return value;
     }
 
     void AddParameters(const MfxParamArray& params) {
@@ -77,7 +81,7 @@ class ValueLister {
     }
 
     void AddParameter(const CMfxParamStorage& storage, const std::string& label) {
-        AddWord("active", label + ", active", storage.m_bStatus ? "yes" : "no");
+        AddWord("active", label + ", active", storage.m_bStatus ? "yes" : "no", ValueKind::ParameterActive);
         if (storage.GetType() == TypeDouble)
             AddNumbers(storage, label);
         else if (storage.GetType() == TypeTableRow)
@@ -90,13 +94,17 @@ class ValueLister {
         AddDeviations(storage.m_absoluteValue, label, "absolute value", quantity);
     }
 
+    // Bands have rows. Of other numbers there is one, but for older records.
     void AddNumbers(const CMfxParamStorage& storage, const std::string& label) {
         const MfxArray<double>& values = storage.GetValues<double>();
-        const bool isNumbered = values.GetCount() > 1 || !m_constraint.empty();
-        for (int i = 0; i < values.GetCount(); ++i)
-            AddNumber(isNumbered ? std::to_string(i + 1) : "", label, isNumbered ? i + 1 : 0,
-                      QuantityOfParameter(storage.m_nParamId),
-                      ContentOfNumber(values[i], IsBandParameter(storage.m_nParamId)), 0.0);
+        const bool isOfBand = IsBandParameter(storage.m_nParamId);
+        for (int i = 0; i < values.GetCount(); ++i) {
+            const int row = isOfBand || i > 0 ? i + 1 : 0;
+            m_location.row = i + 1;
+            AddNumber(row ? std::to_string(row) : "", label, row, QuantityOfParameter(storage.m_nParamId),
+                      ContentOfNumber(values[i], isOfBand), ValueKind::Number);
+        }
+        m_location.row = 0;
     }
 
     void AddBands(const MfxArray<MfxTableRow>& rows) {
@@ -105,7 +113,8 @@ class ValueLister {
             const std::size_t cells = std::min<std::size_t>(rows[i].cells.size(), DraftCell::Count);
             for (std::size_t cell = 0; cell < cells; ++cell)
                 AddNumber(std::to_string(i + 1) + "/" + kBandColumnKeys[cell], kBandColumnNames[cell], i + 1,
-                          QuantityOfDraftCell(cell), ContentOfCell(rows[i], cell), kHalfOfSixthDecimal);
+                          QuantityOfDraftCell(cell), ContentOfCell(rows[i], cell), ValueKind::Cell)
+                    .cell = cell;
         }
         m_location.row = 0;
     }
@@ -113,9 +122,19 @@ class ValueLister {
     template <class Values>
     void AddTexts(const Values& values, const std::string& label) {
         for (int i = 0; i < values.GetCount(); ++i) {
-            const int row = values.GetCount() > 1 ? i + 1 : 0;
-            AddWord(row ? std::to_string(row) : "", label, ToUtf8(ToText(values[i])), row);
+            m_location.row = i + 1;
+            const int row = i > 0 ? i + 1 : 0;
+            RuleValue& value =
+                Add(row ? std::to_string(row) : "", label, ToUtf8(ToText(values[i])), ValueKind::Text);
+            value.row = row;
         }
+        m_location.row = 0;
+    }
+
+    // "percent deviation" becomes "percent-deviation".
+    static std::string KeyOfKind(std::string kind) {
+        std::ranges::replace(kind, ' ', '-');
+        return kind;
     }
 
     // Of the result criteria; a second number of 0 or less is not given.
@@ -126,25 +145,34 @@ class ValueLister {
             const std::string severity = severityCode == SeverityWarning ? "warning"
                                          : severityCode == SeverityInfo  ? "info"
                                                                          : "unknown";
-            const std::string name = kind + ", " + severity;
-            const std::string entry = label + ", " + name, key = std::to_string(++row) + "/" + name;
+            const std::string entry = label + ", " + kind + ", " + severity;
+            const std::string key = KeyOfKind(kind) + "/" + std::to_string(++row) + "/" + severity;
             AddNumber(key, entry, row, quantity, ContentOfNumber(deviation.first, false),
-                      kHalfOfSixthDecimal);
+                      ValueKind::Deviation);
             if (deviation.second > 0.0)
-                AddNumber(key + ", second", entry + ", second", row, quantity,
-                          ContentOfNumber(deviation.second, false), kHalfOfSixthDecimal);
+                AddNumber(key + "/second", entry + ", second", row, quantity,
+                          ContentOfNumber(deviation.second, false), ValueKind::Deviation);
         }
     }
 
     const CMfxRule& m_rule;
     const RuleUnits m_units;
-    std::string m_constraint;   // the one being listed
+    std::string m_constraint;  // the one being listed
+    std::string m_constraintKey;
     RecordLocation m_location;  // of the value being listed
     std::map<std::string, int> m_constraintCounts;
     std::vector<RuleValue> m_values;
 };
 
 }  // namespace
+
+std::vector<std::string> ConstraintKeys(const CMfxRule& rule) {
+    KeyCounter counter;
+    std::vector<std::string> keys;
+    for (const CMFXConstraint* constraint : rule.m_constraintArray)
+        keys.push_back(counter.Next(KeyOfName(ToUtf8(constraint->m_strName))));
+    return keys;
+}
 
 std::vector<RuleValue> ListRuleValues(const CMfxRule& rule) {
     return ValueLister(rule).List();
@@ -193,6 +221,7 @@ std::string UnitOfParameter(const CMfxParamStorage& storage, const CMfxRule& rul
 std::array<BandColumn, 5> BandColumns(const CMfxRule& rule) {
     std::array<BandColumn, 5> columns;
     for (std::size_t cell = 0; cell < columns.size(); ++cell)
-        columns[cell] = {kBandColumnNames[cell], UnitSymbol(QuantityOfDraftCell(cell), UnitsOf(rule))};
+        columns[cell] = {kBandColumnKeys[cell], kBandColumnNames[cell],
+                         UnitSymbol(QuantityOfDraftCell(cell), UnitsOf(rule))};
     return columns;
 }

@@ -10,11 +10,12 @@
 #include <string_view>
 #include <vector>
 
-// One value of a rule: what it is, and what it is set to. The key names the value in its rule, the same in
-// every language: "status", "10067", "Steel/10068/active", "29183/2/to" for row 2 of the table's column "to",
-// "Steel/29120/3" for the third value of a list.
+// What kind of place a value has in its rule.
+enum class ValueKind { Status, Severity, ConstraintActive, ParameterActive, Number, Text, Cell, Deviation };
+
+// One value of a rule: what it is, and what it is set to.
 struct RuleValue {
-    std::string key = {};
+    std::string key = {};  // names the value in its rule, without the rule's own key: ValueKey.h
     std::string constraint =
         {};                  // the constraint's name, numbered if not the only one; empty for the rule's own
     std::string label = {};  // in the user's language: "Minimum wall thickness", "angle 1"
@@ -24,10 +25,15 @@ struct RuleValue {
     ValueContent content = {};
     double roundingError = 0.0;  // the largest of the number's text form, in its unit
     RecordLocation location = {};
+    ValueKind kind = ValueKind::Text;
+    std::size_t cell = 0;  // of a Cell its column
 };
 
 // What a user sets in a rule, in the rule's order: status, severity, parameters and constraints.
 std::vector<RuleValue> ListRuleValues(const CMfxRule& rule);
+
+// The keys of a rule's constraints, in their order.
+std::vector<std::string> ConstraintKeys(const CMfxRule& rule);
 
 // The same value in other units.
 RuleValue ConvertValue(RuleValue value, const RuleUnits& from, const RuleUnits& to);
@@ -56,6 +62,6 @@ std::string UnitOfParameter(const CMfxParamStorage& storage, const CMfxRule& rul
 
 // A column of the draft angle table.
 struct BandColumn {
-    std::string name, unit;
+    std::string key, name, unit;
 };
 std::array<BandColumn, 5> BandColumns(const CMfxRule& rule);

@@ -76,7 +76,7 @@ Json ReportToJson(const FileReport& report) {
 // Every file is checked, even when another one can't be read. UnreadableInput when a file could not be read,
 // otherwise Findings when something was found or a file has no rule to check.
 ExitCode CheckFiles(const RuleModule& module, const CheckOptions& options) {
-    constexpr int kJsonVersion = 1;
+    constexpr int kJsonVersion = 2;
     Json json{{"version", kJsonVersion}, {"files", Json::array()}};
     bool isUnreadable = false, isFound = false;
     for (std::size_t i = 0; i < options.files.size(); ++i) {

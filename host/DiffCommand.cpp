@@ -59,7 +59,7 @@ std::string UnitOf(const Difference& difference) {
 Json DifferenceToJson(const Difference& difference) {
     Json json{{"rule", difference.rule},
               {"ruleId", difference.ruleId ? Json(difference.ruleId) : Json(nullptr)}};
-    json["key"] = TextOrNull(difference.key);
+    json["key"] = difference.key;
     json["parameter"] = difference.paramId ? Json(difference.paramId) : Json(nullptr);
     json["constraint"] = TextOrNull(difference.constraint);
     json["value"] = difference.label;
@@ -71,7 +71,7 @@ Json DifferenceToJson(const Difference& difference) {
 }
 
 void PrintAsJson(const DiffResult& result) {
-    constexpr int kJsonVersion = 1;
+    constexpr int kJsonVersion = 2;
     PrintJson({{"version", kJsonVersion},
                {"left", result.left},
                {"right", result.right},

@@ -24,6 +24,7 @@ Json FindingToJson(const Finding& finding) {
               {"rule", finding.rule}};
     json["ruleId"] = finding.ruleId ? Json(finding.ruleId) : Json(nullptr);
     json["parameter"] = finding.location.paramId ? Json(finding.location.paramId) : Json(nullptr);
+    json["place"] = TextOrNull(finding.place);
     json["text"] = FindingText(finding);
     return json;
 }

@@ -29,7 +29,7 @@ Json RowToJson(const MfxTableRow& row) {
     return cells;
 }
 Json ColumnToJson(const BandColumn& column) {
-    return {{"name", column.name}, {"unit", column.unit}};
+    return {{"key", column.key}, {"name", column.name}, {"unit", column.unit}};
 }
 
 Json ToJson(const CMfxParamStorage& storage, const CMfxRule& rule) {
@@ -61,11 +61,19 @@ Json ToJson(const CMFXConstraint& constraint, const CMfxRule& rule) {
             {"parameters", ToJson(constraint.m_paramArray, rule)}};
 }
 
+Json ToJson(const RuleValue& value, const std::string& ruleKey) {
+    return {{"key", ruleKey + "/" + value.key},
+            {"label", value.label},
+            {"unit", TextOrNull(value.unit)},
+            {"value", ToJson(value.content)}};
+}
+
 // What the record itself says of a rule is there also when the module does not know the rule.
 Json RuleToJson(const RuleDocument::Entry& entry) {
     const CString name = entry.record->GetAttribute(kNameAttribute);
     const CMfxRule* rule = entry.rule.get();
-    Json json{{"line", entry.line}, {"rule", ToUtf8(rule ? rule->m_strDisplayName : name)}};
+    Json json{
+        {"key", entry.key}, {"line", entry.line}, {"rule", ToUtf8(rule ? rule->m_strDisplayName : name)}};
     json["ruleId"] = rule ? Json(rule->GetRuleId()) : Json(nullptr);
     json["recognised"] = rule != nullptr;
     json["recordName"] = ToUtf8(name);
@@ -77,6 +85,8 @@ Json RuleToJson(const RuleDocument::Entry& entry) {
     json["parameters"] = ToJson(rule->m_paramArray, *rule);
     json["constraints"] =
         ToArray(rule->m_constraintArray, [&](const auto* constraint) { return ToJson(*constraint, *rule); });
+    json["values"] =
+        ToArray(ListRuleValues(*rule), [&](const RuleValue& value) { return ToJson(value, entry.key); });
     return json;
 }
 
@@ -84,7 +94,7 @@ Json RuleToJson(const RuleDocument::Entry& entry) {
 
 Json DocumentToJson(const std::string& file, const RuleDocument& document,
                     const std::vector<Finding>& findings) {
-    constexpr int kJsonVersion = 1;
+    constexpr int kJsonVersion = 2;
     return {{"version", kJsonVersion},
             {"file", file},
             {"units", UnitsToJson(document.GetUnits())},

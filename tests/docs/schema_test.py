@@ -106,8 +106,8 @@ class SchemaTest(unittest.TestCase):
         self.write_changed("<Value>6<", "<Value>1e999<")
         outputs.append(self.run_host(1, "show", "changed.xml", "--json", "--lang", "korean"))
         self.validate_json("show.schema.json", outputs, [
-            ("version", 2), ("length", "km"), ("angle", ""), ("line", 0), ("ruleId", "19010"), ("recognised", 1),
-            ("status", "0"), ("active", "yes"), ("unit", "deg"), ("values", 6), ("values", [True]), ("rows", [1])])
+            ("version", 1), ("length", "km"), ("angle", ""), ("line", 0), ("ruleId", "19010"), ("recognised", 1),
+            ("status", "0"), ("active", "yes"), ("unit", "deg"), ("values", 6), ("values", [True]), ("rows", [1]), ("label", "")])
 
     def test_check(self):
         self.write_changed("<Value>16<", "<Value>1<")
@@ -115,14 +115,14 @@ class SchemaTest(unittest.TestCase):
                    self.run_host(3, "check", "none.xml", "changed.xml", *SAMPLES, "--json", "--lang", "french")]
         self.validate_json("check.schema.json", outputs, [
             ("version", "1"), ("files", []), ("unreadable", ""), ("length", "mile"), ("line", -1), ("text", ""),
-            ("rulesChecked", 1.5), ("key", "Unknown rule"), ("severity", "fatal"), ("ruleId", 0), ("parameter", "10067")])
+            ("rulesChecked", 1.5), ("key", "Unknown rule"), ("severity", "fatal"), ("ruleId", 0), ("parameter", "10067"), ("place", "")])
 
     def test_diff(self):
         outputs = [self.run_host(int(name != SAMPLES[0]), "diff", SAMPLES[0], name, "--json") for name in SAMPLES]
         outputs.append(self.run_host(1, "diff", "draft-angle-inches.xml", "--defaults", "--json"))
         self.validate_json("diff.schema.json", outputs, [
             ("version", 0), ("differences", None), ("ruleId", 0), ("constraint", 1), ("row", 0), ("unit", "lb"),
-            ("left", 1), ("right", ["-"]), ("value", "")])
+            ("left", 1), ("right", ["-"]), ("value", ""), ("key", None)])
 
     def test_sheet(self):
         # A copy of the program, with the tests' own reader of .xlsx workbooks beside it.

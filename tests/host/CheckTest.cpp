@@ -96,7 +96,7 @@ TEST_F(CheckTest, NamesWhatIsUnusual) {
     m_folder.Write(L"d.xml", Document(kRow));
     Run({L"check", L"d.xml", L"--severity", L"error"}, 0, "", "");
     Run({L"check", L"d.xml", L"--severity", L"Warning", L"--json"}, 1,
-        AllOf(HasSubstr("\"version\": 1"), HasSubstr("\"length\": \"mm\""), HasSubstr("\"line\": 2"),
+        AllOf(HasSubstr("\"version\": 2"), HasSubstr("\"length\": \"mm\""), HasSubstr("\"line\": 2"),
               HasSubstr("\"ruleId\": 19040"), HasSubstr("\"rulesChecked\": 1"),
               HasSubstr("\"key\": \"missing-rule-number\"")),
         "");

@@ -71,13 +71,15 @@ TEST_F(HostTest, ShowsADocumentAsJson) {
         show(Document(row, R"(<Rule Name="Bend" Module="Other"/>)")),
         AllOf(
             HasSubstr(
-                R"({"line": 1,"rule": "Bend","ruleId": null,"recognised": false,"recordName": "Bend",)"
-                R"("module": "Other"},{"line": 2,"rule": "可変抜き勾配","ruleId": 19040,"recognised": true,)"
+                R"({"key": "Bend","line": 1,"rule": "Bend","ruleId": null,"recognised": false,"recordName": "Bend",)"
+                R"("module": "Other"},{"key": "19040","line": 2,"rule": "可変抜き勾配","ruleId": 19040,"recognised": true,)"
                 R"("recordName": "Variable Draft Angle",)"),
-            HasSubstr(R"({"name": "to","unit": "mm"},{"name": "angle 1","unit": "deg"})"),
+            HasSubstr(
+                R"({"key": "to","name": "to","unit": "mm"},{"key": "angle1","name": "angle 1","unit": "deg"})"),
             HasSubstr(R"("rows": [[0.5,"no limit",null,"1.2.3"]])"),
-            HasSubstr(R"({"key": "number-misread","severity": "error","line": 5,"rule": "可変抜き勾配",)"
-                      R"("ruleId": 19040,"parameter": 29183,"text": "Attribute4: \"1.2.3\" is not)")));
+            HasSubstr(
+                R"({"key": "number-misread","severity": "error","line": 5,"rule": "可変抜き勾配",)"
+                R"("ruleId": 19040,"parameter": 29183,"place": "19040/29183","text": "Attribute4: \"1.2.3\" is not)")));
     const std::string metres = m_folder.Read(Wide(MFX_SAMPLES "size-and-weight-metres.xml"));
     EXPECT_THAT(show(Replaced(Replaced(metres, ">0.6<", ">1e999<"), "9\" Status=\"1", "9\" Status=\"0")),
                 AllOf(HasSubstr(R"("constraints": [{"constraint": "Steel","active": true)"),

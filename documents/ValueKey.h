@@ -1,0 +1,37 @@
+// Keys of rules, constraints and values: the same in every language and version.
+//
+//   19010                  a rule by its id; 19010#2 is the second one of that id
+//   19010/status           the rule's own status
+//   19010/10067            the number of a parameter, by the parameter's id; 19010/10067/2 is the second one
+//   19010/10067/active     whether the parameter is active
+//   19010/Steel            a constraint by its name; Steel#2 is the second one of that name
+//   19010/Steel/10068      a parameter of a constraint
+//   19020/Steel/29120/3    row 3 of a list of bands
+//   19040/29183/2/to       row 2 of a table, column "to"
+//
+// Names are written as they are, but for the characters / # % = and control characters, which become %2F and
+// the like. So does the first character of a name that could be taken for something else: of a number,
+// "status" or "severity". A constraint without a name is called %.
+#pragma once
+
+#include <map>
+#include <string>
+#include <string_view>
+
+// A name as it stands in keys.
+std::string KeyOfName(std::string_view name);
+
+// The name that stands in a key; nothing else is understood than what KeyOfName writes.
+std::string NameOfKey(std::string_view key);
+
+// Tells keys of the same name apart: "Steel", "Steel#2".
+class KeyCounter {
+  public:
+    std::string Next(const std::string& key) {
+        const int count = ++m_counts[key];
+        return count > 1 ? key + "#" + std::to_string(count) : key;
+    }
+
+  private:
+    std::map<std::string, int> m_counts;
+};
