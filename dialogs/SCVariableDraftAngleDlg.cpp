@@ -1,6 +1,7 @@
 #include "SCVariableDraftAngleDlg.h"
 
 #include "DialogTexts.h"
+#include "DraftSheetTexts.h"
 #include "DraftTableTexts.h"
 #include "LengthUnitCombo.h"
 #include "NumberText.h"

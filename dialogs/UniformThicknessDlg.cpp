@@ -3,6 +3,7 @@
 #include "DialogTexts.h"
 #include "LengthUnitCombo.h"
 #include "MaterialChoices.h"
+#include "MaterialLimitsTexts.h"
 #include "MaterialTables.h"
 #include "NumberText.h"
 #include "RuleDialogs.h"
@@ -16,19 +17,6 @@
 namespace {
 
 constexpr std::size_t kRows = 200;
-
-UINT TextOf(MaterialLimitsFlaw flaw) {
-    switch (flaw) {
-        case MaterialLimitsFlaw::NoMaterial:
-            return IDS_UNIFORM_ROW_NO_MATERIAL;
-        case MaterialLimitsFlaw::NoPositiveNumber:
-            return IDS_UNIFORM_ROW_NO_NUMBER;
-        case MaterialLimitsFlaw::MinimumAboveMaximum:
-            return IDS_UNIFORM_ROW_ORDER;
-        default:
-            return IDS_UNIFORM_ROW_TWICE;
-    }
-}
 
 }  // namespace
 
@@ -217,9 +205,7 @@ bool CMFXUniformThicknessDlg::CheckMaterials(MaterialLimitsResult& result) {
 
 // Then the cursor stands in the cell at fault.
 void CMFXUniformThicknessDlg::ShowFlaw(const MaterialLimitsResult& result) {
-    CString strRow;
-    strRow.Format(L"%d", result.nRow);
-    ShowMessage(FormattedText(TextOf(result.flaw), strRow), MB_ICONINFORMATION);
+    ShowMessage(MaterialFlawText(result), MB_ICONINFORMATION);
     if (result.column == MaterialColumn::Material)
         m_gridMaterials.BeginComboEdit(result.nRow - 1, result.column, CMFXListCtrl::kTextLimit);
     else

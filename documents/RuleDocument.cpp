@@ -3,6 +3,7 @@
 #include "DocumentError.h"
 #include "ParameterXml.h"
 #include "RecordNames.h"
+#include "RuleParameters.h"
 #include "Text.h"
 #include "Units.h"
 #include "XmlNumber.h"
@@ -206,6 +207,25 @@ void RuleDocument::ConvertUnits(const UnitPair& units) {
         UpdateRecordOf(entry, ConstraintStatus::OfRecord);
         entry.rule = MakeRule(*entry.record);
     }
+}
+
+void RuleDocument::StoreRule(const Entry& entry) {
+    const WritingScope writing(m_module, *m_pXml);
+    UpdateRecordOf(entry, ConstraintStatus::OfRule);
+}
+
+void RuleDocument::AddConstraint(const Entry& entry, const CString& name) {
+    StoreRule(entry);
+    const std::unique_ptr<MfxXMLNode> element(m_pXml->CreateNode(kConstraintTag));
+    element->AddAttribute(kTypeAttribute, FormatInteger(ConstraintByMaterial));
+    element->AddAttribute(kConstraintNameAttribute, name);
+    element->AddAttribute(kStatusAttribute, L"1");
+    entry.record->AppendNode(element.get());
+    m_entries[static_cast<std::size_t>(&entry - m_entries.data())].rule = MakeRule(*entry.record);
+    const auto& constraints = entry.rule->m_constraintArray;
+    for (const MfxParamRecord& record : constraints[constraints.GetCount() - 1]->m_paramArray)
+        if (!IsBandParameter(record.m_pStorage->m_nParamId))
+            record.m_pStorage->GetValues<double>().SetFirst(0.0);
 }
 
 bool RuleDocument::ConfigureRule(const Entry& entry) {

@@ -64,6 +64,12 @@ class RuleDocument {
     // its record up to date. Whether anything changed.
     bool ConfigureRule(const Entry& entry);
 
+    // Brings the record of a rule up to date after its values were changed.
+    void StoreRule(const Entry& entry);
+
+    // Stores the rule, gives it an active constraint of that name without values, and makes it again.
+    void AddConstraint(const Entry& entry, const CString& name);
+
     // Line of the element's start tag, from 1; 0 for an element that was created later.
     int GetLine(const MfxXMLNode& element) const { return m_pXml->GetLine(element); }
 

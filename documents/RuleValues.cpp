@@ -140,6 +140,7 @@ class ValueLister {
     // Of the result criteria; a second number of 0 or less is not given.
     void AddDeviations(const MfxSeverityMap& map, const std::string& label, const std::string& kind,
                        Quantity quantity) {
+        const std::size_t cell = kind.starts_with("percent") ? 0 : kind == "absolute deviation" ? 2 : 4;
         int row = 0;
         for (const auto& [severityCode, deviation] : map) {
             const std::string severity = severityCode == SeverityWarning ? "warning"
@@ -148,10 +149,12 @@ class ValueLister {
             const std::string entry = label + ", " + kind + ", " + severity;
             const std::string key = KeyOfKind(kind) + "/" + std::to_string(++row) + "/" + severity;
             AddNumber(key, entry, row, quantity, ContentOfNumber(deviation.first, false),
-                      ValueKind::Deviation);
+                      ValueKind::Deviation)
+                .cell = cell;
             if (deviation.second > 0.0)
                 AddNumber(key + "/second", entry + ", second", row, quantity,
-                          ContentOfNumber(deviation.second, false), ValueKind::Deviation);
+                          ContentOfNumber(deviation.second, false), ValueKind::Deviation)
+                    .cell = cell + 1;
         }
     }
 

@@ -26,7 +26,7 @@ struct RuleValue {
     double roundingError = 0.0;  // the largest of the number's text form, in its unit
     RecordLocation location = {};
     ValueKind kind = ValueKind::Text;
-    std::size_t cell = 0;  // of a Cell its column
+    std::size_t cell = 0;  // of a Cell its column, of a Deviation its map and member
 };
 
 // What a user sets in a rule, in the rule's order: status, severity, parameters and constraints.

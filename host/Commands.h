@@ -8,6 +8,8 @@ void AddNew(CommandLine& commandLine);
 void AddShow(CommandLine& commandLine);
 void AddCheck(CommandLine& commandLine);
 void AddDiff(CommandLine& commandLine);
+void AddSet(CommandLine& commandLine);
+void AddImport(CommandLine& commandLine);
 void AddConvert(CommandLine& commandLine);
 void AddConfigure(CommandLine& commandLine);
 void AddSheet(CommandLine& commandLine);
@@ -20,6 +22,8 @@ inline void AddCommands(CommandLine& commandLine) {
     AddShow(commandLine);
     AddCheck(commandLine);
     AddDiff(commandLine);
+    AddSet(commandLine);
+    AddImport(commandLine);
     AddConvert(commandLine);
     AddConfigure(commandLine);
     AddSheet(commandLine);

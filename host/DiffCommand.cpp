@@ -1,11 +1,9 @@
 #include "Commands.h"
-#include "Comparison.h"
-#include "Console.h"
+#include "DifferenceOutput.h"
 #include "DocumentCheck.h"
 #include "DocumentFiles.h"
 #include "DocumentOutput.h"
 #include "Text.h"
-#include "TextTable.h"
 
 #include <algorithm>
 #include <memory>
@@ -19,65 +17,6 @@ struct DiffOptions {
     bool isJson = false;
 };
 
-// The two sides as the output names them, and where they differ.
-struct DiffResult {
-    std::string left, right;
-    std::vector<Difference> differences;
-};
-
-std::string ValueName(const Difference& difference) {
-    return (difference.constraint.empty() ? "" : difference.constraint + ": ") + difference.label +
-           (difference.row ? ", row " + std::to_string(difference.row) : "");
-}
-
-void PrintTable(const DiffResult& result) {
-    using Align = TextTable::Align;
-    TextTable table({Align::Left, Align::Left, Align::Right, Align::Right});
-    table.Add({"rule", "value", result.left, result.right});
-    const auto format = [](const std::optional<RuleValue>& value) {
-        return value ? FormatRuleValue(*value) : "(none)";
-    };
-    for (const Difference& difference : result.differences)
-        table.Add(
-            {difference.rule, ValueName(difference), format(difference.left), format(difference.right)});
-    if (!result.differences.empty()) Print(table.Format(0));
-}
-
-Json ValueToJson(const std::optional<RuleValue>& value) {
-    if (!value) return nullptr;
-    if (const double* number = std::get_if<double>(&value->content)) return *number;
-    return FormatRuleValue(*value);
-}
-
-// A word has no unit, but the number beside it may.
-std::string UnitOf(const Difference& difference) {
-    for (const std::optional<RuleValue>* value : {&difference.left, &difference.right})
-        if (*value && !(*value)->unit.empty()) return (*value)->unit;
-    return {};
-}
-
-Json DifferenceToJson(const Difference& difference) {
-    Json json{{"rule", difference.rule},
-              {"ruleId", difference.ruleId ? Json(difference.ruleId) : Json(nullptr)}};
-    json["key"] = difference.key;
-    json["parameter"] = difference.paramId ? Json(difference.paramId) : Json(nullptr);
-    json["constraint"] = TextOrNull(difference.constraint);
-    json["value"] = difference.label;
-    json["row"] = difference.row ? Json(difference.row) : Json(nullptr);
-    json["unit"] = TextOrNull(UnitOf(difference));
-    json["left"] = ValueToJson(difference.left);
-    json["right"] = ValueToJson(difference.right);
-    return json;
-}
-
-void PrintAsJson(const DiffResult& result) {
-    constexpr int kJsonVersion = 2;
-    PrintJson({{"version", kJsonVersion},
-               {"left", result.left},
-               {"right", result.right},
-               {"differences", ToArray(result.differences, DifferenceToJson)}});
-}
-
 // Prints the ignored content of one side; returns the texts without line numbers.
 std::vector<std::string> PrintIgnored(const RuleDocument& document) {
     const std::vector<Finding> ignored = FindIgnoredContent(document);
@@ -87,25 +26,18 @@ std::vector<std::string> PrintIgnored(const RuleDocument& document) {
     return texts;
 }
 
-// Prints the differences; whether there are any.
-bool Report(const DiffResult& result, bool isJson) {
-    if (isJson)
-        PrintAsJson(result);
-    else
-        PrintTable(result);
-    return !result.differences.empty();
-}
-
 bool DiffWithDefaults(const RuleModule& module, const DiffOptions& options) {
     const RuleDocument document = ReadDocument(module, options.left);
-    const bool differs = Report({"default", options.left, CompareWithDefaults(document)}, options.isJson);
+    const bool differs =
+        PrintDifferences({"default", options.left, CompareWithDefaults(document)}, options.isJson);
     return !PrintIgnored(document).empty() || differs;
 }
 
 bool DiffDocuments(const RuleModule& module, const DiffOptions& options) {
     const RuleDocument right = ReadDocument(module, options.right);
     const RuleDocument left = ReadDocument(module, options.left);
-    const bool differs = Report({options.left, options.right, CompareDocuments(left, right)}, options.isJson);
+    const bool differs =
+        PrintDifferences({options.left, options.right, CompareDocuments(left, right)}, options.isJson);
     const std::vector<std::string> leftIgnored = PrintIgnored(left), rightIgnored = PrintIgnored(right);
     return leftIgnored != rightIgnored || differs;
 }

@@ -4,6 +4,7 @@
 #include "Commands.h"
 #include "Console.h"
 #include "CrashReport.h"
+#include "EditError.h"
 #include "FrameworkLibrary.h"
 #include "Text.h"
 
@@ -40,6 +41,8 @@ ExitCode RunToItsEnd(int argc, wchar_t** argv) {
         return Fail(error.what(), error.Code());
     } catch (const DocumentError& error) {
         return Fail(error.what(), ExitCodeOf(error.GetKind()));
+    } catch (const EditError& error) {
+        return Fail(std::string(error.what()) + " (nothing was changed)", ExitCode::Findings);
     } catch (const std::exception& error) {
         return Fail(std::string("unexpected failure: ") + error.what(), ExitCode::NotPossible);
     }

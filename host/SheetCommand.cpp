@@ -1,14 +1,11 @@
 #include "Commands.h"
 #include "Console.h"
-#include "DocumentFile.h"
-#include "FaultText.h"
 #include "JsonOutput.h"
 #include "Text.h"
 #include "TextTable.h"
-#include "WorkbookReader.h"
+#include "WorkbookInput.h"
 
 #include <algorithm>
-#include <filesystem>
 #include <memory>
 #include <sstream>
 
@@ -36,42 +33,6 @@ WorkbookColumns ParseColumns(CString list) {
             ExitCode::WrongUsage,
             "--columns: " + Quoted(list) + " is not a list of column letters that begins with A: A,B,C");
     return columns;
-}
-
-// The words of the module or of the .xlsx reader, or else the program's own.
-std::string Reason(WorkbookFault fault, const CString& readerError) {
-    if (HasText(fault)) return ToUtf8(LoadFaultText(fault));
-    if (!readerError.IsEmpty()) return ToUtf8(readerError);
-    if (fault == WorkbookFault::ReaderMissing)
-        return "the library that reads .xlsx files is missing or damaged; install the program again";
-    if (fault == WorkbookFault::CellUnreadable)
-        return "a cell can't be read; Excel was not told to close the workbook and to end";
-    return fault == WorkbookFault::ExcelNotQuit ? "Excel does not end" : "can't be read";
-}
-
-// Whether it is no workbook, whatever Excel, or its absence, has to say of it.
-bool IsNoWorkbook(WorkbookFault fault, const CString& path) {
-    const bool isNotOpened = fault == WorkbookFault::NotOpened || fault == WorkbookFault::ReaderFailed ||
-                             fault == WorkbookFault::ExcelNotInstalled;
-    return isNotOpened && IsOtherThanWorkbook(path);
-}
-
-WorkbookTable ReadTable(const CString& bookPath, const WorkbookColumns& columns, WorkbookSheet& sheet) {
-    const std::string book = ToUtf8(bookPath) + ": ";
-    if (IsFolder(bookPath))
-        throw CommandError(ExitCode::UnreadableInput, book + "can't be read: it is a folder");
-    // Excel has a current folder of its own.
-    const CString path = std::filesystem::absolute(bookPath.GetString()).make_preferred().c_str();
-    WorkbookTable table;
-    CString readerError;
-    const WorkbookFault fault = ReadWorkbook(path, columns, table, readerError, &sheet);
-    if (fault == WorkbookFault::None) return table;
-    if (IsNoWorkbook(fault, path))
-        throw CommandError(ExitCode::UnreadableInput, book + "it is no workbook (.xlsx, .xls)");
-    const bool isMissing = fault == WorkbookFault::ExcelNotInstalled ||
-                           fault == WorkbookFault::ExcelNotStarted || fault == WorkbookFault::ReaderMissing;
-    throw CommandError(isMissing ? ExitCode::NotPossible : ExitCode::UnreadableInput,
-                       book + Reason(fault, readerError));
 }
 
 // Long texts are cut so that the table stays readable; --json has them whole.
@@ -129,7 +90,7 @@ void PrintSheetAsJson(const std::string& book, const WorkbookSheet& sheet, const
 ExitCode PrintSheet(const SheetOptions& options) {
     const WorkbookColumns columns = ParseColumns(FromUtf8(options.columns));
     WorkbookSheet sheet;
-    const WorkbookTable table = ReadTable(FromUtf8(options.book), columns, sheet);
+    const WorkbookTable table = ReadWorkbookTable(FromUtf8(options.book), columns, sheet);
     if (options.isJson) {
         PrintSheetAsJson(options.book, sheet, columns, table);
     } else {

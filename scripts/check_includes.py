@@ -15,19 +15,19 @@ BELOW = {
     "mfc": [],
     "resources": [],
     "framework": ["mfc"],
-    "rules/tables": ["framework"],
+    "rules/tables": ["framework", "resources"],
     "module/application": ["framework", "resources"],
     "rules": ["rules/tables", "module/application"],
     "grids": ["rules/tables", "module/application"],
-    "exchange/interface": ["framework", "resources"],
+    "exchange/interface": ["rules/tables"],
     "exchange": ["exchange/interface", "rules/tables"],
     "dialogs": ["rules", "grids", "exchange"],
     "module": ["dialogs"],
     "sheetreader": ["exchange/interface"],
     "database/interface": ["framework"],
     "database": ["rules/tables", "database/interface"],
-    "documents": ["rules/tables", "resources", "database/interface"],
-    "host": ["documents", "exchange"],
+    "documents": ["exchange", "database/interface"],
+    "host": ["documents"],
 }
 
 

@@ -1,16 +1,7 @@
 #include "FaultText.h"
 
-#include "LibraryPtr.h"
-#include "LocationHelper.h"
-#include "ResourceLibrary.h"
+#include "ModuleText.h"
 
 CString LoadFaultText(WorkbookFault fault) {
-    CString text;
-    for (const CString& folder :
-         {CLocationHelper::GetLocalizedResPath(), CLocationHelper::GetDefaultResPath()}) {
-        const LibraryPtr library(
-            LoadLibraryExW(folder + L"\\" + kResourceLibraryFile, nullptr, LOAD_LIBRARY_AS_DATAFILE));
-        if (library && text.LoadString(library.get(), static_cast<UINT>(fault))) break;
-    }
-    return text;
+    return LoadModuleText(static_cast<UINT>(fault));
 }

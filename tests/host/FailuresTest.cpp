@@ -98,7 +98,7 @@ TEST_F(FailuresTest, TellsTheUsageOfEachCommand) {
                                 {L"show"},
                                 {L"check"},
                                 {L"diff"},
-                                {L"sheet"},
+                                {L"set"}, {L"import"}, {L"sheet"},
                                 {L"convert"},
                                 {L"configure"},
                                 {L"materials"},

@@ -1,6 +1,6 @@
 #include "DraftTableTexts.h"
 
-#include "DialogTexts.h"
+#include "ModuleText.h"
 #include "NumberText.h"
 #include "resource.h"
 
@@ -11,7 +11,7 @@ CString DraftFlawText(const DraftTableResult& result) {
     strRow.Format(L"%d", result.nRow);
     switch (result.flaw) {
         case DraftTableFlaw::NoBands:
-            return LoadLocalizedString(IDS_DRAFT_NO_BANDS);
+            return LoadModuleText(IDS_DRAFT_NO_BANDS);
         case DraftTableFlaw::EmptyCell:
             return FormattedText(IDS_DRAFT_INCOMPLETE_ROW, FormatDouble(result.nRow));
         case DraftTableFlaw::IncompleteRow:
@@ -21,24 +21,6 @@ CString DraftFlawText(const DraftTableResult& result) {
         case DraftTableFlaw::NotContiguous:
             return FormattedText(IDS_DRAFT_NOT_CONTIGUOUS, FormatDouble(result.expected), strRow);
         case DraftTableFlaw::None:
-            break;
-    }
-    return CString();
-}
-
-CString DraftSheetFaultText(const DraftSheet& sheet) {
-    switch (sheet.fault) {
-        case DraftSheetFault::WrongHeadings:
-            return LoadLocalizedString(IDS_DRAFT_WRONG_HEADINGS);
-        case DraftSheetFault::UnevenColumns:
-            return LoadLocalizedString(IDS_DRAFT_UNEVEN_COLUMNS);
-        case DraftSheetFault::TooManyBands:
-            return LoadLocalizedString(IDS_DRAFT_TOO_MANY_BANDS);
-        case DraftSheetFault::RefusedTable:
-            return sheet.table.flaw == DraftTableFlaw::NoBands
-                       ? DraftFlawText(sheet.table)
-                       : FormattedText(IDS_DRAFT_NOT_IMPORTED, DraftFlawText(sheet.table));
-        case DraftSheetFault::None:
             break;
     }
     return CString();

@@ -1,21 +1,21 @@
 #include "BandTableTexts.h"
 
+#include "ModuleText.h"
 #include "NumberText.h"
-#include "SandCastingRulesApp.h"
 #include "resource.h"
 
 namespace {
 
 CString RowText(UINT nStringId, int nRow) {
     CString strText;
-    strText.Format(LoadLocalizedString(nStringId), nRow);
+    strText.Format(LoadModuleText(nStringId), nRow);
     return strText;
 }
 
 CString IncompleteText(UINT nWord, int nRow) {
     CString strRow, strText;
     strRow.Format(L"%d", nRow);
-    strText.Format(LoadLocalizedString(IDS_SIZE_WEIGHT_INCOMPLETE), LoadLocalizedString(nWord).GetString(),
+    strText.Format(LoadModuleText(IDS_SIZE_WEIGHT_INCOMPLETE), LoadModuleText(nWord).GetString(),
                    strRow.GetString());
     return strText;
 }
@@ -23,7 +23,7 @@ CString IncompleteText(UINT nWord, int nRow) {
 CString JointText(UINT nStringId, const SizeAndWeightResult& result, const CString& strUnit) {
     const CString strExpected = (FormatDouble(result.expected) + L" " + strUnit).TrimRight();
     CString strText;
-    strText.Format(LoadLocalizedString(nStringId), strExpected.GetString(), result.nRow);
+    strText.Format(LoadModuleText(nStringId), strExpected.GetString(), result.nRow);
     return strText;
 }
 
@@ -40,7 +40,7 @@ CString BandFlawText(const SizeAndWeightResult& result, const CString& strLength
         case Flaw::SizeNotContiguous:
             return JointText(IDS_SIZE_WEIGHT_SIZE_NOT_CONTIGUOUS, result, strLengthUnit);
         case Flaw::NoBands:
-            return LoadLocalizedString(IDS_SIZE_WEIGHT_NO_BANDS);
+            return LoadModuleText(IDS_SIZE_WEIGHT_NO_BANDS);
         case Flaw::WeightInverted:
             return RowText(IDS_SIZE_WEIGHT_WEIGHT_INVERTED, result.nRow);
         case Flaw::WeightNotContiguous:

@@ -1,0 +1,97 @@
+#include "DocumentEdit.h"
+
+#include "DocumentCheck.h"
+#include "NearestKeys.h"
+#include "RuleEdit.h"
+#include "RuleRefusal.h"
+#include "Text.h"
+#include "TypedValue.h"
+
+#include <algorithm>
+
+namespace {
+
+std::string RestOf(const RuleDocument::Entry& entry, const std::string& key) {
+    return key.substr(std::min(entry.key.size() + 1, key.size()));
+}
+
+// All keys that can be set; for suggestions.
+std::vector<std::string> KeysOf(const RuleDocument& document) {
+    std::vector<std::string> keys;
+    for (const RuleDocument::Entry& entry : document.GetEntries())
+        if (entry.rule)
+            for (const RuleValue& value : ListRuleValues(*entry.rule))
+                keys.push_back(entry.key + "/" + value.key);
+    return keys;
+}
+
+[[noreturn]] void RefuseKey(const RuleDocument& document, const std::string& key) {
+    throw EditError(key + ": there is no such value; the nearest keys are " +
+                    NearestKeys(KeysOf(document), key));
+}
+
+const RuleValue* FindByKey(const std::vector<RuleValue>& values, const std::string& key) {
+    const auto found = std::ranges::find(values, key, &RuleValue::key);
+    return found != values.end() ? &*found : nullptr;
+}
+
+}  // namespace
+
+const RuleDocument::Entry& DocumentEdit::RequireEntry(const std::string& key) const {
+    const std::string ruleKey = key.substr(0, key.find('/'));
+    for (const RuleDocument::Entry& entry : m_document.GetEntries())
+        if (entry.rule && entry.key == ruleKey) return entry;
+    RefuseKey(m_document, key);
+}
+
+void DocumentEdit::Set(const std::string& key, const std::string& text) {
+    const RuleDocument::Entry& entry = RequireEntry(key);
+    const std::string rest = RestOf(entry, key);
+    m_changed.insert(&entry);
+    if (const std::optional<WholePlace> whole = FindWholePlace(*entry.rule, rest)) {
+        SetWhole(entry, *whole, key, text);
+        return;
+    }
+    std::vector<RuleValue> values = ListRuleValues(*entry.rule);
+    if (!FindByKey(values, rest) && AppendRowFor(*entry.rule, rest)) values = ListRuleValues(*entry.rule);
+    const RuleValue* place = FindByKey(values, rest);
+    if (!place) RefuseKey(m_document, key);
+    try {
+        SetContent(*entry.rule, *place, ParseTypedValue(text, *place, UnitsOf(*entry.rule)));
+    } catch (const EditError& error) {
+        throw EditError(key + ": " + error.what());
+    }
+}
+
+void DocumentEdit::SetDraftBands(const std::string& ruleKey, const std::vector<MfxTableRow>& bands) {
+    const RuleDocument::Entry& entry = RequireEntry(ruleKey);
+    m_changed.insert(&entry);
+    MfxArray<MfxTableRow>& rows =
+        FindParameter(entry.rule->m_paramArray, kDraftAngleTableId)->GetValues<MfxTableRow>();
+    rows.RemoveAll();
+    for (const MfxTableRow& band : bands) rows.Add(band);
+}
+
+void DocumentEdit::SetWhole(const RuleDocument::Entry& entry, const WholePlace& place, const std::string& key,
+                            const std::string& text) {
+    const bool isPresent = text == "present";
+    if (!isPresent && text != "none")
+        throw EditError(key + ": it is a whole row or constraint; \"present\" adds it, \"none\" removes it");
+    if (place.row == 0 && isPresent == (place.constraint >= 0))
+        throw EditError(key + (isPresent ? ": it is there already" : ": it is not there"));
+    if (place.row == 0 && isPresent)
+        m_document.AddConstraint(entry, FromUtf8(place.name));
+    else
+        ChangeWhole(*entry.rule, place, isPresent);
+}
+
+void DocumentEdit::Finish() {
+    for (const RuleDocument::Entry* entry : m_changed) {
+        CloseLastBand(*entry->rule);
+        const CString refusal = FindRefusal(*entry->rule);
+        if (!refusal.IsEmpty())
+            throw EditError(ToUtf8(entry->rule->m_strDisplayName) + " (" + entry->key +
+                            "): " + ToUtf8(refusal));
+        m_document.StoreRule(*entry);
+    }
+}

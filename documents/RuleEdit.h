@@ -1,0 +1,30 @@
+// Changes of a rule's values in memory, without checks of what they mean.
+#pragma once
+
+#include "RuleValues.h"
+
+#include <optional>
+
+// A whole constraint, or a whole row of bands. Their keys are "Steel", "29183/2" and "Steel/band/2".
+struct WholePlace {
+    std::string name = {};  // of the constraint
+    int constraint = -1;    // -1 for one that is not there, and for rows of the rule itself
+    long paramId = 0;       // of the table
+    int row = 0;            // from 1; 0 for a constraint
+};
+
+// Nothing when the key is not that of a whole place. Of rows it is one when the row is there, or would be the
+// one after the last.
+std::optional<WholePlace> FindWholePlace(const CMfxRule& rule, const std::string& key);
+
+// Inserts an empty row, or removes the row or the constraint.
+void ChangeWhole(CMfxRule& rule, const WholePlace& place, bool isPresent);
+
+// Appends a row of bands when the key is of a value in the row after the last one.
+bool AppendRowFor(CMfxRule& rule, const std::string& key);
+
+// Sets the value of a place that ListRuleValues lists. A new mass unit converts the weights.
+void SetContent(CMfxRule& rule, const RuleValue& place, const ValueContent& content);
+
+// A last band of draft angles without an upper bound has no upper limit.
+void CloseLastBand(CMfxRule& rule);

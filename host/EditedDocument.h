@@ -1,0 +1,22 @@
+// What the commands have in common that change values of a document.
+#pragma once
+
+#include "CommandLine.h"
+#include "DocumentEdit.h"
+#include "ExitCode.h"
+
+#include <functional>
+#include <string>
+
+struct EditOptions {
+    std::string input;
+    std::string output;  // empty: the input is replaced
+    bool isDryRun = false;
+};
+
+// Adds the options to a command.
+void AddEditOptions(CLI::App& command, EditOptions& options);
+
+// Changes the document, and saves it or prints what would change. Nothing is saved when the change throws.
+ExitCode EditDocument(const RuleModule& module, const EditOptions& options,
+                      const std::function<void(DocumentEdit&, const RuleDocument&)>& change);
