@@ -47,7 +47,6 @@ END_MESSAGE_MAP()
 BOOL CMFXWTBasedOnSizeAndWeightDlg::OnInitDialog() {
     CMFXRuleDlgBase::OnInitDialog();
     if (m_pRule) SetWindowText(m_pRule->m_strDisplayName);
-    m_staticOkHint.ShowWindow(SW_HIDE);
     if (!m_pRule || !HasControls()) return RefuseToEdit();
     if (const UINT nReason = LoadDatabase()) return RefuseToEdit(nReason);
     SetUpGrids();
@@ -58,7 +57,6 @@ BOOL CMFXWTBasedOnSizeAndWeightDlg::OnInitDialog() {
     ShowGroups(m_listGroups, m_groups.GetLoadedNames());
     ShowCurrentGroup();
     UpdateMassCaption();
-    UpdateOkButton();
     m_listGroups.SetFocus();
     return FALSE;  // the focus is set
 }
