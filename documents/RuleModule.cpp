@@ -86,6 +86,12 @@ RulePtr RuleModule::CreateRule(MfxXMLNode& record) const {
     return Adopt(rule);
 }
 
+void RuleModule::SetDatabaseModules(const std::vector<CString>& names) const {
+    CStringList list;
+    for (const CString& name : names) list.AddTail(name);
+    m_setDbModuleList(list);
+}
+
 void RuleModule::SetDocument(MfxXMLDocument* document) const {
     m_setXmlDoc(document);
 }

@@ -37,6 +37,9 @@ class RuleModule {
     // The rule of a saved record; null when the record is not the module's or names no rule of it.
     RulePtr CreateRule(MfxXMLNode& record) const;
 
+    // Tells the module what database libraries are loaded, by their names for users.
+    void SetDatabaseModules(const std::vector<CString>& names) const;
+
     // The document in which the module's rules write their records from now on; null for none.
     void SetDocument(MfxXMLDocument* document) const;
 
@@ -50,7 +53,7 @@ class RuleModule {
     LibraryPtr m_pLibrary;
     CString m_strPath;
     void (*m_setXmlDoc)(MfxXMLDocument*) = nullptr;
-    void (*m_setDbModuleList)(CStringList&) = nullptr;  // nothing here asks for it yet
+    void (*m_setDbModuleList)(CStringList&) = nullptr;
     void (*m_getModuleName)(CString&) = nullptr;
     void (*m_getModuleSummary)(CString&) = nullptr;
     void (*m_getAllRules)(MfxRuleArray&) = nullptr;

@@ -40,9 +40,15 @@ CommandLine::CommandLine()
         ->check(CLI::IsMember(LanguageWords(), CLI::ignore_case));
 }
 
-CLI::App& CommandLine::Add(const char* name, const char* description, Command command) {
+CLI::App& CommandLine::Add(const char* name, const char* description, Command command, Database database) {
     CLI::App* const added = m_cli.add_subcommand(name, description);
-    added->callback([this, command = std::move(command)] { m_command = command; });
+    added->callback([this, command = std::move(command), database] {
+        m_command = command;
+        m_database = database;
+    });
+    if (database != Database::Unused)
+        AddFile(*added, "--database", m_databasePath, "Material database to use instead of the user's own")
+            ->type_name("FILE");
     return *added;
 }
 
@@ -56,11 +62,13 @@ std::string CommandLine::CommandNames() const {
 
 // The library's own words for a wrong command line, but for those that would not help.
 std::string CommandLine::WrongUsage(const CLI::ParseError& error, int argc, const char* const* argv) const {
+    const auto chosen = m_cli.get_subcommands();
     std::string reason = error.what();
     if (argc <= 1) reason = "give a command: " + CommandNames();
-    if (m_cli.get_subcommands().empty() && argc > 1 && argv[1][0] != '-')
+    if (chosen.empty() && argc > 1 && argv[1][0] != '-')
         reason = "\"" + std::string(argv[1]) + "\" is not a command";
-    return reason + "; mfxhost --help tells the usage";
+    return reason + "; mfxhost " + (chosen.empty() ? "" : chosen.front()->get_name() + " ") +
+           "--help tells the usage";
 }
 
 ExitCode CommandLine::Run(int argc, const char* const* argv) {
@@ -76,8 +84,25 @@ ExitCode CommandLine::Run(int argc, const char* const* argv) {
     } catch (const CLI::ParseError& error) {
         throw CommandError(ExitCode::WrongUsage, WrongUsage(error, argc, argv));
     }
+    return RunCommand();
+}
+
+// The library comes before the module, and goes after it.
+void CommandLine::LoadDatabase() {
+    if (m_database == Database::Unused) return;
+    try {
+        m_databaseLibrary.emplace();
+        if (!m_databasePath.empty()) m_databaseLibrary->GetDatabase().SetPath(FromUtf8(m_databasePath));
+    } catch (const DocumentError&) {
+        if (m_database == Database::Needed) throw;
+    }
+}
+
+ExitCode CommandLine::RunCommand() {
     CLanguageUtil::SetMfxKitLang(FromUtf8(m_language));
+    LoadDatabase();
     const RuleModule module;
+    if (m_databaseLibrary) module.SetDatabaseModules({m_databaseLibrary->GetName()});
     if (const CString& missing = module.GetMissingLanguageLibrary(); !missing.IsEmpty())
         PrintError("mfxhost: " + ToUtf8(missing) + " is missing or damaged; the texts are in English\n");
     return m_command(module);

@@ -1,33 +1,47 @@
 #pragma once
 
+#include "DatabaseLibrary.h"
 #include "ExitCode.h"
 #include "RuleModule.h"
 
 #include <CLI/CLI.hpp>
 
 #include <functional>
+#include <optional>
 #include <string>
 
 // The command line: the commands with their options, of which it runs the one that is named.
 class CommandLine {
   public:
+    // Whether a command uses the material database. Its library is loaded for those alone that do.
+    enum class Database { Unused, UsedIfThere, Needed };
+
     using Command = std::function<ExitCode(const RuleModule&)>;
 
     CommandLine();
 
     // Adds a command; the caller adds its options.
-    CLI::App& Add(const char* name, const char* description, Command command);
+    CLI::App& Add(const char* name, const char* description, Command command,
+                  Database database = Database::Unused);
+
+    // For a running command that needs it.
+    IMaterialDatabase& GetDatabase() const { return m_databaseLibrary->GetDatabase(); }
 
     // Runs the named command. Throws CommandError for a wrong command line, and what the command throws.
     ExitCode Run(int argc, const char* const* argv);
 
   private:
+    ExitCode RunCommand();
+    void LoadDatabase();
     std::string WrongUsage(const CLI::ParseError& error, int argc, const char* const* argv) const;
     std::string CommandNames() const;
 
     CLI::App m_cli;
     Command m_command;
     std::string m_language;
+    Database m_database = Database::Unused;
+    std::string m_databasePath;  // empty: the database decides
+    std::optional<DatabaseLibrary> m_databaseLibrary;
 };
 
 // Adds a file name, or several, to a command. An empty name is refused: it is a mistake in the command line,

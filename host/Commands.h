@@ -11,6 +11,7 @@ void AddDiff(CommandLine& commandLine);
 void AddConvert(CommandLine& commandLine);
 void AddConfigure(CommandLine& commandLine);
 void AddSheet(CommandLine& commandLine);
+void AddMaterials(CommandLine& commandLine);
 
 // All of them, in the order in which the help lists them.
 inline void AddCommands(CommandLine& commandLine) {
@@ -22,4 +23,5 @@ inline void AddCommands(CommandLine& commandLine) {
     AddConvert(commandLine);
     AddConfigure(commandLine);
     AddSheet(commandLine);
+    AddMaterials(commandLine);
 }

@@ -65,9 +65,10 @@ ExitCode Configure(const RuleModule& module, const ConfigureOptions& options) {
 
 void AddConfigure(CommandLine& commandLine) {
     const auto options = std::make_shared<ConfigureOptions>();
-    CLI::App& command =
-        commandLine.Add("configure", "Open the dialog of a rule and save what is changed in it",
-                        [options](const RuleModule& module) { return Configure(module, *options); });
+    CLI::App& command = commandLine.Add(
+        "configure", "Open the dialog of a rule and save what is changed in it",
+        [options](const RuleModule& module) { return Configure(module, *options); },
+        CommandLine::Database::UsedIfThere);
     command.add_option("--rule", options->ruleId, "Id of the rule, as list and show print it")
         ->type_name("ID")
         ->required();

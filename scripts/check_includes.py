@@ -24,7 +24,9 @@ BELOW = {
     "dialogs": ["rules", "grids", "exchange"],
     "module": ["dialogs"],
     "sheetreader": ["exchange/interface"],
-    "documents": ["rules/tables", "resources"],
+    "database/interface": ["framework"],
+    "database": ["rules/tables", "database/interface"],
+    "documents": ["rules/tables", "resources", "database/interface"],
     "host": ["documents", "exchange"],
 }
 

@@ -22,14 +22,14 @@ fi
 packages=(
   g++-mingw-w64-x86-64-posix cmake ninja-build python3 python3-jsonschema python3-pil librsvg2-bin libxml2-utils
   dpkg-dev ca-certificates googletest libcli11-dev nlohmann-json3-dev
-  libz-mingw-w64-dev
+  libz-mingw-w64-dev tcl
   wine64 fonts-wine fonts-noto-cjk locales xvfb
   # Wine loads these when they are there, and its windows behave differently without them.
   libxcomposite1 libxcursor1 libxfixes3 libxi6 libxinerama1 libxrandr2 libxrender1
   "${checks[@]}"
 )
 # A library is added by its name here and a function make_NAME below.
-libraries=(pugixml googletest cli11 json benchmark libzip)
+libraries=(pugixml googletest cli11 json benchmark libzip sqlite)
 
 steps=$((3 + ${#libraries[@]}))
 [[ -z $preset ]] || steps=$((steps + 2))
@@ -200,6 +200,21 @@ make_libzip() {
   cross_build libzip-*/ -DBUILD_{TOOLS,REGRESS,EXAMPLES,DOC}=OFF \
     -DENABLE_{COMMONCRYPTO,GNUTLS,MBEDTLS,OPENSSL,WINDOWS_CRYPTO,BZIP2,LZMA,ZSTD}=OFF \
     -DZLIB_USE_STATIC_LIBS=ON
+}
+
+make_sqlite() {
+  local options=(-DSQLITE_THREADSAFE=1 -DSQLITE_OMIT_LOAD_EXTENSION -DSQLITE_DQS=0)
+  fetch_source sqlite3
+  cd sqlite3-*/
+  # The sources in one file are made by the machine's own tools; Tcl generates parts of them.
+  ./configure --disable-tcl
+  make sqlite3.c shell.c
+  x86_64-w64-mingw32-gcc -O2 "${options[@]}" -c sqlite3.c
+  mkdir -p "$deps/bin"
+  x86_64-w64-mingw32-ar rcs "$deps/lib/libsqlite3.a" sqlite3.o
+  # The benchmark of imports compares with SQLite's own program.
+  x86_64-w64-mingw32-gcc -O2 "${options[@]}" -municode shell.c sqlite3.o -o "$deps/bin/sqlite3.exe"
+  cp sqlite3.h "$deps/include"
 }
 
 make_wineprefix() {

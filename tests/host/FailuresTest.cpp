@@ -119,6 +119,8 @@ TEST_F(FailuresTest, NamesThePartOfTheInstallationThatIsMissing) {
     m_folder.Write(L"b.xlsx", "");
     Run({L"sheet", L"b.xlsx"}, 4, "", HasSubstr("b.xlsx: the library that reads .xlsx files is missing"),
         bin);
+    fs::remove(bin + L"\\MFXDatabaseu.dll");
+    Run({L"materials", L"list"}, 4, "", HasSubstr("MFXDatabaseu.dll can't be loaded, install"), bin);
 
     for (const std::wstring name :
          {L"bin\\MfxKitu.dll", L"bin\\MFXSandCastingRulesu.dll",

@@ -1,0 +1,20 @@
+#pragma once
+
+#include "DatabaseError.h"
+#include "Sqlite.h"
+
+#include <memory>
+
+// The file to use when none is given: that of the environment variable kDatabaseVariable, or
+// MfxKit\materials.db in the user's application-data folder.
+CString FindDatabasePath();
+
+// The database, open, with the schema of today.
+struct DatabaseFile {
+    std::unique_ptr<Connection> connection;
+    std::string writeProblem;  // why it can't be changed; empty: it can
+};
+
+// Opens the file; makes it with the default materials when it is not there, and its folder. Throws
+// DatabaseError.
+DatabaseFile OpenDatabase(const CString& path);
