@@ -14,6 +14,12 @@ class FakeDatabase : public IDatabaseCollector {
         if (strProcess != L"Sand Casting") return {};
         return {{{L"Steel", L"Iron"}}, {{L"Zinc", L"", L"behind the end"}}};
     }
+    MfxDatabaseResult GetWriteProblem() const override { return {}; }
+    MfxDatabaseResult GetGroups(std::vector<MfxMaterialGroup>&) const override { return {}; }
+    MfxDatabaseResult GetMaterials(const MfxGroupKey&, std::vector<MfxMaterial>&) const override {
+        return {};
+    }
+    MfxDatabaseResult ApplyChanges(const std::vector<MfxMaterialChange>&) override { return {}; }
     CString FindMaterialGroups(const CString& strFamily) const override { return strFamily + L" 1;;2;"; }
 
     LibraryPtr m_pLibrary{LoadLibraryW(L"MFXDatabaseu.dll")};
