@@ -1,19 +1,8 @@
 #include "DraftTableTexts.h"
 
+#include "DialogTexts.h"
 #include "NumberText.h"
-#include "SandCastingRulesApp.h"
 #include "resource.h"
-
-namespace {
-
-template <class... Inserts>
-CString Formatted(UINT nStringId, const Inserts&... inserts) {
-    CString strText;
-    strText.Format(LoadLocalizedString(nStringId), inserts.GetString()...);
-    return strText;
-}
-
-}  // namespace
 
 // The row of an empty cell is written as the cells' numbers are ("2.0"), the others are not. This is on
 // purpose.
@@ -24,13 +13,13 @@ CString DraftFlawText(const DraftTableResult& result) {
         case DraftTableFlaw::NoBands:
             return LoadLocalizedString(IDS_DRAFT_NO_BANDS);
         case DraftTableFlaw::EmptyCell:
-            return Formatted(IDS_DRAFT_INCOMPLETE_ROW, FormatDouble(result.nRow));
+            return FormattedText(IDS_DRAFT_INCOMPLETE_ROW, FormatDouble(result.nRow));
         case DraftTableFlaw::IncompleteRow:
-            return Formatted(IDS_DRAFT_INCOMPLETE_ROW, strRow);
+            return FormattedText(IDS_DRAFT_INCOMPLETE_ROW, strRow);
         case DraftTableFlaw::UpperNotAboveLower:
-            return Formatted(IDS_DRAFT_UPPER_NOT_ABOVE_LOWER, strRow);
+            return FormattedText(IDS_DRAFT_UPPER_NOT_ABOVE_LOWER, strRow);
         case DraftTableFlaw::NotContiguous:
-            return Formatted(IDS_DRAFT_NOT_CONTIGUOUS, FormatDouble(result.expected), strRow);
+            return FormattedText(IDS_DRAFT_NOT_CONTIGUOUS, FormatDouble(result.expected), strRow);
         case DraftTableFlaw::None:
             break;
     }
@@ -48,7 +37,7 @@ CString DraftSheetFaultText(const DraftSheet& sheet) {
         case DraftSheetFault::RefusedTable:
             return sheet.table.flaw == DraftTableFlaw::NoBands
                        ? DraftFlawText(sheet.table)
-                       : Formatted(IDS_DRAFT_NOT_IMPORTED, DraftFlawText(sheet.table));
+                       : FormattedText(IDS_DRAFT_NOT_IMPORTED, DraftFlawText(sheet.table));
         case DraftSheetFault::None:
             break;
     }

@@ -13,6 +13,10 @@ constexpr UINT kLabels[] = {IDS_UNIT_MILLIMETRE, IDS_UNIT_CENTIMETRE, IDS_UNIT_I
                             IDS_UNIT_FOOT};
 static_assert(std::size(kLabels) == LengthFoot - LengthMillimetre + 1);
 
+bool IsOffered(int nLengthUnit) {
+    return nLengthUnit >= LengthMillimetre && nLengthUnit <= LengthFoot;
+}
+
 }  // namespace
 
 void FillLengthUnits(CComboBox& combo) {
@@ -20,9 +24,12 @@ void FillLengthUnits(CComboBox& combo) {
     for (const UINT nLabel : kLabels) combo.AddString(LoadLocalizedString(nLabel));
 }
 
+CString GetLengthUnitName(int nLengthUnit) {
+    return IsOffered(nLengthUnit) ? LoadLocalizedString(kLabels[nLengthUnit - LengthMillimetre]) : CString();
+}
+
 void SelectLengthUnit(CComboBox& combo, int nLengthUnit) {
-    const bool bOffered = nLengthUnit >= LengthMillimetre && nLengthUnit <= LengthFoot;
-    combo.SetCurSel(bOffered ? nLengthUnit - LengthMillimetre : -1);
+    combo.SetCurSel(IsOffered(nLengthUnit) ? nLengthUnit - LengthMillimetre : -1);
 }
 
 void StoreLengthUnit(CComboBox& combo, int& nLengthUnit) {

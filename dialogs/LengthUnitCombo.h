@@ -5,6 +5,9 @@
 
 void FillLengthUnits(CComboBox& combo);
 
+// The name of an offered unit (MfxLengthUnit_e); empty for others. The foot has no label but this.
+CString GetLengthUnitName(int nLengthUnit);
+
 // Selects a unit (MfxLengthUnit_e), or none when dialogs do not offer it.
 void SelectLengthUnit(CComboBox& combo, int nLengthUnit);
 

@@ -1,11 +1,11 @@
 #include "SCVariableDraftAngleDlg.h"
 
+#include "DialogTexts.h"
 #include "DraftTableTexts.h"
 #include "LengthUnitCombo.h"
 #include "NumberText.h"
 #include "RuleDialogs.h"
 #include "SCVariableDraftAngleRule.h"
-#include "SandCastingRulesApp.h"
 #include "UnitLabels.h"
 #include "WorkbookFileDialog.h"
 #include "WorkbookImport.h"
@@ -18,10 +18,6 @@ namespace {
 constexpr int kImportKey = 1;  // id of the hot key
 constexpr int kFirstCol = 1;   // behind the blank column
 constexpr int kThirdAngleCol = kFirstCol + DraftCell::ThirdAngle;
-
-CString HeadingWithUnit(UINT nHeading, const CString& strUnit) {
-    return LoadLocalizedString(nHeading) + L"(" + strUnit + L")";
-}
 
 // The stored upper bound of a last band without limit is not shown.
 CString TextOfCell(const MfxTableRow& row, std::size_t cell) {
@@ -77,7 +73,7 @@ BOOL CMFXSCVariableDraftAngleDlg::OnInitDialog() {
 
 BOOL CMFXSCVariableDraftAngleDlg::PreTranslateMessage(MSG* pMsg) {
     BOOL bHandled = FALSE;
-    m_gridBands.HandleKeyDown(pMsg, &bHandled);
+    if (m_gridBands.HasFocus()) m_gridBands.HandleKeyDown(pMsg, &bHandled);
     return bHandled || CMFXRuleDlgBase::PreTranslateMessage(pMsg);
 }
 

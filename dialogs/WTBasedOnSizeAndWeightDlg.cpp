@@ -151,9 +151,8 @@ void CMFXWTBasedOnSizeAndWeightDlg::SetUpUnits() {
 }
 
 CMFXListCtrl* CMFXWTBasedOnSizeAndWeightDlg::FindFocusedGrid() {
-    const HWND hFocus = ::GetFocus();
     for (CMFXListCtrl* const pGrid : {&m_listGroups, &m_gridBands})
-        if (pGrid->m_hWnd && (hFocus == pGrid->m_hWnd || ::IsChild(pGrid->m_hWnd, hFocus))) return pGrid;
+        if (pGrid->HasFocus()) return pGrid;
     return nullptr;
 }
 

@@ -87,6 +87,7 @@ void CMFXListCtrl::Record(int nRow, int nCol, const CString& strText) {
     m_strEditStartText = strText;
     SetEditorText(strText);
     if (GetSelectedCount() > 0) SetItemState(-1, 0, LVIS_SELECTED);
+    SetItemState(nRow, LVIS_FOCUSED, LVIS_FOCUSED);  // where F2 and the arrows go on
 }
 
 void CMFXListCtrl::SetEditorText(const CString& strText) {
@@ -331,10 +332,25 @@ void CMFXListCtrl::OnDestroy() {
     m_nEditRow = m_nEditCol = -1;
 }
 
-// F2 edits the row with the focus, so that no mouse is needed.
+bool CMFXListCtrl::EndEditing() {
+    if (IsComboVisible()) return CommitCombo();
+    CString strText;
+    EndCellEdit(strText);
+    return true;
+}
+
+bool CMFXListCtrl::HasFocus() const {
+    const HWND hFocus = ::GetFocus();
+    return m_hWnd && (hFocus == m_hWnd || ::IsChild(m_hWnd, hFocus));
+}
+
+void CMFXListCtrl::BeginRowEdit(int nRow) {
+    BeginCellEdit(nRow, m_nFirstEditCol, kTextLimit);
+}
+
 void CMFXListCtrl::OnKeyDown(UINT nChar, UINT nRepCnt, UINT nFlags) {
     if (nChar == VK_F2)
-        BeginCellEdit(std::max(0, GetNextItem(-1, LVNI_FOCUSED)), m_nFirstEditCol, kTextLimit);
+        BeginRowEdit(std::max(0, GetNextItem(-1, LVNI_FOCUSED)));
     else
         CListCtrl::OnKeyDown(nChar, nRepCnt, nFlags);
 }

@@ -43,6 +43,10 @@ class CMFXListCtrl : public CListCtrl {
     void MakeEmptyRows(int nRows);
 
     bool IsEditorVisible() const;  // the text editor
+    // Ends what is being edited as Enter does; false when a choice is refused.
+    bool EndEditing();
+    // Whether the keyboard is at the grid or one of its editors.
+    bool HasFocus() const;
     // The cell edited last, -1 for none.
     int GetEditRow() const { return m_nEditRow; }
     int GetEditCol() const { return m_nEditCol; }
@@ -74,6 +78,8 @@ class CMFXListCtrl : public CListCtrl {
 
     // Any key, whether a cell is recorded or not; TRUE when it is consumed.
     virtual BOOL HandleKey(WPARAM nKey);
+    // F2: edits a row, so that no mouse is needed.
+    virtual void BeginRowEdit(int nRow);
     // Commits the choice of the drop-down list as a key does; FALSE when it is refused.
     virtual BOOL CommitCombo();
 

@@ -34,6 +34,15 @@ void CMFXUWTRuleListCtrl::SetMaterialDefaults(const std::vector<CString>& names,
     }
 }
 
+void CMFXUWTRuleListCtrl::ForgetMaterialDefaults() {
+    m_mapMaterialMin.clear();
+    m_mapMaterialMax.clear();
+}
+
+void CMFXUWTRuleListCtrl::BeginRowEdit(int nRow) {
+    BeginComboEdit(nRow, kMaterialCol, kTextLimit);
+}
+
 // Commits the last edited cell, also when its editor is hidden. So every click applies a chosen material
 // again until another cell is edited; this is on purpose. FALSE when there is no editor.
 BOOL CMFXUWTRuleListCtrl::CommitEditedCell() {

@@ -12,10 +12,12 @@ class CMFXUWTRuleListCtrl : public CMFXListCtrl {
     // The limits that are filled in when a material is chosen. For a name given twice the first limits count.
     void SetMaterialDefaults(const std::vector<CString>& names, const std::vector<CString>& minimums,
                              const std::vector<CString>& maximums);
+    void ForgetMaterialDefaults();
 
   protected:
     BOOL HandleKey(WPARAM nKey) override;
     BOOL CommitCombo() override;
+    void BeginRowEdit(int nRow) override;
     afx_msg void OnLButtonDown(UINT nFlags, CPoint point);
     afx_msg void OnLButtonDblClk(UINT nFlags, CPoint point);
     DECLARE_MESSAGE_MAP()

@@ -116,8 +116,10 @@ void CMFXWTBasedOnSizeAndWeightListCtrl::OnLButtonDown(UINT nFlags, CPoint point
 }
 
 // As a double click does, so that no mouse is needed.
-void CMFXWTBasedOnSizeAndWeightListCtrl::BeginNaming(int nRow) {
-    if (!m_vecComboItems.empty() && GetItemText(nRow, kGroupCol) != kDefaultGroup)
+void CMFXWTBasedOnSizeAndWeightListCtrl::BeginRowEdit(int nRow) {
+    if (IsBandGrid())
+        CMFXListCtrl::BeginRowEdit(nRow);
+    else if (!m_vecComboItems.empty() && GetItemText(nRow, kGroupCol) != kDefaultGroup)
         BeginComboEdit(nRow, kGroupCol, kTextLimit);
 }
 
@@ -132,7 +134,6 @@ void CMFXWTBasedOnSizeAndWeightListCtrl::OnLButtonDblClk(UINT nFlags, CPoint poi
 }
 
 void CMFXWTBasedOnSizeAndWeightListCtrl::OnKeyDown(UINT nChar, UINT nRepCnt, UINT nFlags) {
-    if (nChar == VK_F2 && !IsBandGrid()) return BeginNaming(GetNextItem(-1, LVNI_FOCUSED));
     const int nRowBefore = GetCurrentRow();
     CMFXListCtrl::OnKeyDown(nChar, nRepCnt, nFlags);
     NotifyOfKeySelection(nRowBefore);

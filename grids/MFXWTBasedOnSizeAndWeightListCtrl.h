@@ -21,6 +21,7 @@ class CMFXWTBasedOnSizeAndWeightListCtrl : public CMFXListCtrl {
   protected:
     BOOL HandleKey(WPARAM nKey) override;
     BOOL CommitCombo() override;
+    void BeginRowEdit(int nRow) override;
     afx_msg void OnDestroy();
     afx_msg void OnLButtonDown(UINT nFlags, CPoint point);
     afx_msg void OnLButtonDblClk(UINT nFlags, CPoint point);
@@ -31,7 +32,6 @@ class CMFXWTBasedOnSizeAndWeightListCtrl : public CMFXListCtrl {
   private:
     bool IsBandGrid() const;
     bool CanEdit(const Cell& cell) const;
-    void BeginNaming(int nRow);
     CString CommitEditedCell();
     void Notify(const CString& strText, GridNotification code);
     void NotifyOfSelection(int nRow);

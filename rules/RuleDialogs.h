@@ -5,7 +5,9 @@
 class CMFXSCVariableDraftAngleRule;
 class CMFXSCWTVariationRule;
 class CMFXWTBasedOnCastSizeAndWeightRule;
+class CMFXUniformThicknessRule;
 
 void RunDraftAngleDialog(CMFXSCVariableDraftAngleRule& rule);
+void RunUniformThicknessDialog(CMFXUniformThicknessRule& rule);
 void RunVariationDialog(CMFXSCWTVariationRule& rule);
 void RunSizeAndWeightDialog(CMFXWTBasedOnCastSizeAndWeightRule& rule);

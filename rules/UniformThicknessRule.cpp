@@ -7,6 +7,7 @@
 #include "RecordNames.h"
 #include "ResourceSwitch.h"
 #include "RuleConstraints.h"
+#include "RuleDialogs.h"
 #include "RuleHeader.h"
 #include "RuleRecord.h"
 #include "SandCastingRulesApp.h"
@@ -14,6 +15,7 @@
 #include "XmlNumber.h"
 #include "resource.h"
 
+#include <algorithm>
 #include <cmath>
 #include <memory>
 
@@ -80,6 +82,17 @@ void ConvertLimit(CMfxParamStorage& limit, int nFromUnit, int nToUnit) {
     if (values.IsEmpty()) return;
     values[0] =
         CMFXUnitConvertor().ConversionFromOneUnitToAnother(values[0], QuantityLength, nFromUnit, nToUnit);
+}
+
+// The first number of a parameter; null when there is none.
+const double* FindNumber(const CMfxParamStorage* pParameter) {
+    if (!pParameter || pParameter->GetValues<double>().IsEmpty()) return nullptr;
+    return &pParameter->GetValues<double>()[0];
+}
+
+// Texts have six decimals. One that was not changed must not cut the number's other digits.
+void KeepDigits(double& value, const double* pBefore) {
+    if (pBefore && FormatDouble(value) == FormatDouble(*pBefore)) value = *pBefore;
 }
 
 // The length unit of the record's document. Documents in use rely on this: only the first character counts,
@@ -223,6 +236,14 @@ bool CMFXUniformThicknessRule::AcceptRuleData(const CMfxData*) {
     return true;
 }
 
+void CMFXUniformThicknessRule::ConfigureRuleDialog() {
+    NoThrow([this] {
+        const ResourceSwitch resources;
+        RunUniformThicknessDialog(*this);
+        UpdateSummary();
+    });
+}
+
 int CMFXUniformThicknessRule::ExecuteAlternate(MFXICadSys*, const CMfxData*, MFXResultSet*, int) {
     return 0;
 }
@@ -231,6 +252,50 @@ void CMFXUniformThicknessRule::SetRuleStatusForAssemblyModel(int) {}
 
 int CMFXUniformThicknessRule::GetMaterialStatus() const {
     return 0;
+}
+
+bool CMFXUniformThicknessRule::AreLimitsByMaterial() const {
+    return !m_constraintArray.IsEmpty() && m_constraintArray[0]->m_bActive;
+}
+
+std::vector<MaterialLimitTexts> CMFXUniformThicknessRule::GetLimitsByMaterial() const {
+    const auto text = [](const double* pNumber) { return pNumber ? FormatDouble(*pNumber) : CString(); };
+    std::vector<MaterialLimitTexts> rows;
+    for (const CMFXConstraint* pConstraint : m_constraintArray)
+        rows.push_back({pConstraint->m_strName,
+                        text(FindNumber(pConstraint->FindParameterInArray(kThicknessMinId))),
+                        text(FindNumber(pConstraint->FindParameterInArray(kThicknessMaxId)))});
+    return rows;
+}
+
+// With the digits of the material's numbers before.
+MaterialLimits CMFXUniformThicknessRule::WithKeptDigits(MaterialLimits limits) const {
+    for (const CMFXConstraint* pConstraint : m_constraintArray) {
+        if (pConstraint->m_strName != limits.strMaterial) continue;
+        KeepDigits(limits.minimum, FindNumber(pConstraint->FindParameterInArray(kThicknessMinId)));
+        KeepDigits(limits.maximum, FindNumber(pConstraint->FindParameterInArray(kThicknessMaxId)));
+    }
+    return limits;
+}
+
+void CMFXUniformThicknessRule::SetLimitsByMaterial(std::vector<MaterialLimits> limits, bool bInForce) {
+    for (MaterialLimits& material : limits) material = WithKeptDigits(material);
+    ClearConstraints();
+    for (const auto& [strMaterial, minimum, maximum] : limits) {
+        const CMFXConstraint* pConstraint =
+            CreateConstraintWithParameters(*this, strMaterial, bInForce, kLimitSpecs, bInForce);
+        if (!pConstraint) continue;
+        pConstraint->FindParameterInArray(kThicknessMinId)->GetValues<double>().SetFirst(minimum);
+        pConstraint->FindParameterInArray(kThicknessMaxId)->GetValues<double>().SetFirst(maximum);
+    }
+}
+
+void CMFXUniformThicknessRule::SetCommonLimit(long nParamId, double value, bool bInForce) {
+    CMfxParamStorage* const pLimit = FindParameterInArray(nParamId);
+    if (!pLimit) return;
+    KeepDigits(value, FindNumber(pLimit));
+    pLimit->GetValues<double>().SetFirst(value);
+    pLimit->m_bStatus = bInForce;
 }
 
 // Names the limits that are on, or says that there are limits by material. Only the first material decides.
@@ -243,6 +308,5 @@ void CMFXUniformThicknessRule::UpdateSummary() {
     const CString strUnit = GetLengthUnitLabel(m_nLengthUnit);
     m_strSummary = LimitSummary(*pMinimum, OperatorAtLeast, IDS_UNIFORM_SUMMARY_MINIMUM, strUnit) +
                    LimitSummary(*pMaximum, OperatorAtMost, IDS_UNIFORM_SUMMARY_MAXIMUM, strUnit);
-    if (!m_constraintArray.IsEmpty() && m_constraintArray[0]->m_bActive)
-        m_strSummary = LoadLocalizedString(IDS_UNIFORM_SUMMARY_BY_MATERIAL);
+    if (AreLimitsByMaterial()) m_strSummary = LoadLocalizedString(IDS_UNIFORM_SUMMARY_BY_MATERIAL);
 }

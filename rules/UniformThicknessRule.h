@@ -1,5 +1,6 @@
 #pragma once
 
+#include "MaterialLimitsCheck.h"
 #include "MfxRule.h"
 #include "RuleParameters.h"
 
@@ -24,12 +25,24 @@ class CMFXUniformThicknessRule : public CMfxRule {
     void PrepareRule() override;
     void ConvertUnits(const UnitPair& from, const UnitPair& to) override;
     bool AcceptRuleData(const CMfxData* pData) override;
+    void ConfigureRuleDialog() override;
     int ExecuteAlternate(MFXICadSys* pCadSys, const CMfxData* pData, MFXResultSet* pResults,
                          int nMode) override;
     void SetRuleStatusForAssemblyModel(int nStatus) override;
     int GetMaterialStatus() const override;
 
     using CMfxRule::operator=;
+
+    // Whether the limits by material are in force. The first material decides.
+    bool AreLimitsByMaterial() const;
+    // As a dialog shows them; a limit that a record lacks is empty.
+    std::vector<MaterialLimitTexts> GetLimitsByMaterial() const;
+    // Replaces all materials. A number that shows the same digits as the one before stays as it was.
+    void SetLimitsByMaterial(std::vector<MaterialLimits> limits, bool bInForce);
+
+    // A limit of all materials: kThicknessMinId or kThicknessMaxId. A number that shows the same digits as
+    // the one before stays as it was.
+    void SetCommonLimit(long nParamId, double value, bool bInForce);
 
   private:
     void SetHeader(const CString& strProcess, const CString& strModule, MFXRuleCategory_e category,
@@ -38,5 +51,6 @@ class CMFXUniformThicknessRule : public CMfxRule {
     void CreateLimits();
     void CreateConstraintsOfLegacyTable(const MfxXMLNode& record);
     void CreateConstraints(const MfxXMLNode& record);
+    MaterialLimits WithKeptDigits(MaterialLimits limits) const;
     void UpdateSummary();
 };

@@ -9,8 +9,6 @@
 
 namespace {
 
-constexpr int kRulesWithDialog[] = {19020, 19030, 19040};
-
 struct DialogTextsTest : DialogTest, testing::WithParamInterface<const wchar_t*> {
     DialogTextsTest() : DialogTest(GetParam()) {}
 };
@@ -105,7 +103,7 @@ void CheckControls(HWND hDialog) {
 TEST_P(DialogTextsTest, HaveRoom) {
     AddGroupTo(Rule(19020), L"Aluminium Alloys", {{0, 150, 0.1, 0.5, 3}, {150, 400, 0.5, 10, 3.5}});
     AddGroupTo(Rule(19020), L"Steel", {{0, 200, -1, -1, 5}, {200, 600, -1, -1, 7.5}, {600, 0, -1, -1, 10}});
-    for (const int nRuleId : kRulesWithDialog)
+    for (const int nRuleId : {19010, 19020, 19030, 19040})
         Configure(Rule(nRuleId), [&](DialogUser& user) {
             CheckControls(user.Window());
             ExpectRoom(user.Window(), 40);  // the caption and its button

@@ -50,18 +50,31 @@ class GridUser {
     int RowCount() const { return ListView_GetItemCount(m_hGrid); }
 
     void ExpectCursorIn(int nRow, int nCol) const {
-        const HWND hEditor = GetDlgItem(m_hGrid, kEditorId);
-        ASSERT_EQ(GetFocus(), hEditor);
-        CRect editor, grid, cell = PlaceOf(nRow, nCol);
-        GetWindowRect(hEditor, &editor);
-        MapWindowPoints(nullptr, m_hGrid, reinterpret_cast<POINT*>(&editor), 2);
+        const CRect editor = PlaceOfFocus(kEditorId), cell = PlaceOf(nRow, nCol);
+        CRect grid;
         EXPECT_EQ(editor.left, cell.left);
         EXPECT_EQ(editor.top, cell.top - 2);
         GetClientRect(m_hGrid, &grid);
         EXPECT_LE(editor.bottom, grid.bottom + 2) << "out of view";
     }
 
+    // The drop-down list, half-way down the first cell of a row.
+    void ExpectListIn(int nRow) const {
+        const CRect list = PlaceOfFocus(kComboId), cell = PlaceOf(nRow, 0);
+        EXPECT_LT(list.top, cell.bottom);
+        EXPECT_GT(list.bottom, cell.top);
+    }
+
   private:
+    // Of an editor of the grid, which has the keyboard.
+    CRect PlaceOfFocus(int nEditorId) const {
+        const HWND hEditor = GetDlgItem(m_hGrid, nEditorId);
+        EXPECT_EQ(GetFocus(), hEditor);
+        CRect place;
+        GetWindowRect(hEditor, &place);
+        MapWindowPoints(nullptr, m_hGrid, reinterpret_cast<POINT*>(&place), 2);
+        return place;
+    }
     void ClickOnce(int nRow, int nCol) {
         const CRect rect = PlaceOf(nRow, nCol);
         m_user.ClickAt(m_hGrid, CPoint(rect.left + m_nOffset, rect.top + rect.Height() / 2));
