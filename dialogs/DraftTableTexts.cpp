@@ -34,6 +34,8 @@ CString DraftSheetFaultText(const DraftSheet& sheet) {
             return LoadLocalizedString(IDS_DRAFT_UNEVEN_COLUMNS);
         case DraftSheetFault::TooManyBands:
             return LoadLocalizedString(IDS_DRAFT_TOO_MANY_BANDS);
+        case DraftSheetFault::NoNumber:
+            return FormattedText(IDS_DRAFT_NO_NUMBER, sheet.strCell, sheet.strText);
         case DraftSheetFault::RefusedTable:
             return sheet.table.flaw == DraftTableFlaw::NoBands
                        ? DraftFlawText(sheet.table)

@@ -80,7 +80,10 @@ void CheckControls(HWND hDialog) {
          hControl = GetWindow(hControl, GW_HWNDNEXT)) {
         ExpectInside(hControl, hDialog);
         const bool bButton = IsOfClass(hControl, L"Button"), bLabel = IsOfClass(hControl, L"Static");
-        if (IsOfClass(hControl, L"SysListView32")) ExpectRoomForHeadings(hControl);
+        if (IsOfClass(hControl, L"SysListView32")) {
+            ExpectRoomForHeadings(hControl);
+            EXPECT_FALSE(GetWindowLongW(hControl, GWL_STYLE) & WS_HSCROLL) << "columns out of view";
+        }
         if ((!bButton && !bLabel) || WindowText(hControl).IsEmpty()) continue;
         if (GetWindowLongW(hControl, GWL_STYLE) & SS_NOPREFIX) {
             ExpectRoom(hControl, 0, DT_WORDBREAK | DT_NOPREFIX);

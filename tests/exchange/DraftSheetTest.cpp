@@ -18,10 +18,10 @@ const std::vector<LPCWSTR> kHeadings{L"H1", L"H2", L"A1", L"A2", L"A3"};
 
 TEST(DraftSheetTest, TurnsRowsIntoBands) {
     const DraftSheet sheet = ReadDraftSheet(
-        Columns({kHeadings, {L"0", L"25.40", L"3", L".5", L""}, {L"25.4 mm", L"", L"1", L"2", L"none"}}));
+        Columns({kHeadings, {L"0", L"25.40", L"3", L".5", L""}, {L"25.4", L"", L"1", L"2", L""}}));
     EXPECT_EQ(sheet.fault, DraftSheetFault::None);
     EXPECT_EQ(sheet.table.bands, (std::vector<MfxTableRow>{{{L"0.0", L"25.4", L"3.0", L"0.5", L""}},
-                                                           {{L"25.4", L"", L"1.0", L"2.0", L"0.0"}}}));
+                                                           {{L"25.4", L"", L"1.0", L"2.0", L""}}}));
 }
 
 TEST(DraftSheetTest, SaysWhyASheetIsRefused) {
@@ -49,8 +49,8 @@ TEST(DraftSheetTest, SaysWhyASheetIsRefused) {
         {Columns({kHeadings}), RefusedTable, DraftTableFlaw::NoBands, 0},
         {Columns({kHeadings, band, {L"1", L"2", L"", L"3", L""}}), RefusedTable, DraftTableFlaw::EmptyCell,
          3},
-        {Columns({kHeadings, {L"0", L"1", L"abc", L"3", L""}}), RefusedTable, DraftTableFlaw::IncompleteRow,
-         2},
+        {Columns({kHeadings, {L"0", L"1", L".", L"3", L""}}), RefusedTable, DraftTableFlaw::IncompleteRow, 2},
+        {Columns({kHeadings, band, {L"1", L"2,5", L"3", L"3", L""}}), NoNumber, DraftTableFlaw::None, 0},
     };
     for (const auto& [columns, fault, flaw, row] : kCases) {
         SCOPED_TRACE(testing::PrintToString(flaw) + " in row " + std::to_string(row));
@@ -60,4 +60,11 @@ TEST(DraftSheetTest, SaysWhyASheetIsRefused) {
         EXPECT_EQ(sheet.table.nRow, row);
         EXPECT_TRUE(sheet.table.bands.empty());
     }
+}
+
+TEST(DraftSheetTest, NamesTheCellThatIsNoNumber) {
+    const DraftSheet sheet = ReadDraftSheet(
+        Columns({kHeadings, {L"0", L"1", L"3", L"3", L""}, {L"1", L"2", L"3", L"3", L"none"}}));
+    EXPECT_STREQ(sheet.strCell, L"E3");
+    EXPECT_STREQ(sheet.strText, L"none");
 }
