@@ -33,6 +33,12 @@ void EnterSevenInches(HWND hDialog) {
     PostMessageW(hDialog, WM_COMMAND, IDOK, 0);
 }
 
+void ChooseLimits(HWND hDialog, int nRadioButton) {
+    for (const int nButton : {IDC_UNIFORM_COMMON, IDC_UNIFORM_BY_MATERIAL})
+        SendDlgItemMessageW(hDialog, nButton, BM_SETCHECK,
+                            nButton == nRadioButton ? BST_CHECKED : BST_UNCHECKED, 0);
+}
+
 void Cancel(HWND hDialog) {
     PostMessageW(hDialog, WM_COMMAND, IDCANCEL, 0);
 }
@@ -84,6 +90,31 @@ TEST_F(ConfigureTest, SavesWhichGroupIsActive) {
     EXPECT_THAT(after, HasSubstr(steel + "\"0\" Note=\"of steel\""))
         << "what others wrote stays with its group";
     EXPECT_LT(after.find(aluminium + "\"1\""), after.find(steel + "\"0\" Note")) << "the rule's order";
+}
+
+TEST_F(ConfigureTest, SavesWhichLimitsAreInForce) {
+    m_folder.Write(L"r.xml", m_folder.Read(Wide(MFX_SAMPLES "legacy-material-table.xml")));
+    const auto open = [&](void (*act)(HWND), const std::string& says) {
+        Configure({}, act, says, L"19010", L"Uniform Wall Thickness");
+    };
+    open(
+        [](HWND hDialog) {
+            ChooseLimits(hDialog, IDC_UNIFORM_COMMON);
+            PostMessageW(hDialog, WM_COMMAND, IDOK, 0);
+        },
+        "r.xml: Uniform Wall Thickness changed\n");
+    const std::string common = m_folder.Read(L"r.xml");
+    EXPECT_THAT(common, HasSubstr("Value=\"Steel\" Status=\"0\""));
+    EXPECT_THAT(common, HasSubstr("Summary=\"Minimum wall thickness"));
+    open(
+        [](HWND hDialog) {
+            EXPECT_TRUE(IsDlgButtonChecked(hDialog, IDC_UNIFORM_COMMON));
+            ChooseLimits(hDialog, IDC_UNIFORM_BY_MATERIAL);
+            PostMessageW(hDialog, WM_COMMAND, IDOK, 0);
+        },
+        "r.xml: Uniform Wall Thickness changed\n");
+    EXPECT_THAT(m_folder.Read(L"r.xml"), HasSubstr("Value=\"Steel\" Status=\"1\""));
+    EXPECT_THAT(m_folder.Read(L"r.xml"), HasSubstr("Summary=\"Wall thickness limits by material\""));
 }
 
 TEST_F(ConfigureTest, WritesNothingWhenNothingChanged) {
