@@ -79,7 +79,7 @@
 #define IDS_DRAFT_TOO_MANY_BANDS 29201
 #define IDS_DRAFT_NOT_IMPORTED 29202 /* what is wrong with the table of the sheet */
 #define IDS_DRAFT_HEADING_FONT 29205 /* typeface that has the language's characters */
-#define IDS_DRAFT_NO_NUMBER 29206 /* cell, its text */
+#define IDS_DRAFT_NO_NUMBER 29206    /* cell, its text */
 #define IDS_DRAFT_BANDS_TIP 29203
 #define IDS_DRAFT_IMPORT_TIP 29204
 
