@@ -82,7 +82,10 @@ void CMFXUniformThicknessDlg::OnDeleteRows() {
     if (!m_gridMaterials.DeleteSelectedRows()) DeleteRow(m_gridMaterials.GetEditRow());
 }
 
+// A choice that was made before must not look up its limits among the new group's.
 void CMFXUniformThicknessDlg::OnGroupChange() {
+    m_gridMaterials.EndEditing();
+    m_gridMaterials.ForgetEditedCell();
     UpdateListCtrl();
 }
 
@@ -150,8 +153,10 @@ void CMFXUniformThicknessDlg::UpdateListCtrl() {
     CString strGroup;
     m_comboGroup.GetWindowText(strGroup);
     std::vector<CString> names, minimums, maximums;
-    for (const MaterialLimitTexts& choice :
-         ListMaterialChoices(m_pRule->GetRuleCategoryEnum(), strGroup, m_pRule->m_nLengthUnit)) {
+    std::vector<MaterialLimitTexts> choices =
+        ListMaterialChoices(m_pRule->GetRuleCategoryEnum(), strGroup, m_pRule->m_nLengthUnit);
+    AddMissingChoices(choices, ReadMaterials());
+    for (const MaterialLimitTexts& choice : choices) {
         names.push_back(choice.strMaterial);
         minimums.push_back(choice.strMinimum);
         maximums.push_back(choice.strMaximum);
@@ -198,13 +203,17 @@ bool CMFXUniformThicknessDlg::CheckCommonLimits() {
     return false;
 }
 
-bool CMFXUniformThicknessDlg::CheckMaterials(MaterialLimitsResult& result) {
+std::vector<MaterialLimitTexts> CMFXUniformThicknessDlg::ReadMaterials() const {
     std::vector<MaterialLimitTexts> rows;
     for (int nRow = 0; nRow < m_gridMaterials.GetItemCount(); ++nRow)
         rows.push_back({m_gridMaterials.GetItemText(nRow, MaterialColumn::Material),
                         m_gridMaterials.GetItemText(nRow, MaterialColumn::Minimum),
                         m_gridMaterials.GetItemText(nRow, MaterialColumn::Maximum)});
-    result = CheckMaterialLimits(rows);
+    return rows;
+}
+
+bool CMFXUniformThicknessDlg::CheckMaterials(MaterialLimitsResult& result) {
+    result = CheckMaterialLimits(ReadMaterials());
     if (result.flaw != MaterialLimitsFlaw::None) {
         ShowFlaw(result);
         return false;

@@ -7,6 +7,7 @@
 #include "WrapperComboCtrl.h"
 
 class CMFXUniformThicknessRule;
+struct MaterialLimitTexts;
 struct MaterialLimitsResult;
 
 // Edits the limits of a uniform thickness rule: a pair for all materials, a table of pairs by material, and
@@ -47,6 +48,7 @@ class CMFXUniformThicknessDlg : public CMFXRuleDlgBase {
     void SetUpGroups();
     bool IsByMaterial() const;
     bool CheckCommonLimits();
+    std::vector<MaterialLimitTexts> ReadMaterials() const;
     bool CheckMaterials(MaterialLimitsResult& result);
     void ShowFlaw(const MaterialLimitsResult& result);
     void StoreCommonLimit(const CommonLimit& limit);

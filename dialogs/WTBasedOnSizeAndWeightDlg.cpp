@@ -51,6 +51,11 @@ BOOL CMFXWTBasedOnSizeAndWeightDlg::OnInitDialog() {
     if (const UINT nReason = LoadDatabase()) return RefuseToEdit(nReason);
     SetUpGrids();
     if (!m_groups.Load(*m_pRule)) return RefuseToEdit();
+    // A drop-down list that lacks a group's name would put another in its place.
+    for (const CString& strName : m_groups.GetLoadedNames())
+        if (std::ranges::find(m_materialGroups, strName) == m_materialGroups.end())
+            m_materialGroups.push_back(strName);
+    m_listGroups.SetComboItems(m_materialGroups);
     m_bEditable = true;
     SetUpUnits();
     m_picture.SetBitmap(LoadBitmapW(AfxGetResourceHandle(), MAKEINTRESOURCEW(IDB_SIZE_WEIGHT_PICTURE)));
@@ -106,6 +111,11 @@ void CMFXWTBasedOnSizeAndWeightDlg::OnMassUnitChange() {
 
 void CMFXWTBasedOnSizeAndWeightDlg::OnOK() {
     if (!m_bEditable || !LeaveCurrentGroup() || !EveryGroupHasBands()) return;
+    if (const CString strFlawed = m_groups.FindFlawedGroup(); !strFlawed.IsEmpty()) {
+        m_groups.SetCurrent(strFlawed);
+        ShowCurrentGroup();
+        return ShowFlaw(m_groups.Check());
+    }
     if (!m_groups.HasUsableBand()) return ShowFlaw({SizeAndWeightFlaw::NoBands});
     m_groups.Store(*m_pRule);
     StoreLengthUnit(m_comboLengthUnit, m_pRule->m_nLengthUnit);
@@ -140,7 +150,6 @@ void CMFXWTBasedOnSizeAndWeightDlg::SetUpGrids() {
         headings.push_back(LoadLocalizedString(nHeading));
     m_gridBands.InitBandColumns(headings);
     m_listGroups.InitGroupColumns({LoadLocalizedString(IDS_SIZE_WEIGHT_GROUPS)});
-    m_listGroups.SetComboItems(m_materialGroups);
 }
 
 void CMFXWTBasedOnSizeAndWeightDlg::SetUpUnits() {
@@ -208,7 +217,7 @@ void CMFXWTBasedOnSizeAndWeightDlg::NewGroup(const CString& strName) {
 }
 
 void CMFXWTBasedOnSizeAndWeightDlg::SelectGroup(const CString& strName) {
-    if (strName.IsEmpty() || strName == LoadLocalizedString(IDS_DEFAULT)) return;
+    if (strName.IsEmpty() || strName == LoadLocalizedString(IDS_DEFAULT) || strName == kDefaultGroup) return;
     if (!LeaveCurrentGroup()) return SelectGroupRow(m_listGroups, m_groups.GetCurrent());
     m_groups.SetCurrent(strName);
     ShowCurrentGroup();
