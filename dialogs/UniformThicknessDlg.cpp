@@ -1,6 +1,7 @@
 #include "UniformThicknessDlg.h"
 
 #include "DialogTexts.h"
+#include "EditMaterialDBDlg.h"
 #include "LengthUnitCombo.h"
 #include "MaterialChoices.h"
 #include "MaterialTables.h"
@@ -54,6 +55,7 @@ void CMFXUniformThicknessDlg::DoDataExchange(CDataExchange* pDX) {
 BEGIN_MESSAGE_MAP(CMFXUniformThicknessDlg, CMFXRuleDlgBase)
     ON_WM_NCLBUTTONDOWN()
     ON_BN_CLICKED(IDC_UNIFORM_DELETE_ROWS, &CMFXUniformThicknessDlg::OnDeleteRows)
+    ON_BN_CLICKED(IDC_EDIT_MATERIALS, &CMFXUniformThicknessDlg::OnEditMaterials)
     ON_CBN_SELCHANGE(IDC_UNIFORM_GROUP, &CMFXUniformThicknessDlg::OnGroupChange)
 END_MESSAGE_MAP()
 
@@ -80,6 +82,10 @@ BOOL CMFXUniformThicknessDlg::PreTranslateMessage(MSG* pMsg) {
 // Deletes the selected rows, or else the row that is being edited.
 void CMFXUniformThicknessDlg::OnDeleteRows() {
     if (!m_gridMaterials.DeleteSelectedRows()) DeleteRow(m_gridMaterials.GetEditRow());
+}
+
+void CMFXUniformThicknessDlg::OnEditMaterials() {
+    if (m_gridMaterials.EndEditing()) EditMaterialsFrom(*this);
 }
 
 void CMFXUniformThicknessDlg::OnGroupChange() {
