@@ -135,14 +135,12 @@ void CEditMaterialDBDlg::OnImport() {
     if (!pDatabase || !TakeTexts() || !AskUser(LoadLocalizedString(IDS_MATERIALS_IMPORT_AT_ONCE))) return;
     const CString strPath = AskForMaterialFile(true, this);
     if (strPath.IsEmpty() || !Save()) return;
-    MfxDatabaseResult result;
     CString strText;
     {
-        CWaitCursor wait;
-        strText = ImportMaterials(*pDatabase, strPath, result);
+        const CWaitCursor wait;
+        strText = ImportMaterials(*pDatabase, strPath);
         UpdateListCtrl();
     }
-    if (result.problem) strText = GetProblemText(result);
     ShowMessage(strText, MB_ICONINFORMATION);
 }
 
@@ -152,10 +150,8 @@ void CEditMaterialDBDlg::OnExport() {
     if (!m_edits.GetChanges().empty() && !AskUser(LoadLocalizedString(IDS_MATERIALS_SAVE_FIRST))) return;
     const CString strPath = AskForMaterialFile(false, this);
     if (strPath.IsEmpty() || !Save()) return;
-    MfxDatabaseResult result;
-    const bool bWritten = ExportMaterials(*pDatabase, strPath, result);
-    if (result.problem) ShowMessage(GetProblemText(result), MB_ICONEXCLAMATION);
-    if (!bWritten) ShowMessage(FormattedText(IDS_MATERIALS_NOT_EXPORTED, strPath), MB_ICONEXCLAMATION);
+    const CString strFailure = ExportMaterials(*pDatabase, strPath);
+    if (!strFailure.IsEmpty()) ShowMessage(strFailure, MB_ICONEXCLAMATION);
 }
 
 void CEditMaterialDBDlg::OnNcLButtonDown(UINT nHitTest, CPoint point) {

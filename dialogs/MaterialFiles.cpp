@@ -45,7 +45,7 @@ CString AskForMaterialFile(bool bToRead, CWnd* pParent) {
     return dialog.DoModal() == IDOK ? dialog.GetPathName() : CString();
 }
 
-CString ImportMaterials(IMaterialDatabase& database, const CString& strPath, MfxDatabaseResult& result) {
+CString ImportMaterials(IMaterialDatabase& database, const CString& strPath) {
     CString strLines;
     int nLines = 0;
     MaterialImportEvents events;
@@ -53,23 +53,27 @@ CString ImportMaterials(IMaterialDatabase& database, const CString& strPath, Mfx
         if (++nLines <= kLinesShown)
             strLines += NumberOf(static_cast<std::int64_t>(line)) + L": " + FromUtf8(flaw) + L"\r\n";
     };
+    events.progress = [](std::uint64_t, std::uint64_t) {};
     MaterialImportCounts counts;
-    result = database.ImportCsv(strPath, false, events, counts);
+    const MfxDatabaseResult result = database.ImportCsv(strPath, false, events, counts);
+    if (result.problem == DatabaseRefused) return FormattedText(IDS_MATERIALS_NOT_IMPORTED, result.strText);
+    if (result.problem) return GetProblemText(result);
     if (nLines > 0) return FormattedText(IDS_MATERIALS_BAD_LINES, NumberOf(nLines), strLines);
     return FormattedText(IDS_MATERIALS_IMPORTED, NumberOf(counts.added), NumberOf(counts.changed),
                          NumberOf(counts.unchanged));
 }
 
-bool ExportMaterials(IMaterialDatabase& database, const CString& strPath, MfxDatabaseResult& result) {
+CString ExportMaterials(IMaterialDatabase& database, const CString& strPath) {
     MaterialExportOptions options;
     options.hasByteOrderMark = true;  // by it spreadsheet programs know UTF-8
     std::string bytes;
-    result = database.ExportCsv(options, [&](std::string_view piece) { bytes += piece; });
-    if (result.problem != DatabaseNoProblem) return true;
+    const MfxDatabaseResult result =
+        database.ExportCsv(options, [&](std::string_view piece) { bytes += piece; });
+    if (result.problem) return GetProblemText(result);
     const CString strTemporary = strPath + L".tmp";
     if (WriteBytes(strTemporary, bytes) &&
         MoveFileExW(strTemporary, strPath, MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH))
-        return true;
+        return CString();
     DeleteFileW(strTemporary);
-    return false;
+    return FormattedText(IDS_MATERIALS_NOT_EXPORTED, strPath);
 }

@@ -11,8 +11,8 @@ IMaterialDatabase* FindMaterialDatabase();
 // Asks for a file to read or to write; empty when the user cancels.
 CString AskForMaterialFile(bool bToRead, CWnd* pParent);
 
-// What an import has done, in the user's language; the first wrong lines when it has done nothing.
-CString ImportMaterials(IMaterialDatabase& database, const CString& strPath, MfxDatabaseResult& result);
+// What an import has done, in the user's language, or why it has done nothing.
+CString ImportMaterials(IMaterialDatabase& database, const CString& strPath);
 
-// Replaces the file when the new one is complete; false when it can't be written.
-bool ExportMaterials(IMaterialDatabase& database, const CString& strPath, MfxDatabaseResult& result);
+// Replaces the file when the new one is complete. Returns why it could not; empty when it is done.
+CString ExportMaterials(IMaterialDatabase& database, const CString& strPath);

@@ -158,6 +158,7 @@
 #define IDS_MATERIALS_IMPORTED 10191  /* numbers of materials added, changed, unchanged */
 #define IDS_MATERIALS_BAD_LINES 10192 /* their number, the first of them */
 #define IDS_MATERIALS_NOT_EXPORTED 10193 /* path */
+#define IDS_MATERIALS_NOT_IMPORTED 10194 /* why */
 
 /* Wall thickness by cast size and weight; the ids of limits and mass unit are also the parameters' ids */
 #define IDS_SIZE_WEIGHT_RULE_NAME 10122

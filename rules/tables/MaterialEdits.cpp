@@ -123,7 +123,12 @@ MfxDatabaseResult MaterialEdits::Save(IDatabaseCollector& database) {
     if (m_changes.empty()) return {};
     MfxDatabaseResult result = FindConflict(database);
     if (!result.problem) result = database.ApplyChanges(m_changes);
-    if (!result.problem) m_changes.clear();
+    if (result.problem) return result;
+    m_changes.clear();
+    for (Item& item : m_items) {
+        item.bNew = false;
+        item.loaded.reset();
+    }
     return result;
 }
 

@@ -64,7 +64,7 @@ TEST_F(MaterialEditsTest, ShowsUnitsThereAndBack) {
     m_edits.SetDensityUnit(DensityPoundPerCubicInch);
     EXPECT_EQ(SetFigures(kGray, L"0.26", L"3.18", L"5"), MaterialFlaw::None);
     m_edits.SetDensityUnit(DensityKilogramPerCubicMetre);
-    EXPECT_STREQ(m_edits.GetTexts(Find(kGray)).strDensity, L"7196.679");
+    EXPECT_STREQ(m_edits.GetTexts(Find(kGray)).strDensity, L"7196.775225");
     m_edits.SetDensityUnit(DensityPoundPerCubicInch);
     EXPECT_EQ(m_edits.GetTexts(Find(kGray)), (MaterialTexts{kGray, L"0.26", L"3.18", L"5.0"}));
     Save(m_edits);

@@ -39,6 +39,9 @@ struct EditMaterialDBDlgTest : DialogTest {
     RealDatabase m_real;
 };
 
+const std::string kHeadings =
+    "Process,Family,Group,Material,Density [g/cm3],Minimum wall thickness [mm],Maximum wall thickness [mm]\n";
+
 }  // namespace
 
 TEST_F(EditMaterialDBDlgTest, SavesByOkAndNothingByCancel) {
@@ -91,7 +94,7 @@ TEST_F(EditMaterialDBDlgTest, OffersWhatIsNewInTheDialogBehind) {
             user.Press(VK_RETURN);
         });
         groups.DoubleClick(0, 0);
-        EXPECT_EQ(groups.ChoiceCount(), 9) << "the seven of the database, the new one, and the placeholder";
+        EXPECT_EQ(groups.ChoiceCount(), 8) << "the seven of the database and the new one";
         user.Press(VK_ESCAPE);
         user.ClickOn(IDCANCEL);
     });
@@ -175,8 +178,9 @@ TEST_F(EditMaterialDBDlgTest, StaysOpenWhenAnotherProgramWasFaster) {
 }
 
 TEST_F(EditMaterialDBDlgTest, ExportsAndImports) {
-    m_real.Write(L"more.csv", "Process,Group,Material\nSand Casting,鋳鉄,주철\n");
-    m_real.Write(L"wrong.csv", "Process,Group,Material\nSand Casting,,A\n");
+    m_real.Write(L"more.csv", kHeadings + "Sand Casting,,鋳鉄,주철,,,\n");
+    m_real.Write(L"wrong.csv", kHeadings + "Sand Casting,,,A,,,\n");
+    m_real.Write(L"none.csv", "");
     Edit([&](DialogUser& user) {
         Select(user, L"Steel");
         user.Enter(IDC_MATERIALS_NAME, L"Steels");
@@ -200,6 +204,12 @@ TEST_F(EditMaterialDBDlgTest, ExportsAndImports) {
             MB_ICONINFORMATION);
         user.ClickOn(IDC_MATERIALS_IMPORT);
         user.ChooseFile(m_real.Path(L"wrong.csv"));
+        m_boxes.Verify();
+        m_boxes.Expect(strQuestion, MB_ICONQUESTION);
+        m_boxes.Expect(L"The file can't be imported.\r\n\r\n" + m_real.Path(L"none.csv") + L" is empty",
+                       MB_ICONINFORMATION);
+        user.ClickOn(IDC_MATERIALS_IMPORT);
+        user.ChooseFile(m_real.Path(L"none.csv"));
         m_boxes.Verify();
         user.ClickOn(IDCANCEL);
     });
