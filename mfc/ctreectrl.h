@@ -4,7 +4,7 @@
 
 #include <commctrl.h>
 
-// Tree view. Functions return FALSE or null where there is no such item. A null item stands above the roots.
+// Tree view. Functions return FALSE or null where there is no such item.
 class MFX_MFC_API CTreeCtrl : public CWnd {
   public:
     CTreeCtrl() = default;
@@ -15,12 +15,9 @@ class MFX_MFC_API CTreeCtrl : public CWnd {
     BOOL DeleteItem(HTREEITEM hItem) { return Ask(TVM_DELETEITEM, 0, reinterpret_cast<LPARAM>(hItem)) != 0; }
     BOOL DeleteAllItems() { return DeleteItem(TVI_ROOT); }
 
-    CString GetItemText(HTREEITEM hItem) const;
     BOOL SetItemText(HTREEITEM hItem, LPCTSTR lpszItem);
-    DWORD_PTR GetItemData(HTREEITEM hItem) const;
 
     HTREEITEM GetRootItem() const { return Item(TVM_GETNEXTITEM, TVGN_ROOT, 0); }
-    HTREEITEM GetSelectedItem() const { return Item(TVM_GETNEXTITEM, TVGN_CARET, 0); }
     BOOL SelectItem(HTREEITEM hItem) {
         return Ask(TVM_SELECTITEM, TVGN_CARET, reinterpret_cast<LPARAM>(hItem)) != 0;
     }

@@ -100,7 +100,8 @@ void CheckControls(HWND hDialog) {
     EXPECT_GT(nLabels, 0);
 }
 
-void CheckDialog(const DialogUser& user, int nContext, const CString& strLanguage) {
+void CheckDialog(DialogUser& user, int nContext, const CString& strLanguage) {
+    user.Idle();  // until all is painted
     CheckControls(user.Window());
     ExpectRoom(user.Window(), 40);  // the caption and its button
     CString strName;

@@ -216,3 +216,21 @@ TEST_F(EditMaterialDBDlgTest, ExportsAndImports) {
     EXPECT_NE(m_real.Read(L"out.csv").find("\nSand Casting,,Steels,"), std::string::npos);
     EXPECT_STREQ(m_real.Names(L"鋳鉄"), L"주철;");
 }
+
+TEST_F(EditMaterialDBDlgTest, HoldsTenThousandMaterials) {
+    std::string lines = kHeadings;
+    for (int i = 0; i < 10'000; ++i)
+        lines += "Sand Casting,,G" + std::to_string(i % 10) + ",M" + std::to_string(i) + ",7.2,3,5\n";
+    m_real.Write(L"many.csv", lines);
+    MaterialImportEvents events;
+    events.progress = [](std::uint64_t, std::uint64_t) {};
+    MaterialImportCounts counts;
+    m_real->ImportCsv(m_real.Path(L"many.csv"), false, events, counts);
+    Edit([&](DialogUser& user) {
+        EXPECT_GT(SendDlgItemMessageW(user.Window(), IDC_MATERIALS_TREE, TVM_GETCOUNT, 0, 0), 10'000);
+        Select(user, L"G9", L"M19");
+        user.Enter(IDC_MATERIALS_NAME, L"Last");
+        user.ClickOn(IDOK);
+    });
+    EXPECT_STREQ(m_real.Names(L"G9").Left(8), L"M9;Last;");
+}
