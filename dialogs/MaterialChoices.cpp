@@ -9,8 +9,6 @@
 
 namespace {
 
-constexpr wchar_t kProcess[] = L"Sand Casting";
-
 CString Converted(double value, int nFromUnit, int nToUnit) {
     return FormatDouble(
         CMFXUnitConvertor().ConversionFromOneUnitToAnother(value, QuantityLength, nFromUnit, nToUnit));
@@ -31,7 +29,8 @@ MaterialLimitTexts& FindOrAdd(std::vector<MaterialLimitTexts>& choices, const CS
 void AddOfDatabase(std::vector<MaterialLimitTexts>& choices, const CString& strGroup, int nLengthUnit) {
     const IDatabaseCollector* const pDatabase = mfx_db::MFXDataHelper::getInstance();
     std::vector<MfxMaterial> materials;
-    if (pDatabase->GetMaterials({kProcess, strGroup}, materials).problem != DatabaseNoProblem) return;
+    if (pDatabase->GetMaterials({kSandCastingProcess, strGroup}, materials).problem != DatabaseNoProblem)
+        return;
     for (const MfxMaterial& material : materials) {
         MaterialLimitTexts& choice = FindOrAdd(choices, material.strName);
         if (!material.minimumWall && !material.maximumWall) continue;

@@ -1,6 +1,7 @@
 #include "UniformThicknessDlg.h"
 
 #include "DialogTexts.h"
+#include "EditMaterialDBDlg.h"
 #include "LengthUnitCombo.h"
 #include "MaterialChoices.h"
 #include "MaterialTables.h"
@@ -54,6 +55,7 @@ void CMFXUniformThicknessDlg::DoDataExchange(CDataExchange* pDX) {
 BEGIN_MESSAGE_MAP(CMFXUniformThicknessDlg, CMFXRuleDlgBase)
     ON_WM_NCLBUTTONDOWN()
     ON_BN_CLICKED(IDC_UNIFORM_DELETE_ROWS, &CMFXUniformThicknessDlg::OnDeleteRows)
+    ON_BN_CLICKED(IDC_EDIT_MATERIALS, &CMFXUniformThicknessDlg::OnEditMaterials)
     ON_CBN_SELCHANGE(IDC_UNIFORM_GROUP, &CMFXUniformThicknessDlg::OnGroupChange)
 END_MESSAGE_MAP()
 
@@ -82,10 +84,12 @@ void CMFXUniformThicknessDlg::OnDeleteRows() {
     if (!m_gridMaterials.DeleteSelectedRows()) DeleteRow(m_gridMaterials.GetEditRow());
 }
 
-// A choice that was made before must not look up its limits among the new group's.
+void CMFXUniformThicknessDlg::OnEditMaterials() {
+    if (m_gridMaterials.EndEditing()) EditMaterialsFrom(*this);
+}
+
 void CMFXUniformThicknessDlg::OnGroupChange() {
     m_gridMaterials.EndEditing();
-    m_gridMaterials.ForgetEditedCell();
     UpdateListCtrl();
 }
 
@@ -149,7 +153,9 @@ void CMFXUniformThicknessDlg::SetUpGroups() {
         if (CWnd* const pControl = GetDlgItem(nControlId)) pControl->ShowWindow(SW_HIDE);
 }
 
+// A choice that was made before must not look up its limits among the new ones.
 void CMFXUniformThicknessDlg::UpdateListCtrl() {
+    m_gridMaterials.ForgetEditedCell();
     CString strGroup;
     m_comboGroup.GetWindowText(strGroup);
     std::vector<CString> names, minimums, maximums;

@@ -27,6 +27,7 @@ class CMFXUniformThicknessDlg : public CMFXRuleDlgBase {
   protected:
     void DoDataExchange(CDataExchange* pDX) override;
     afx_msg void OnDeleteRows();
+    afx_msg void OnEditMaterials();
     afx_msg void OnGroupChange();
     afx_msg void OnNcLButtonDown(UINT nHitTest, CPoint point);
     DECLARE_MESSAGE_MAP()

@@ -1,6 +1,7 @@
 #include "WTBasedOnSizeAndWeightDlg.h"
 
 #include "BandTableTexts.h"
+#include "EditMaterialDBDlg.h"
 #include "HandleMessage.h"
 #include "LengthUnitCombo.h"
 #include "MassUnits.h"
@@ -41,6 +42,7 @@ void CMFXWTBasedOnSizeAndWeightDlg::DoDataExchange(CDataExchange* pDX) {
 
 BEGIN_MESSAGE_MAP(CMFXWTBasedOnSizeAndWeightDlg, CMFXRuleDlgBase)
     ON_WM_NCLBUTTONDOWN()
+    ON_BN_CLICKED(IDC_EDIT_MATERIALS, &CMFXWTBasedOnSizeAndWeightDlg::OnEditMaterials)
     ON_CBN_SELCHANGE(IDC_SIZE_WEIGHT_MASS_UNIT, &CMFXWTBasedOnSizeAndWeightDlg::OnMassUnitChange)
 END_MESSAGE_MAP()
 
@@ -99,6 +101,16 @@ void CMFXWTBasedOnSizeAndWeightDlg::OnGridNotify(const CString& strText, int nCo
 // The band grid has no drop-down list.
 void CMFXWTBasedOnSizeAndWeightDlg::SupplyMaterialGroups(CMFXListCtrl& grid) {
     if (&grid == &m_listGroups) grid.SetComboItems(m_materialGroups);
+}
+
+void CMFXWTBasedOnSizeAndWeightDlg::OnEditMaterials() {
+    if (m_listGroups.EndEditing() && m_gridBands.EndEditing()) EditMaterialsFrom(*this);
+}
+
+void CMFXWTBasedOnSizeAndWeightDlg::UpdateListCtrl() {
+    m_materialGroups.clear();
+    ListMaterialGroups(m_materialGroups);
+    m_listGroups.SetComboItems(m_materialGroups);
 }
 
 void CMFXWTBasedOnSizeAndWeightDlg::OnMassUnitChange() {

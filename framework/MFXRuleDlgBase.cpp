@@ -99,6 +99,10 @@ void CMFXRuleDlgBase::ShowMessage(const CString& strText, UINT nIcon) {
     MessageBox(strText, kCaption, nIcon);
 }
 
+bool CMFXRuleDlgBase::AskUser(const CString& strText) {
+    return MessageBox(strText, kCaption, MB_ICONQUESTION | MB_OKCANCEL) == IDOK;
+}
+
 void CMFXRuleDlgBase::AddToolTip(CWnd& control, const CString& strText) {
     constexpr int kWidest = 400;  // pixels at 96 dpi; without it a tip has one line
     if (!control.GetSafeHwnd()) return;
