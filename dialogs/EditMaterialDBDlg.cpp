@@ -94,7 +94,8 @@ void CEditMaterialDBDlg::OnSelectionChanging(NMHDR*, LRESULT* pResult) {
 }
 
 void CEditMaterialDBDlg::OnSelectionChanged(NMHDR* pNotify, LRESULT*) {
-    ShowItem(static_cast<int>(reinterpret_cast<const NMTREEVIEWW*>(pNotify)->itemNew.lParam));
+    const TVITEMW& item = reinterpret_cast<const NMTREEVIEWW*>(pNotify)->itemNew;
+    if (item.hItem) ShowItem(static_cast<int>(item.lParam));  // none is left when the tree is emptied
 }
 
 void CEditMaterialDBDlg::OnUnitChange() {

@@ -134,7 +134,7 @@
 #define IDC_MATERIALS_IMPORT 10041
 #define IDC_MATERIALS_EXPORT 10042
 #define IDC_MATERIALS_REASON 10043
-#define IDC_EDIT_MATERIALS 10044 /* the button in rule dialogs that opens the editor */
+#define IDC_EDIT_MATERIALS 10044       /* the button in rule dialogs that opens the editor */
 #define IDS_MATERIALS_NOT_LOADED 10170 /* from here on in the order of MfxDatabaseProblem_e */
 #define IDS_MATERIALS_NOT_OPENED 10171
 #define IDS_MATERIALS_DAMAGED 10172
@@ -156,8 +156,8 @@
 #define IDS_MATERIALS_IMPORT_AT_ONCE 10188
 #define IDS_MATERIALS_SAVE_FIRST 10189
 #define IDS_MATERIALS_FILES 10190
-#define IDS_MATERIALS_IMPORTED 10191  /* numbers of materials added, changed, unchanged */
-#define IDS_MATERIALS_BAD_LINES 10192 /* their number, the first of them */
+#define IDS_MATERIALS_IMPORTED 10191     /* numbers of materials added, changed, unchanged */
+#define IDS_MATERIALS_BAD_LINES 10192    /* their number, the first of them */
 #define IDS_MATERIALS_NOT_EXPORTED 10193 /* path */
 #define IDS_MATERIALS_NOT_IMPORTED 10194 /* why */
 
