@@ -55,7 +55,7 @@ int RunMutationTest(int argc, wchar_t** argv, const std::function<void(unsigned)
             FailRound("takes longer than 10 seconds");
         if (PeakMegabytes() > kMaxMegabytes) FailRound("takes more than 500 MB");
     }
-    Report("the end, at most " + std::to_string(PeakMegabytes()) + " MB");
+    Report("not run; all before it passed, with at most " + std::to_string(PeakMegabytes()) + " MB");
     return EXIT_SUCCESS;
 }
 
