@@ -120,9 +120,7 @@ TEST_F(MaterialGridTest, ClicksCommitWithChecksAndKeysWithout) {
     EXPECT_THAT(Row(2), ElementsAre(L"200", L"", L"1"));
 
     m_grid.SetCellText(4, 0, L"");
-    ExpectInverted();  // by the hidden editor's text, again
-    Click(4, 1);
-    m_boxes.Verify();
+    Click(4, 1);  // does not refuse the old text again
     EXPECT_FALSE(IsVisible(kEditorId)) << "no material, no limits";
     EXPECT_EQ(m_grid.GetSelectedCount(), 1u);
     Click(3, 1, WM_LBUTTONDBLCLK);
