@@ -123,6 +123,18 @@ void FillDraftAngles(HWND hDialog, HINSTANCE hLibrary) {
 constexpr int kGroups = 50, kBandsOfGroup = 200;
 constexpr int kEmptyRows = 200;  // that the dialog adds to each list
 
+void FillUniformThickness(HWND hDialog, HINSTANCE hLibrary) {
+    for (const int nLimit : {IDC_UNIFORM_MINIMUM, IDC_UNIFORM_MAXIMUM})
+        SetDlgItemTextW(hDialog, nLimit, L"6.0");
+    FillUnits(GetDlgItem(hDialog, IDC_UNIFORM_GROUP), hLibrary);  // about as many
+    const HWND hMaterials = GetDlgItem(hDialog, IDC_UNIFORM_MATERIALS);
+    AddColumns(hMaterials, hLibrary,
+               {{IDS_UNIFORM_MATERIAL_HEADING, 200},
+                {IDS_UNIFORM_MINIMUM_HEADING, 120},
+                {IDS_UNIFORM_MAXIMUM_HEADING, 120}});
+    AddRows(hMaterials, 200, 0, 3);
+}
+
 void FillSizeAndWeight(HWND hDialog, HINSTANCE hLibrary) {
     FillUnits(GetDlgItem(hDialog, IDC_SIZE_WEIGHT_LENGTH_UNIT), hLibrary);
     FillUnits(GetDlgItem(hDialog, IDC_SIZE_WEIGHT_MASS_UNIT), hLibrary);  // as many
@@ -202,6 +214,7 @@ int wmain(int argc, wchar_t** argv) {
     AfxWinInit(GetModuleHandleW(nullptr), nullptr, GetCommandLineW(), 0);
     Register("variation", kVariationRuleId, {nullptr, IDD_VARIATION, FillVariation});
     Register("draft-angle", kDraftAngleRuleId, {nullptr, IDD_DRAFT, FillDraftAngles});
+    Register("uniform-thickness", kUniformThicknessRuleId, {nullptr, IDD_UNIFORM, FillUniformThickness});
     Register("size-and-weight, 50 groups", kSizeAndWeightRuleId,
              {nullptr, IDD_SIZE_WEIGHT, FillSizeAndWeight});
     return RunWithRatios(argc, argv);

@@ -14,9 +14,6 @@
 
 namespace {
 
-// How long an operation waits for another program to finish writing.
-constexpr int kLongestWaitMs = 5'000;
-
 struct CoTaskDeleter {
     void operator()(wchar_t* text) const { CoTaskMemFree(text); }
 };
@@ -54,7 +51,7 @@ std::string ToUri(const CString& path, const char* query) {
 
 std::unique_ptr<Connection> Open(const CString& path, const std::string& nameOrUri, int flags) {
     auto connection = std::make_unique<Connection>(path, nameOrUri, flags);
-    sqlite3_busy_timeout(connection->Get(), kLongestWaitMs);
+    WaitForOthers(*connection, kLongestWaitToReadMs);
     connection->Execute("PRAGMA foreign_keys = ON; PRAGMA cache_size = -8192");
     return connection;
 }
@@ -106,6 +103,7 @@ bool IsReadOnly(const Connection& connection) {
 
 // Another program may be doing the same at this moment.
 void BringUpToDate(const Connection& connection) {
+    WaitForOthers(connection, kLongestWaitToWriteMs);
     Transaction transaction(connection);
     const SchemaState state = FindSchemaState(connection);
     if (state == SchemaState::Current) return;
@@ -115,6 +113,10 @@ void BringUpToDate(const Connection& connection) {
 }
 
 }  // namespace
+
+void WaitForOthers(const Connection& connection, int longestMs) {
+    sqlite3_busy_timeout(connection.Get(), longestMs);
+}
 
 CString FindDatabasePath() {
     if (const wchar_t* path = _wgetenv(kDatabaseVariable); path && *path) return path;
@@ -139,5 +141,6 @@ DatabaseFile OpenDatabase(const CString& path) {
     }
     if (IsOnLocalDisk(fullPath)) UseWriteAheadLog(*file.connection);
     if (state != SchemaState::Current) BringUpToDate(*file.connection);
+    WaitForOthers(*file.connection, kLongestWaitToReadMs);
     return file;
 }

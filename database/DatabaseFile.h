@@ -5,6 +5,11 @@
 
 #include <memory>
 
+// How long an operation waits for another program that keeps the file locked. Dialogs stand still meanwhile,
+// so reading does not wait long.
+inline constexpr int kLongestWaitToReadMs = 500, kLongestWaitToWriteMs = 5'000;
+void WaitForOthers(const Connection& connection, int longestMs);
+
 // The file to use when none is given: that of the environment variable kDatabaseVariable, or
 // MfxKit\materials.db in the user's application-data folder.
 CString FindDatabasePath();

@@ -34,7 +34,24 @@ const DatabaseFile& MaterialDatabase::File() const {
 const Connection& MaterialDatabase::OpenForWriting() const {
     if (const std::string& problem = File().writeProblem; !problem.empty())
         throw DatabaseError(DatabaseReadOnly, problem);
+    WaitForOthers(Open(), kLongestWaitToWriteMs);
     return Open();
+}
+
+// A dialog asks several times in a row. It does not wait for each when another program keeps the file locked.
+template <class Operation>
+MfxDatabaseResult MaterialDatabase::Read(Operation operation) const {
+    using Clock = std::chrono::steady_clock;
+    if (Clock::now() < m_tryAgainAt) return m_locked;
+    const MfxDatabaseResult result = ResultOf([&] {
+        WaitForOthers(Open(), kLongestWaitToReadMs);
+        operation(Open());
+    });
+    if (result.problem == DatabaseLocked) {
+        m_locked = result;
+        m_tryAgainAt = Clock::now() + std::chrono::seconds(1);
+    }
+    return result;
 }
 
 bool MaterialDatabase::IsAvailable() const {
@@ -48,23 +65,24 @@ MfxDatabaseResult MaterialDatabase::GetWriteProblem() const {
 
 std::vector<MfxMaterialEntry> MaterialDatabase::GetProcessEntries(const CString& strProcess) const {
     std::vector<MfxMaterialEntry> entries;
-    ResultOf([&] { entries = ReadProcessEntries(Open(), strProcess); });
+    Read([&](const Connection& connection) { entries = ReadProcessEntries(connection, strProcess); });
     return entries;
 }
 
 CString MaterialDatabase::FindMaterialGroups(const CString& strFamily) const {
     CString groups;
-    const MfxDatabaseResult result = ResultOf([&] { groups = ReadGroupsOfFamily(Open(), strFamily); });
+    const MfxDatabaseResult result =
+        Read([&](const Connection& connection) { groups = ReadGroupsOfFamily(connection, strFamily); });
     return result.problem == DatabaseNoProblem ? groups : FindDefaultGroups(strFamily);
 }
 
 MfxDatabaseResult MaterialDatabase::GetGroups(std::vector<MfxMaterialGroup>& groups) const {
-    return ResultOf([&] { groups = ReadGroups(Open()); });
+    return Read([&](const Connection& connection) { groups = ReadGroups(connection); });
 }
 
 MfxDatabaseResult MaterialDatabase::GetMaterials(const MfxGroupKey& group,
                                                  std::vector<MfxMaterial>& materials) const {
-    return ResultOf([&] { materials = ReadMaterials(Open(), group); });
+    return Read([&](const Connection& connection) { materials = ReadMaterials(connection, group); });
 }
 
 MfxDatabaseResult MaterialDatabase::ApplyChanges(const std::vector<MfxMaterialChange>& changes) {

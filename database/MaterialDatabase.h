@@ -4,6 +4,7 @@
 #include "IMaterialDatabase.h"
 #include "MFXDataHelper.h"
 
+#include <chrono>
 #include <optional>
 
 // The database of the process: for dialogs the collector, for programs import and export. The file is opened
@@ -30,8 +31,12 @@ class MaterialDatabase : public IDatabaseCollector, public IMaterialDatabase {
   private:
     const DatabaseFile& File() const;
     const Connection& Open() const { return *File().connection; }
-    const Connection& OpenForWriting() const;
+    const Connection& OpenForWriting() const;  // waits longer for other programs
+    template <class Operation>
+    MfxDatabaseResult Read(Operation operation) const;
 
     CString m_path;  // empty: FindDatabasePath tells it
     mutable std::optional<DatabaseFile> m_file;
+    mutable MfxDatabaseResult m_locked;  // what reading is told until m_tryAgainAt
+    mutable std::chrono::steady_clock::time_point m_tryAgainAt;
 };

@@ -160,7 +160,8 @@ MaterialImportCounts MaterialImport::Write() const {
         "INSERT INTO process(name) SELECT process FROM import_group WHERE true ON CONFLICT DO NOTHING;"
         "INSERT INTO material_group(process_id, name, family)"
         "  SELECT p.id, i.name, i.family FROM import_group i JOIN process p ON p.name = i.process WHERE true"
-        "  ON CONFLICT(process_id, name) DO UPDATE SET family = excluded.family");
+        "  ON CONFLICT(process_id, name) DO UPDATE SET family = excluded.family"
+        "  WHERE excluded.family IS NOT NULL");
     const MaterialImportCounts counts = Compare();
     Statement(
         m_connection,

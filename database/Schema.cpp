@@ -114,6 +114,10 @@ SchemaState FindSchemaState(const Connection& connection) {
         throw DatabaseError(DatabaseForeign, file + " is the database of another application");
     if (version > newest)
         throw DatabaseError(DatabaseTooNew, file + " was written by a newer version; install that version");
+    const bool hasTables =
+        ReadNumber(connection, "SELECT count(*) FROM sqlite_schema WHERE name = 'material'") > 0;
+    if (version < 1 || !hasTables)
+        throw DatabaseError(DatabaseDamaged, file + " is damaged (its version or its tables are missing)");
     return version < newest ? SchemaState::Older : SchemaState::Current;
 }
 

@@ -9,8 +9,6 @@
 
 namespace {
 
-constexpr wchar_t kProcess[] = L"Sand Casting";
-
 CString Converted(double value, int nFromUnit, int nToUnit) {
     return FormatDouble(
         CMFXUnitConvertor().ConversionFromOneUnitToAnother(value, QuantityLength, nFromUnit, nToUnit));
@@ -20,15 +18,25 @@ CString Converted(const std::optional<double>& value, int nFromUnit, int nToUnit
     return value ? Converted(*value, nFromUnit, nToUnit) : CString();
 }
 
+// The database does not tell upper from lower case.
+MaterialLimitTexts& FindOrAdd(std::vector<MaterialLimitTexts>& choices, const CString& strMaterial) {
+    const auto found = std::ranges::find_if(choices, [&](const MaterialLimitTexts& choice) {
+        return choice.strMaterial.CompareNoCase(strMaterial) == 0;
+    });
+    return found != choices.end() ? *found : choices.emplace_back(MaterialLimitTexts{strMaterial, L"", L""});
+}
+
 void AddOfDatabase(std::vector<MaterialLimitTexts>& choices, const CString& strGroup, int nLengthUnit) {
     const IDatabaseCollector* const pDatabase = mfx_db::MFXDataHelper::getInstance();
     std::vector<MfxMaterial> materials;
-    if (pDatabase->GetMaterials({kProcess, strGroup}, materials).problem != DatabaseNoProblem) return;
-    for (const MfxMaterial& material : materials)
-        if (std::ranges::find(choices, material.strName, &MaterialLimitTexts::strMaterial) == choices.end())
-            choices.push_back({material.strName,
-                               Converted(material.minimumWall, material.wallUnit, nLengthUnit),
-                               Converted(material.maximumWall, material.wallUnit, nLengthUnit)});
+    if (pDatabase->GetMaterials({kSandCastingProcess, strGroup}, materials).problem != DatabaseNoProblem)
+        return;
+    for (const MfxMaterial& material : materials) {
+        MaterialLimitTexts& choice = FindOrAdd(choices, material.strName);
+        if (!material.minimumWall && !material.maximumWall) continue;
+        choice.strMinimum = Converted(material.minimumWall, material.wallUnit, nLengthUnit);
+        choice.strMaximum = Converted(material.maximumWall, material.wallUnit, nLengthUnit);
+    }
 }
 
 }  // namespace
@@ -41,4 +49,12 @@ std::vector<MaterialLimitTexts> ListMaterialChoices(int nCategory, const CString
                            Converted(ParseDouble(material.pszMaximumInch), LengthInch, nLengthUnit)});
     if (!strGroup.IsEmpty()) AddOfDatabase(choices, strGroup, nLengthUnit);
     return choices;
+}
+
+void AddMissingChoices(std::vector<MaterialLimitTexts>& choices,
+                       const std::vector<MaterialLimitTexts>& table) {
+    for (const MaterialLimitTexts& row : table)
+        if (!row.strMaterial.IsEmpty() &&
+            std::ranges::find(choices, row.strMaterial, &MaterialLimitTexts::strMaterial) == choices.end())
+            choices.push_back(row);
 }

@@ -1,14 +1,15 @@
 #include "MaterialGroups.h"
 
 #include "MFXDataHelper.h"
+#include "MaterialTables.h"
 #include "ModulePath.h"
+#include "SandCastingRulesApp.h"
 #include "resource.h"
 
 namespace {
 
 constexpr wchar_t kDatabaseFile[] = L"MFXDatabaseu.dll";
 constexpr char kNameExport[] = "GetModuleName";
-constexpr wchar_t kProcess[] = L"Sand Casting";
 
 // What a database that has no list of the process's groups is asked for.
 constexpr const wchar_t* kFamilies[] = {
@@ -32,10 +33,14 @@ void AppendPieces(std::vector<CString>& groups, CString strList) {
 
 }  // namespace
 
-UINT FindDatabaseName(CString& strName) {
+HMODULE FindDatabaseModule() {
     static const int inThisModule = 0;
     const CString strFolder = GetModuleFolder(GetModuleOfAddress(&inThisModule));
-    const HMODULE hDatabase = GetModuleHandleW(strFolder + L"\\" + kDatabaseFile);
+    return GetModuleHandleW(strFolder + L"\\" + kDatabaseFile);
+}
+
+UINT FindDatabaseName(CString& strName) {
+    const HMODULE hDatabase = FindDatabaseModule();
     if (!hDatabase) return IDS_DATABASE_MISSING;
     const FARPROC address = GetProcAddress(hDatabase, kNameExport);
     if (!address) return IDS_DATABASE_UNUSABLE;
@@ -48,7 +53,7 @@ bool ListMaterialGroups(std::vector<CString>& groups) {
     const IDatabaseCollector* const pDatabase = mfx_db::MFXDataHelper::getInstance();
     if (!pDatabase) return false;
     if (pDatabase->IsAvailable()) {
-        for (const MfxMaterialEntry& entry : pDatabase->GetProcessEntries(kProcess))
+        for (const MfxMaterialEntry& entry : pDatabase->GetProcessEntries(kSandCastingProcess))
             AppendNames(groups, entry.names);
         return true;
     }
@@ -56,4 +61,14 @@ bool ListMaterialGroups(std::vector<CString>& groups) {
     for (const wchar_t* pszFamily : kFamilies) strList += pDatabase->FindMaterialGroups(pszFamily);
     AppendPieces(groups, strList);
     return true;
+}
+
+// The ids stand in the order of the problems.
+UINT GetProblemText(MfxDatabaseProblem_e problem) {
+    static_assert(IDS_MATERIALS_REFUSED - IDS_MATERIALS_NOT_LOADED == DatabaseRefused - DatabaseNotLoaded);
+    return IDS_MATERIALS_NOT_LOADED + static_cast<UINT>(problem - DatabaseNotLoaded);
+}
+
+CString GetProblemText(const MfxDatabaseResult& result) {
+    return LoadLocalizedString(GetProblemText(result.problem)) + L"\n\n" + result.strText;
 }

@@ -72,6 +72,7 @@ BOOL CMFXSCVariableDraftAngleDlg::OnInitDialog() {
     return TRUE;
 }
 
+// The grid has the keys only while it has the focus: after an edit it would take those of the other controls.
 BOOL CMFXSCVariableDraftAngleDlg::PreTranslateMessage(MSG* pMsg) {
     BOOL bHandled = FALSE;
     if (m_gridBands.HasFocus()) m_gridBands.HandleKeyDown(pMsg, &bHandled);
@@ -98,6 +99,7 @@ void CMFXSCVariableDraftAngleDlg::OnHotKey(UINT nHotKeyId, UINT, UINT) {
 }
 
 void CMFXSCVariableDraftAngleDlg::OnImport() {
+    if (!m_pRule || !m_gridBands.GetSafeHwnd()) return;
     const CString strPath = AskForWorkbook(this);
     if (!strPath.IsEmpty()) ImportWorkbook(strPath);
 }
@@ -110,7 +112,7 @@ void CMFXSCVariableDraftAngleDlg::OnLengthUnitChange() {
     LVCOLUMN column{};
     column.mask = LVCF_TEXT;
     column.pszText = strHeading.GetBuffer(0);
-    m_gridLegend.SetColumn(kFirstCol, &column);
+    if (m_gridLegend.GetSafeHwnd()) m_gridLegend.SetColumn(kFirstCol, &column);
 }
 
 void CMFXSCVariableDraftAngleDlg::OnNcLButtonDown(UINT nHitTest, CPoint point) {
@@ -150,6 +152,11 @@ void CMFXSCVariableDraftAngleDlg::LoadBands() {
     const CMfxParamStorage* pTable = m_pRule->FindParameterInArray(kDraftAngleTableId);
     std::vector<MfxTableRow> rows;
     if (pTable) rows.assign(pTable->GetValues<MfxTableRow>().begin(), pTable->GetValues<MfxTableRow>().end());
+    for (MfxTableRow& row : rows)
+        if (IsShown(row))
+            row.cells.resize(DraftCell::Count);
+        else
+            row.cells.clear();
     ShowBands(rows);
 }
 
@@ -158,7 +165,7 @@ void CMFXSCVariableDraftAngleDlg::ShowBands(const std::vector<MfxTableRow>& rows
     if (!m_gridBands.GetSafeHwnd()) return;
     m_gridBands.MakeEmptyRows(static_cast<int>(std::max(kMostDraftBands, rows.size())));
     for (std::size_t row = 0; row < rows.size(); ++row)
-        for (std::size_t cell = 0; IsShown(rows[row]) && cell < DraftCell::Count; ++cell)
+        for (std::size_t cell = 0; cell < rows[row].cells.size(); ++cell)
             m_gridBands.SetCellText(static_cast<int>(row), kFirstCol + static_cast<int>(cell),
                                     TextOfCell(rows[row], cell));
 }
@@ -172,6 +179,7 @@ void CMFXSCVariableDraftAngleDlg::EndBandEdit() {
 }
 
 bool CMFXSCVariableDraftAngleDlg::StoreBands() {
+    if (!m_gridBands.GetSafeHwnd()) return false;
     std::vector<MfxTableRow> rows(static_cast<std::size_t>(m_gridBands.GetItemCount()));
     for (std::size_t row = 0; row < rows.size(); ++row)
         for (int nCol = kFirstCol; nCol <= kThirdAngleCol; ++nCol)

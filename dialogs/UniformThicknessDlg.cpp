@@ -1,6 +1,7 @@
 #include "UniformThicknessDlg.h"
 
 #include "DialogTexts.h"
+#include "EditMaterialDBDlg.h"
 #include "LengthUnitCombo.h"
 #include "MaterialChoices.h"
 #include "MaterialLimitsTexts.h"
@@ -42,6 +43,7 @@ void CMFXUniformThicknessDlg::DoDataExchange(CDataExchange* pDX) {
 BEGIN_MESSAGE_MAP(CMFXUniformThicknessDlg, CMFXRuleDlgBase)
     ON_WM_NCLBUTTONDOWN()
     ON_BN_CLICKED(IDC_UNIFORM_DELETE_ROWS, &CMFXUniformThicknessDlg::OnDeleteRows)
+    ON_BN_CLICKED(IDC_EDIT_MATERIALS, &CMFXUniformThicknessDlg::OnEditMaterials)
     ON_CBN_SELCHANGE(IDC_UNIFORM_GROUP, &CMFXUniformThicknessDlg::OnGroupChange)
 END_MESSAGE_MAP()
 
@@ -70,7 +72,12 @@ void CMFXUniformThicknessDlg::OnDeleteRows() {
     if (!m_gridMaterials.DeleteSelectedRows()) DeleteRow(m_gridMaterials.GetEditRow());
 }
 
+void CMFXUniformThicknessDlg::OnEditMaterials() {
+    if (m_gridMaterials.EndEditing()) EditMaterialsFrom(*this);
+}
+
 void CMFXUniformThicknessDlg::OnGroupChange() {
+    m_gridMaterials.EndEditing();
     UpdateListCtrl();
 }
 
@@ -134,12 +141,16 @@ void CMFXUniformThicknessDlg::SetUpGroups() {
         if (CWnd* const pControl = GetDlgItem(nControlId)) pControl->ShowWindow(SW_HIDE);
 }
 
+// A choice that was made before must not look up its limits among the new ones.
 void CMFXUniformThicknessDlg::UpdateListCtrl() {
+    m_gridMaterials.ForgetEditedCell();
     CString strGroup;
     m_comboGroup.GetWindowText(strGroup);
     std::vector<CString> names, minimums, maximums;
-    for (const MaterialLimitTexts& choice :
-         ListMaterialChoices(m_pRule->GetRuleCategoryEnum(), strGroup, m_pRule->m_nLengthUnit)) {
+    std::vector<MaterialLimitTexts> choices =
+        ListMaterialChoices(m_pRule->GetRuleCategoryEnum(), strGroup, m_pRule->m_nLengthUnit);
+    AddMissingChoices(choices, ReadMaterials());
+    for (const MaterialLimitTexts& choice : choices) {
         names.push_back(choice.strMaterial);
         minimums.push_back(choice.strMinimum);
         maximums.push_back(choice.strMaximum);
@@ -186,13 +197,17 @@ bool CMFXUniformThicknessDlg::CheckCommonLimits() {
     return false;
 }
 
-bool CMFXUniformThicknessDlg::CheckMaterials(MaterialLimitsResult& result) {
+std::vector<MaterialLimitTexts> CMFXUniformThicknessDlg::ReadMaterials() const {
     std::vector<MaterialLimitTexts> rows;
     for (int nRow = 0; nRow < m_gridMaterials.GetItemCount(); ++nRow)
         rows.push_back({m_gridMaterials.GetItemText(nRow, MaterialColumn::Material),
                         m_gridMaterials.GetItemText(nRow, MaterialColumn::Minimum),
                         m_gridMaterials.GetItemText(nRow, MaterialColumn::Maximum)});
-    result = CheckMaterialLimits(rows);
+    return rows;
+}
+
+bool CMFXUniformThicknessDlg::CheckMaterials(MaterialLimitsResult& result) {
+    result = CheckMaterialLimits(ReadMaterials());
     if (result.flaw != MaterialLimitsFlaw::None) {
         ShowFlaw(result);
         return false;

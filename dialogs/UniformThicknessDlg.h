@@ -7,6 +7,7 @@
 #include "WrapperComboCtrl.h"
 
 class CMFXUniformThicknessRule;
+struct MaterialLimitTexts;
 struct MaterialLimitsResult;
 
 // Edits the limits of a uniform thickness rule: a pair for all materials, a table of pairs by material, and
@@ -26,6 +27,7 @@ class CMFXUniformThicknessDlg : public CMFXRuleDlgBase {
   protected:
     void DoDataExchange(CDataExchange* pDX) override;
     afx_msg void OnDeleteRows();
+    afx_msg void OnEditMaterials();
     afx_msg void OnGroupChange();
     afx_msg void OnNcLButtonDown(UINT nHitTest, CPoint point);
     DECLARE_MESSAGE_MAP()
@@ -47,6 +49,7 @@ class CMFXUniformThicknessDlg : public CMFXRuleDlgBase {
     void SetUpGroups();
     bool IsByMaterial() const;
     bool CheckCommonLimits();
+    std::vector<MaterialLimitTexts> ReadMaterials() const;
     bool CheckMaterials(MaterialLimitsResult& result);
     void ShowFlaw(const MaterialLimitsResult& result);
     void StoreCommonLimit(const CommonLimit& limit);

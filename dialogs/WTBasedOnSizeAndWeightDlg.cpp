@@ -1,6 +1,7 @@
 #include "WTBasedOnSizeAndWeightDlg.h"
 
 #include "BandTableTexts.h"
+#include "EditMaterialDBDlg.h"
 #include "HandleMessage.h"
 #include "LengthUnitCombo.h"
 #include "MassUnits.h"
@@ -41,24 +42,28 @@ void CMFXWTBasedOnSizeAndWeightDlg::DoDataExchange(CDataExchange* pDX) {
 
 BEGIN_MESSAGE_MAP(CMFXWTBasedOnSizeAndWeightDlg, CMFXRuleDlgBase)
     ON_WM_NCLBUTTONDOWN()
+    ON_BN_CLICKED(IDC_EDIT_MATERIALS, &CMFXWTBasedOnSizeAndWeightDlg::OnEditMaterials)
     ON_CBN_SELCHANGE(IDC_SIZE_WEIGHT_MASS_UNIT, &CMFXWTBasedOnSizeAndWeightDlg::OnMassUnitChange)
 END_MESSAGE_MAP()
 
 BOOL CMFXWTBasedOnSizeAndWeightDlg::OnInitDialog() {
     CMFXRuleDlgBase::OnInitDialog();
     if (m_pRule) SetWindowText(m_pRule->m_strDisplayName);
-    m_staticOkHint.ShowWindow(SW_HIDE);
     if (!m_pRule || !HasControls()) return RefuseToEdit();
     if (const UINT nReason = LoadDatabase()) return RefuseToEdit(nReason);
     SetUpGrids();
     if (!m_groups.Load(*m_pRule)) return RefuseToEdit();
+    // A drop-down list that lacks a group's name would put another in its place.
+    for (const CString& strName : m_groups.GetLoadedNames())
+        if (std::ranges::find(m_materialGroups, strName) == m_materialGroups.end())
+            m_materialGroups.push_back(strName);
+    m_listGroups.SetComboItems(m_materialGroups);
     m_bEditable = true;
     SetUpUnits();
     m_picture.SetBitmap(LoadBitmapW(AfxGetResourceHandle(), MAKEINTRESOURCEW(IDB_SIZE_WEIGHT_PICTURE)));
     ShowGroups(m_listGroups, m_groups.GetLoadedNames());
     ShowCurrentGroup();
     UpdateMassCaption();
-    UpdateOkButton();
     m_listGroups.SetFocus();
     return FALSE;  // the focus is set
 }
@@ -98,6 +103,16 @@ void CMFXWTBasedOnSizeAndWeightDlg::SupplyMaterialGroups(CMFXListCtrl& grid) {
     if (&grid == &m_listGroups) grid.SetComboItems(m_materialGroups);
 }
 
+void CMFXWTBasedOnSizeAndWeightDlg::OnEditMaterials() {
+    if (m_listGroups.EndEditing() && m_gridBands.EndEditing()) EditMaterialsFrom(*this);
+}
+
+void CMFXWTBasedOnSizeAndWeightDlg::UpdateListCtrl() {
+    m_materialGroups.clear();
+    ListMaterialGroups(m_materialGroups);
+    m_listGroups.SetComboItems(m_materialGroups);
+}
+
 void CMFXWTBasedOnSizeAndWeightDlg::OnMassUnitChange() {
     if (!m_bEditable) return;
     CommitPendingCell();
@@ -108,6 +123,11 @@ void CMFXWTBasedOnSizeAndWeightDlg::OnMassUnitChange() {
 
 void CMFXWTBasedOnSizeAndWeightDlg::OnOK() {
     if (!m_bEditable || !LeaveCurrentGroup() || !EveryGroupHasBands()) return;
+    if (const CString strFlawed = m_groups.FindFlawedGroup(); !strFlawed.IsEmpty()) {
+        m_groups.SetCurrent(strFlawed);
+        ShowCurrentGroup();
+        return ShowFlaw(m_groups.Check());
+    }
     if (!m_groups.HasUsableBand()) return ShowFlaw({SizeAndWeightFlaw::NoBands});
     m_groups.Store(*m_pRule);
     StoreLengthUnit(m_comboLengthUnit, m_pRule->m_nLengthUnit);
@@ -142,7 +162,6 @@ void CMFXWTBasedOnSizeAndWeightDlg::SetUpGrids() {
         headings.push_back(LoadLocalizedString(nHeading));
     m_gridBands.InitBandColumns(headings);
     m_listGroups.InitGroupColumns({LoadLocalizedString(IDS_SIZE_WEIGHT_GROUPS)});
-    m_listGroups.SetComboItems(m_materialGroups);
 }
 
 void CMFXWTBasedOnSizeAndWeightDlg::SetUpUnits() {
@@ -210,7 +229,7 @@ void CMFXWTBasedOnSizeAndWeightDlg::NewGroup(const CString& strName) {
 }
 
 void CMFXWTBasedOnSizeAndWeightDlg::SelectGroup(const CString& strName) {
-    if (strName.IsEmpty() || strName == LoadLocalizedString(IDS_DEFAULT)) return;
+    if (strName.IsEmpty() || strName == LoadLocalizedString(IDS_DEFAULT) || strName == kDefaultGroup) return;
     if (!LeaveCurrentGroup()) return SelectGroupRow(m_listGroups, m_groups.GetCurrent());
     m_groups.SetCurrent(strName);
     ShowCurrentGroup();

@@ -21,11 +21,14 @@ class CMFXWTBasedOnSizeAndWeightDlg : public CMFXRuleDlgBase, public IGridParent
     void OnGridNotify(const CString& strText, int nCode) override;
     void SupplyMaterialGroups(CMFXListCtrl& grid) override;
 
+    void UpdateListCtrl() override;  // the groups that the list offers
+
     CString m_strLengthUnit;  // label of the rule's length unit, set before the dialog runs
     CString m_strHeading;     // stands before the caption of the mass unit
 
   protected:
     void DoDataExchange(CDataExchange* pDX) override;
+    afx_msg void OnEditMaterials();
     afx_msg void OnMassUnitChange();
     afx_msg void OnNcLButtonDown(UINT nHitTest, CPoint point);
     DECLARE_MESSAGE_MAP()

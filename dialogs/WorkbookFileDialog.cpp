@@ -4,14 +4,32 @@
 
 #include <afxdlgs.h>
 
+#include <vector>
+
+namespace {
+
+// The dialog for files changes the current folder, which is the host's.
+class CurrentFolderKeeper {
+  public:
+    CurrentFolderKeeper() { GetCurrentDirectoryW(static_cast<DWORD>(m_folder.size()), m_folder.data()); }
+    ~CurrentFolderKeeper() { SetCurrentDirectoryW(m_folder.data()); }
+    CurrentFolderKeeper(const CurrentFolderKeeper&) = delete;
+    CurrentFolderKeeper& operator=(const CurrentFolderKeeper&) = delete;
+
+  private:
+    std::vector<wchar_t> m_folder = std::vector<wchar_t>(GetCurrentDirectoryW(0, nullptr) + 1);
+};
+
+}  // namespace
+
 CString AskForWorkbook(CWnd* pParent) {
-    // The host's current folder stays as it is.
-    constexpr DWORD kFlags = OFN_HIDEREADONLY | OFN_FILEMUSTEXIST | OFN_NOCHANGEDIR;
+    const CurrentFolderKeeper keeper;
+    constexpr DWORD kFlags = OFN_HIDEREADONLY | OFN_FILEMUSTEXIST;
     CFileDialog dialog(TRUE, L"XLS", nullptr, kFlags, L"XLS Files (*.xls;*.xlsx)|*.xls; *.xlsx|", pParent);
     CString& strFolder = g_pSandCastingRulesApp->m_strImportFolder;
     if (!strFolder.IsEmpty()) dialog.GetOFN().lpstrInitialDir = strFolder;
     if (dialog.DoModal() != IDOK) return CString();
     const CString strPath = dialog.GetPathName();
-    strFolder = strPath.Left(strPath.ReverseFind(L'\\'));
+    strFolder = strPath.Left(strPath.ReverseFind(L'\\') + 1);
     return strPath;
 }

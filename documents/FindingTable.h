@@ -45,7 +45,6 @@ enum class FindingCode {
     MissingConstraintAttribute,
     MissingConstraintName,
     RepeatedConstraintName,
-    ConstraintStatusUnused,
     UnequalLists,
     // rows of the draft angle table
     TooFewCells,
@@ -159,8 +158,6 @@ inline constexpr FindingKind kFindingKinds[] = {
      "Constraint: its name is empty"},
     {FindingCode::RepeatedConstraintName, "repeated-constraint-name", Severity::Error, false,
      "Constraint: the name {} is used more than once"},
-    {FindingCode::ConstraintStatusUnused, "constraint-status-unused", Severity::Hint, false,
-     "Constraint: Status=\"0\" has no effect: this rule uses all of its constraints"},
     {FindingCode::UnequalLists, "unequal-lists", Severity::Error, true,
      "Constraint: its parameters have different numbers of values"},
 

@@ -1,5 +1,7 @@
 #include "DraftSheet.h"
 
+#include "NumberText.h"
+
 #include <algorithm>
 
 namespace {
@@ -26,14 +28,29 @@ std::vector<MfxTableRow> RowsBelowHeadings(const WorkbookTable& columns) {
     return rows;
 }
 
+// The first cell that is no number, or none.
+DraftSheet FindText(const std::vector<MfxTableRow>& rows) {
+    for (std::size_t row = 0; row < rows.size(); ++row)
+        for (std::size_t cell = 0; cell < DraftCell::Count; ++cell) {
+            const CString& strText = rows[row].cells[cell];
+            if (IsNumericText(strText)) continue;
+            CString strCell;
+            strCell.Format(L"%c%d", kDraftSheetColumns[cell][0], static_cast<int>(row) + 2);
+            return {DraftSheetFault::NoNumber, {}, strCell, strText};
+        }
+    return {};
+}
+
 }  // namespace
 
 DraftSheet ReadDraftSheet(const WorkbookTable& columns) {
-    if (!HasHeadings(columns)) return {DraftSheetFault::WrongHeadings, {}};
-    if (!AreEven(columns)) return {DraftSheetFault::UnevenColumns, {}};
-    if (columns.front().size() - 1 > kMostDraftBands) return {DraftSheetFault::TooManyBands, {}};
-    DraftSheet sheet;
-    sheet.table = CheckDraftTable(RowsBelowHeadings(columns));
+    if (!HasHeadings(columns)) return {DraftSheetFault::WrongHeadings, {}, {}, {}};
+    if (!AreEven(columns)) return {DraftSheetFault::UnevenColumns, {}, {}, {}};
+    if (columns.front().size() - 1 > kMostDraftBands) return {DraftSheetFault::TooManyBands, {}, {}, {}};
+    const std::vector<MfxTableRow> rows = RowsBelowHeadings(columns);
+    DraftSheet sheet = FindText(rows);
+    if (sheet.fault != DraftSheetFault::None) return sheet;
+    sheet.table = CheckDraftTable(rows);
     if (sheet.table.flaw == DraftTableFlaw::None) return sheet;
     sheet.fault = DraftSheetFault::RefusedTable;
     if (sheet.table.nRow > 0) ++sheet.table.nRow;

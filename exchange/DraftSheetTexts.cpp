@@ -12,6 +12,8 @@ CString DraftSheetFaultText(const DraftSheet& sheet) {
             return LoadModuleText(IDS_DRAFT_UNEVEN_COLUMNS);
         case DraftSheetFault::TooManyBands:
             return LoadModuleText(IDS_DRAFT_TOO_MANY_BANDS);
+        case DraftSheetFault::NoNumber:
+            return FormattedText(IDS_DRAFT_NO_NUMBER, sheet.strCell, sheet.strText);
         case DraftSheetFault::RefusedTable:
             return sheet.table.flaw == DraftTableFlaw::NoBands
                        ? DraftFlawText(sheet.table)

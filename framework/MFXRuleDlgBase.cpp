@@ -99,15 +99,23 @@ void CMFXRuleDlgBase::ShowMessage(const CString& strText, UINT nIcon) {
     MessageBox(strText, kCaption, nIcon);
 }
 
+bool CMFXRuleDlgBase::AskUser(const CString& strText) {
+    return MessageBox(strText, kCaption, MB_ICONQUESTION | MB_OKCANCEL) == IDOK;
+}
+
 void CMFXRuleDlgBase::AddToolTip(CWnd& control, const CString& strText) {
-    constexpr int kWidestPixels = 400;  // without it a tip has one line
+    constexpr int kWidest = 400;  // pixels at 96 dpi; without it a tip has one line
     if (!control.GetSafeHwnd()) return;
-    if (!m_toolTips.GetSafeHwnd() && m_toolTips.Create(this)) m_toolTips.SetMaxTipWidth(kWidestPixels);
+    if (!m_toolTips.GetSafeHwnd() && m_toolTips.Create(this))
+        m_toolTips.SetMaxTipWidth(kWidest * static_cast<int>(GetDpiForWindow(m_hWnd)) /
+                                  USER_DEFAULT_SCREEN_DPI);
     if (m_toolTips.GetSafeHwnd()) m_toolTips.AddTool(&control, strText);
 }
 
 BOOL CMFXRuleDlgBase::RefuseToEdit(UINT nReason) {
-    if (CWnd* const pOk = GetDlgItem(IDOK)) pOk->EnableWindow(FALSE);
+    for (HWND hControl = ::GetWindow(m_hWnd, GW_CHILD); hControl;
+         hControl = ::GetWindow(hControl, GW_HWNDNEXT))
+        ::EnableWindow(hControl, ::GetDlgCtrlID(hControl) == IDCANCEL);
     if (CWnd* const pCancel = GetDlgItem(IDCANCEL)) pCancel->SetFocus();
     CString strText;
     strText.LoadString(nReason);

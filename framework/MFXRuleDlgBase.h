@@ -39,6 +39,9 @@ class MFXKIT_API CMFXRuleDlgBase : public CDialog {
     // A message box of the dialog, with an icon such as MB_ICONINFORMATION.
     void ShowMessage(const CString& strText, UINT nIcon);
 
+    // A question; true when it is answered by OK, and not by Cancel.
+    bool AskUser(const CString& strText);
+
     // Shows a text, of several lines perhaps, while the pointer rests on a control.
     void AddToolTip(CWnd& control, const CString& strText);
 

@@ -238,7 +238,9 @@ BOOL CMFXListCtrl::IsValueInFirstColumn(const CString& strText) const {
 void CMFXListCtrl::CommitNumericCell(int nRow, int nCol) {
     CString strText;
     if (!EndCellEdit(strText)) return;
-    if (!IsNumericText(strText) || !CheckMinMaxCells(nRow, nCol)) SetCellText(nRow, nCol, L"");
+    if (IsNumericText(strText) && CheckMinMaxCells(nRow, nCol)) return;
+    SetCellText(nRow, nCol, L"");
+    SetEditorText(L"");  // or the next click would refuse the text again
 }
 
 BOOL CMFXListCtrl::CheckMinMaxCells(int nRow, int nCol) {

@@ -4,3 +4,4 @@
 #include "cheaderctrl.h"
 #include "clistctrl.h"
 #include "ctooltipctrl.h"
+#include "ctreectrl.h"

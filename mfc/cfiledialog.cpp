@@ -16,9 +16,13 @@ Function* FindDialogFunction(const char* pszName) {
 
 }  // namespace
 
-CFileDialog::CFileDialog(BOOL, LPCTSTR lpszDefExt, LPCTSTR lpszFileName, DWORD dwFlags, LPCTSTR lpszFilter,
-                         CWnd* pParentWnd, DWORD, BOOL)
-    : CCommonDialog(pParentWnd), m_strDefExt(lpszDefExt), m_strFilter(lpszFilter), m_path(kLongestPath) {
+CFileDialog::CFileDialog(BOOL bOpenFileDialog, LPCTSTR lpszDefExt, LPCTSTR lpszFileName, DWORD dwFlags,
+                         LPCTSTR lpszFilter, CWnd* pParentWnd, DWORD, BOOL)
+    : CCommonDialog(pParentWnd),
+      m_bOpenFileDialog(bOpenFileDialog),
+      m_strDefExt(lpszDefExt),
+      m_strFilter(lpszFilter),
+      m_path(kLongestPath) {
     const CString strName(lpszFileName);
     std::copy_n(strName.GetString(),
                 std::min(static_cast<std::size_t>(strName.GetLength()), kLongestPath - 1), m_path.begin());
@@ -30,13 +34,14 @@ CFileDialog::CFileDialog(BOOL, LPCTSTR lpszDefExt, LPCTSTR lpszFileName, DWORD d
 }
 
 INT_PTR CFileDialog::DoModal() {
-    const auto getOpenFileName = FindDialogFunction<decltype(GetOpenFileNameW)>("GetOpenFileNameW");
-    if (!getOpenFileName) return IDCANCEL;
+    const auto ask = FindDialogFunction<decltype(GetOpenFileNameW)>(m_bOpenFileDialog ? "GetOpenFileNameW"
+                                                                                      : "GetSaveFileNameW");
+    if (!ask) return IDCANCEL;
     // Windows wants zeros where the filter has bars, and one more at its end.
     std::vector<wchar_t> filter(m_strFilter.GetString(), m_strFilter.GetString() + m_strFilter.GetLength());
     std::replace(filter.begin(), filter.end(), L'|', L'\0');
     filter.insert(filter.end(), 2, L'\0');
     m_ofn.lpstrFilter = m_strFilter.IsEmpty() ? nullptr : filter.data();
     m_ofn.hwndOwner = FindOwner();
-    return getOpenFileName(&m_ofn) ? IDOK : IDCANCEL;
+    return ask(&m_ofn) ? IDOK : IDCANCEL;
 }

@@ -12,8 +12,8 @@ class MFX_MFC_API CCommonDialog : public CDialog {
     explicit CCommonDialog(CWnd* pParentWnd) : CDialog(0u, pParentWnd) {}
 };
 
-// Asks for the name of a file to open; dialogs for saving do not exist here. The filter is pairs of a text
-// and patterns, each followed by '|', with another '|' at the end. The last two arguments have no effect.
+// Asks for the name of a file to open, or to save. The filter is pairs of a text and patterns, each followed
+// by '|', with another '|' at the end. The last two arguments have no effect.
 class MFX_MFC_API CFileDialog : public CCommonDialog {
   public:
     explicit CFileDialog(BOOL bOpenFileDialog, LPCTSTR lpszDefExt = NULL, LPCTSTR lpszFileName = NULL,
@@ -28,6 +28,7 @@ class MFX_MFC_API CFileDialog : public CCommonDialog {
     OPENFILENAME m_ofn{};
 
   private:
+    BOOL m_bOpenFileDialog;
     CString m_strDefExt;
     CString m_strFilter;
     std::vector<wchar_t> m_path;

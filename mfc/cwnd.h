@@ -112,6 +112,8 @@ class MFX_MFC_API CWnd : public CCmdTarget {
 
     // WM_COMMAND. The control that sent it may take it; otherwise this window's map is searched.
     virtual BOOL OnCommand(WPARAM wParam, LPARAM lParam);
+    // WM_NOTIFY: a handler of the map answers by pResult.
+    virtual BOOL OnNotify(WPARAM wParam, LPARAM lParam, LRESULT* pResult);
     // A notification of this control to its parent. pResult may be null.
     virtual BOOL OnChildNotify(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* pResult);
 

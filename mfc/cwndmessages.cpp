@@ -37,6 +37,7 @@ LRESULT CWnd::Default() {
 
 BOOL CWnd::OnWndMsg(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* pResult) {
     if (message == WM_COMMAND) return OnCommand(wParam, lParam);
+    if (message == WM_NOTIFY) return OnNotify(wParam, lParam, pResult);
     return CallHandler({m_hWnd, message, wParam, lParam, 0, {}}, message, 0, 0, pResult);
 }
 
@@ -53,6 +54,12 @@ BOOL CWnd::OnCommand(WPARAM wParam, LPARAM lParam) {
     if (pControl && pControl->OnChildNotify(WM_COMMAND, wParam, lParam, nullptr)) return TRUE;
     const MSG msg{m_hWnd, WM_COMMAND, wParam, lParam, 0, {}};
     return CallHandler(msg, WM_COMMAND, NotificationCode(msg), LOWORD(wParam), nullptr);
+}
+
+BOOL CWnd::OnNotify(WPARAM wParam, LPARAM lParam, LRESULT* pResult) {
+    const NMHDR& header = *reinterpret_cast<const NMHDR*>(lParam);
+    const UINT nID = static_cast<UINT>(header.idFrom);
+    return CallHandler({m_hWnd, WM_NOTIFY, wParam, lParam, 0, {}}, WM_NOTIFY, header.code, nID, pResult);
 }
 
 BOOL CWnd::OnChildNotify(UINT message, WPARAM wParam, LPARAM lParam, LRESULT* pResult) {

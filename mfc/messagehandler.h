@@ -56,6 +56,22 @@ using KeyHandler = Handler<void, WParam<UINT>, LowLParam<UINT>, HighLParam<UINT>
 using MouseHandler = Handler<void, WParam<UINT>, Point>;
 using ScrollHandler = Handler<void, LowWParam<UINT>, HighWParam<UINT>, LParamBar>;
 
+class NotifyHandler {
+  public:
+    template <auto Member>
+    static LRESULT Call(CWnd& wnd, const MSG& msg) {
+        LRESULT result = 0;
+        Invoke(wnd, Member, reinterpret_cast<NMHDR*>(msg.lParam), result);
+        return result;
+    }
+
+  private:
+    template <class Class>
+    static void Invoke(CWnd& wnd, void (Class::*member)(NMHDR*, LRESULT*), NMHDR* pNotify, LRESULT& result) {
+        (static_cast<Class&>(wnd).*member)(pNotify, &result);
+    }
+};
+
 // Added to WM_COMMAND for lines that handle a control's notification in the control.
 constexpr UINT kReflected = 0x2000;
 

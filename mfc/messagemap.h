@@ -53,6 +53,10 @@ struct AFX_MSGMAP {
 #define ON_CONTROL_REFLECT(wNotifyCode, memberFxn) \
     mfx::Entry<mfx::PlainHandler, memberFxn>(mfx::kReflected + WM_COMMAND, wNotifyCode),
 
+// The same for a control that sends WM_NOTIFY. The handler is given the notification and the answer to it.
+#define ON_NOTIFY(wNotifyCode, id, memberFxn) \
+    mfx::Entry<mfx::NotifyHandler, memberFxn>(WM_NOTIFY, static_cast<UINT>(wNotifyCode), id),
+
 #define ON_MESSAGE(message, memberFxn) mfx::Entry<mfx::MessageHandler, memberFxn>(message),
 
 // Window messages. The handlers override those of CWnd, with their parameters.

@@ -79,6 +79,7 @@
 #define IDS_DRAFT_TOO_MANY_BANDS 29201
 #define IDS_DRAFT_NOT_IMPORTED 29202 /* what is wrong with the table of the sheet */
 #define IDS_DRAFT_HEADING_FONT 29205 /* typeface that has the language's characters */
+#define IDS_DRAFT_NO_NUMBER 29206    /* cell, its text */
 #define IDS_DRAFT_BANDS_TIP 29203
 #define IDS_DRAFT_IMPORT_TIP 29204
 
@@ -116,6 +117,49 @@
 #define IDS_UNIFORM_NO_MATERIALS 10080
 #define IDS_UNIFORM_NO_NUMBER 10081 /* label of the limit */
 #define IDS_UNIFORM_GROUP_TIP 10082
+
+/* The editor of the material database */
+#define IDD_MATERIALS 10029
+#define IDC_MATERIALS_TREE 10030
+#define IDC_MATERIALS_NAME 10031
+#define IDC_MATERIALS_DENSITY 10032
+#define IDC_MATERIALS_DENSITY_UNIT 10033
+#define IDC_MATERIALS_MINIMUM 10034
+#define IDC_MATERIALS_WALL_UNIT 10035
+#define IDC_MATERIALS_MAXIMUM 10036
+#define IDC_MATERIALS_MAXIMUM_UNIT 10037
+#define IDC_MATERIALS_NEW_GROUP 10038
+#define IDC_MATERIALS_NEW_MATERIAL 10039
+#define IDC_MATERIALS_DELETE 10040
+#define IDC_MATERIALS_IMPORT 10041
+#define IDC_MATERIALS_EXPORT 10042
+#define IDC_MATERIALS_REASON 10043
+#define IDC_EDIT_MATERIALS 10044       /* the button in rule dialogs that opens the editor */
+#define IDS_MATERIALS_NOT_LOADED 10170 /* from here on in the order of MfxDatabaseProblem_e */
+#define IDS_MATERIALS_NOT_OPENED 10171
+#define IDS_MATERIALS_DAMAGED 10172
+#define IDS_MATERIALS_FOREIGN 10173
+#define IDS_MATERIALS_TOO_NEW 10174
+#define IDS_MATERIALS_LOCKED 10175
+#define IDS_MATERIALS_DISK_FULL 10176
+#define IDS_MATERIALS_DISK_FAILED 10177
+#define IDS_MATERIALS_READ_ONLY 10178
+#define IDS_MATERIALS_REFUSED 10179
+#define IDS_MATERIALS_NO_NAME 10180
+#define IDS_MATERIALS_NAME_TWICE 10181
+#define IDS_MATERIALS_NAME_SEMICOLON 10182
+#define IDS_MATERIALS_NO_NUMBER 10183
+#define IDS_MATERIALS_NEW_GROUP 10184
+#define IDS_MATERIALS_NEW_MATERIAL 10185
+#define IDS_MATERIALS_DELETE_GROUP 10186    /* group */
+#define IDS_MATERIALS_DELETE_MATERIAL 10187 /* material */
+#define IDS_MATERIALS_IMPORT_AT_ONCE 10188
+#define IDS_MATERIALS_SAVE_FIRST 10189
+#define IDS_MATERIALS_FILES 10190
+#define IDS_MATERIALS_IMPORTED 10191     /* numbers of materials added, changed, unchanged */
+#define IDS_MATERIALS_BAD_LINES 10192    /* their number, the first of them */
+#define IDS_MATERIALS_NOT_EXPORTED 10193 /* path */
+#define IDS_MATERIALS_NOT_IMPORTED 10194 /* why */
 
 /* Wall thickness by cast size and weight; the ids of limits and mass unit are also the parameters' ids */
 #define IDS_SIZE_WEIGHT_RULE_NAME 10122

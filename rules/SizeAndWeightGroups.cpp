@@ -123,6 +123,17 @@ SizeAndWeightResult SizeAndWeightGroups::Check() const {
     return bands.empty() ? SizeAndWeightResult() : CheckSizeAndWeightBands(bands);
 }
 
+CString SizeAndWeightGroups::FindFlawedGroup() const {
+    for (const auto& [strGroup, bands] : m_groups) {
+        std::vector<NumberedBand> numbered;
+        for (const CastSizeAndWeightBand& band : bands)
+            numbered.push_back({static_cast<int>(numbered.size()) + 1, band});
+        if (!numbered.empty() && CheckSizeAndWeightBands(numbered).flaw != SizeAndWeightFlaw::None)
+            return strGroup;
+    }
+    return CString();
+}
+
 SizeAndWeightResult SizeAndWeightGroups::TakeRowsWhileTyping(std::span<const BandTexts> rows) {
     if (m_strCurrent.IsEmpty()) return {};
     ReadRows(rows);

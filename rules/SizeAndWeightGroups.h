@@ -51,6 +51,9 @@ class SizeAndWeightGroups {
     // The check on leaving a group and on OK, of the rows taken last. An empty group passes.
     SizeAndWeightResult Check() const;
 
+    // The first group whose bands have a flaw, empty for none. Groups without bands are passed over.
+    CString FindFlawedGroup() const;
+
     // The check after each edit. The rows become the group's bands only when it finds no flaw.
     SizeAndWeightResult TakeRowsWhileTyping(std::span<const BandTexts> rows);
 

@@ -21,7 +21,7 @@ BELOW = {
     "grids": ["rules/tables", "module/application"],
     "exchange/interface": ["rules/tables"],
     "exchange": ["exchange/interface", "rules/tables"],
-    "dialogs": ["rules", "grids", "exchange"],
+    "dialogs": ["rules", "grids", "exchange", "database/interface"],
     "module": ["dialogs"],
     "sheetreader": ["exchange/interface"],
     "database/interface": ["framework"],

@@ -18,8 +18,8 @@ mfxhost show "$out/all-rules-in-rad.xml"
 mfxhost sheet samples/draft-angles.xlsx
 
 # The dialog of a rule: opened, photographed and cancelled.
-picture=$out/wall-thickness-variation.png
-scripts/wine-run build/mingw/bin/mfx_screenshot.exe "Wall Thickness Variation" "$picture" &
-mfxhost configure samples/all-rules.xml --rule 19030 -o "$out/all-rules-configured.xml" --lang english
+picture=$out/variable-draft-angle.png
+scripts/wine-run build/mingw/bin/mfx_screenshot.exe "Variable Draft Angle" "$picture" &
+mfxhost configure samples/all-rules.xml --rule 19040 -o "$out/all-rules-configured.xml" --lang english
 wait $!
 echo "The dialog looked like this: $picture"

@@ -21,6 +21,7 @@ fi
 
 packages=(
   g++-mingw-w64-x86-64-posix cmake ninja-build python3 python3-jsonschema python3-pil librsvg2-bin libxml2-utils
+  fp-utils
   dpkg-dev ca-certificates googletest libcli11-dev nlohmann-json3-dev
   libz-mingw-w64-dev tcl
   wine64 fonts-wine fonts-noto-cjk locales xvfb

@@ -11,7 +11,8 @@
 //     Sand Casting,Cast Iron,Iron,Gray Cast Iron,,3.18,4.76
 //     Sand Casting,,Other Metals,,,,
 //
-// A group without a family is its own. A line without a material stands for the group alone.
+// A new group without a family is its own; one that is there keeps its family. A line without a material
+// stands for the group alone.
 #pragma once
 
 #include "MfxMaterials.h"

@@ -11,12 +11,6 @@
 
 namespace {
 
-void CheckStatusIsUsed(const Reporter& reporter, const MfxXMLNode& constraint) {
-    const bool isSizeAndWeight = FindParameter(reporter.GetRule().m_paramArray, kMassUnitId) != nullptr;
-    if (isSizeAndWeight && constraint.GetAttribute(kStatusAttribute) == L"0")
-        reporter.Add<FindingCode::ConstraintStatusUnused>(constraint);
-}
-
 void CheckName(const Reporter& reporter, const MfxXMLNode& constraint, std::set<CString>& names) {
     CString name;
     if (!constraint.GetAttributeValue(kConstraintNameAttribute, name)) return;
@@ -31,7 +25,6 @@ void CheckAttributes(const Reporter& reporter, const MfxXMLNode& constraint, std
         if (!constraint.GetAttributeValue(*name, value))
             reporter.Add<FindingCode::MissingConstraintAttribute>(constraint, ToUtf8(*name));
     CheckStatus(reporter, constraint);
-    CheckStatusIsUsed(reporter, constraint);
     CheckName(reporter, constraint, names);
 }
 

@@ -3,6 +3,9 @@
 
 #include <span>
 
+// The process whose material groups the rules use, as the material database names it.
+inline constexpr wchar_t kSandCastingProcess[] = L"Sand Casting";
+
 // A material and its usual wall thicknesses. The numbers are texts, in inches, as they are shown; ParseDouble
 // reads them.
 struct MaterialThickness {

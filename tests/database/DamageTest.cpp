@@ -42,6 +42,10 @@ TEST_F(DamageTest, RefusesFilesThatAreNoDatabaseOfToday) {
     ExpectRefused(3, "m.db is the database of another application");
     MakeDatabase("PRAGMA user_version = 1000");
     ExpectRefused(3, "m.db was written by a newer version");
+    for (const char* sql : {"PRAGMA user_version = -3", "DROP TABLE material"}) {
+        MakeDatabase(sql);
+        ExpectRefused(3, "m.db is damaged (its version or its tables are missing)");
+    }
     // The pages of a table: the materials are told to be damaged, not to be none.
     for (const char* table : {"process", "material_group", "material"}) {
         MakeDatabase("VACUUM");

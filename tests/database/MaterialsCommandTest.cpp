@@ -50,6 +50,11 @@ TEST_F(MaterialsTest, ExportsWhatItImports) {
         exported,
         HasSubstr(
             "\r\nSand Casting,Bronzes,\"Tin, \"\"hard\"\"\",\xC3\x84lt\xE9\x8B\xB3,8.7,1e-08,1e-07\r\n"));
+    // Iron is of the family of cast irons, also after a line that names no family.
+    m_folder.Write(L"c.csv", std::string(kHeadings) + "Sand Casting,,Iron,Grey,7.2,,\r\n");
+    Run({L"materials", L"import", L"c.csv", L"--database", L"family.db"}, 0, _, "");
+    Run({L"materials", L"export", L"--database", L"family.db"}, 0,
+        HasSubstr("\nSand Casting,Cast Iron,Iron,Grey,"), "");
     EXPECT_THAT(exported, EndsWith("\r\nNew Process,,Empty,,,,\r\n"));
     Run({L"materials", L"import", L"b.csv", L"--database", L"copy.db"}, 0, _, "");
     Run({L"materials", L"export", L"--mark", L"--database", L"copy.db"}, 0, exported, "");

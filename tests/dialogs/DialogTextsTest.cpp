@@ -1,6 +1,8 @@
 // Every dialog in every language: all texts have room, and no two mnemonics are the same.
 
 #include "DialogTest.h"
+#include "RealDatabase.h"
+#include "resource.h"
 #include "support/Screenshot.h"
 #include "support/WindowText.h"
 
@@ -80,7 +82,10 @@ void CheckControls(HWND hDialog) {
          hControl = GetWindow(hControl, GW_HWNDNEXT)) {
         ExpectInside(hControl, hDialog);
         const bool bButton = IsOfClass(hControl, L"Button"), bLabel = IsOfClass(hControl, L"Static");
-        if (IsOfClass(hControl, L"SysListView32")) ExpectRoomForHeadings(hControl);
+        if (IsOfClass(hControl, L"SysListView32")) {
+            ExpectRoomForHeadings(hControl);
+            EXPECT_FALSE(GetWindowLongW(hControl, GWL_STYLE) & WS_HSCROLL) << "columns out of view";
+        }
         if ((!bButton && !bLabel) || WindowText(hControl).IsEmpty()) continue;
         if (GetWindowLongW(hControl, GWL_STYLE) & SS_NOPREFIX) {
             ExpectRoom(hControl, 0, DT_WORDBREAK | DT_NOPREFIX);
@@ -98,6 +103,16 @@ void CheckControls(HWND hDialog) {
     EXPECT_GT(nLabels, 0);
 }
 
+void CheckDialog(DialogUser& user, int nContext, const CString& strLanguage) {
+    user.Idle();  // until all is painted
+    CheckControls(user.Window());
+    ExpectRoom(user.Window(), 40);  // the caption and its button
+    CString strName;
+    strName.Format(L"%d-%s", nContext, strLanguage.GetString());
+    const bool bUsersFonts = CLanguageUtil::GetLanguageWord(GetSystemDefaultLangID()) == strLanguage;
+    EXPECT_TRUE(!bUsersFonts || KeepScreenshot(user.Window(), strName));
+}
+
 }  // namespace
 
 TEST_P(DialogTextsTest, HaveRoom) {
@@ -105,15 +120,24 @@ TEST_P(DialogTextsTest, HaveRoom) {
     AddGroupTo(Rule(19020), L"Steel", {{0, 200, -1, -1, 5}, {200, 600, -1, -1, 7.5}, {600, 0, -1, -1, 10}});
     for (const int nRuleId : {19010, 19020, 19030, 19040})
         Configure(Rule(nRuleId), [&](DialogUser& user) {
-            CheckControls(user.Window());
-            ExpectRoom(user.Window(), 40);  // the caption and its button
-            CString strName;
-            strName.Format(L"%d-%s", nRuleId, GetParam());
-            const CString strSystem = CLanguageUtil::GetLanguageWord(GetSystemDefaultLangID());
-            const bool bUsersFonts = strSystem == GetParam();
-            EXPECT_TRUE(!bUsersFonts || KeepScreenshot(user.Window(), strName));
+            CheckDialog(user, nRuleId, GetParam());
             user.Press(VK_ESCAPE);
         });
+}
+
+TEST_P(DialogTextsTest, HaveRoomInTheEditorOfMaterials) {
+    RealDatabase database;
+    Configure(Rule(19010), [&](DialogUser& user) {
+        user.ClickOn(IDC_EDIT_MATERIALS);
+        user.InNextDialog([&] {
+            user.Type(L"Iron");
+            user.Press(VK_RIGHT);
+            user.Press(VK_RIGHT);
+            CheckDialog(user, 7010, GetParam());
+            user.Press(VK_ESCAPE);
+        });
+        user.Press(VK_ESCAPE);
+    });
 }
 
 INSTANTIATE_TEST_SUITE_P(Languages, DialogTextsTest,

@@ -3,6 +3,8 @@
 #include "MFXUnitConvertor.h"
 #include "DraftTableCheck.h"
 #include "resource.h"
+#include "sheetreader/WorkbookMaker.h"
+#include "support/TempFolder.h"
 
 #include <afxcmn.h>
 #include <gmock/gmock.h>
@@ -12,6 +14,10 @@ namespace {
 using Rows = std::vector<MfxTableRow>;
 
 constexpr int kImportKey = 1;
+constexpr wchar_t kIncomplete[] =
+    L" is not complete. Enter H1, H2, A1 and A2; none may be zero. Only the first H1 may be zero, and only "
+    L"the "
+    L"last H2 may be empty. Leave no empty row between.";
 
 const Rows kDefaults = {{{L"0.0", L"25.4", L"3.0", L"3.0", L"1.5"}},
                         {{L"25.4", L"50.8", L"1.5", L"2.5", L"1.0"}},
@@ -35,6 +41,7 @@ struct SCVariableDraftAngleDlgTest : DialogTest {
         return szText;
     }
 
+    const TempFolder m_folder;
     CMfxRule& m_rule = Rule(19040);
     MfxArray<MfxTableRow>& m_table =
         m_rule.FindParameterInArray(kDraftAngleTableId)->GetValues<MfxTableRow>();
@@ -79,43 +86,44 @@ TEST_F(SCVariableDraftAngleDlgTest, NeedsNoMouse) {
         user.Press(VK_DELETE);
         user.Type(L"25.4");
         for (int i = 0; i < 30; ++i) user.Press(VK_DOWN);
-        Bands(user).ExpectCursorIn(30, 2);
+        user.Press(VK_RETURN);
+        user.Press(VK_F2);
+        Bands(user).ExpectCursorIn(30, 1);
         user.Press(L'U', VK_MENU);
-        EXPECT_EQ(GetFocus(), user.Control(IDC_DRAFT_LENGTH_UNIT));
-        user.ClickOn(IDCANCEL);
+        user.Press(VK_DOWN);
+        EXPECT_STREQ(Heading(user), L"Size (cm)") << "the key is the unit's";
+        user.Press(VK_ESCAPE);
+        EXPECT_FALSE(user.IsOpen());
     });
     EXPECT_STREQ(m_table[0].cells[0], L"0.0");
     EXPECT_STREQ(m_table[3].cells[2], L".75") << "nothing was stored";
 }
 
 TEST_F(SCVariableDraftAngleDlgTest, RefusesATableAndShowsWhere) {
-    const CString strIncomplete =
-        L": H1, A1 and A2 need a value other than zero, H2 as well except in the last row. Only the first H1 "
-        L"may be zero. Rows must not be left out.";
+    const CString strIncomplete(kIncomplete);
     const struct {
-        std::vector<int> rows;  // the cells that are changed
-        int nCol;
+        int nRow, nCol;  // the cell that is changed
         LPCWSTR pszText;
         CString strMessage;
         int nFaultRow, nFaultCol;
     } kCases[] = {
-        {{1}, 3, L"", L"Row 2.0" + strIncomplete, 1, 3},
-        {{6}, 1, L"5", L"Row 7.0" + strIncomplete, 6, 3},
-        {{0}, 3, L"0", L"Row 1" + strIncomplete, 0, 3},
-        {{2}, 2, L"50", L"Row 3: H2 must be larger than H1.", 2, 2},
-        {{3}, 1, L"101.01", L"H1 must be 101.0, where the row before ends. See row 4.", 3, 1},
+        {1, 3, L"", L"Row 2.0" + strIncomplete, 1, 3},
+        {6, 1, L"5", L"Row 7.0" + strIncomplete, 6, 3},
+        {0, 3, L"0", L"Row 1" + strIncomplete, 0, 3},
+        {2, 2, L"50", L"Row 3: H2 must be larger than H1.", 2, 2},
+        {3, 1, L"101.01", L"H1 must be 101.0, the H2 of the row before. See row 4.", 3, 1},
     };
     for (const auto& test : kCases)
         Open([&](DialogUser& user) {
             SCOPED_TRACE(test.strMessage.GetString());
-            for (const int nRow : test.rows) Bands(user).SetCell(nRow, test.nCol, test.pszText);
+            Bands(user).SetCell(test.nRow, test.nCol, test.pszText);
             SendMessageW(user.Control(IDC_DRAFT_LENGTH_UNIT), CB_SETCURSEL, 1, 0);
             m_boxes.Expect(test.strMessage, MB_ICONINFORMATION);
             user.ClickOn(IDOK);
             m_boxes.Verify();
             EXPECT_STREQ(m_boxes.m_strCaption, L"MfxKit");
             EXPECT_EQ(m_rule.m_nLengthUnit, LengthCentimetre) << "stored before";
-            EXPECT_STREQ(Bands(user).Cell(test.rows[0], test.nCol), test.pszText);
+            EXPECT_STREQ(Bands(user).Cell(test.nRow, test.nCol), test.pszText);
             Bands(user).ExpectCursorIn(test.nFaultRow, test.nFaultCol);
             user.ClickOn(IDCANCEL);
         });
@@ -127,10 +135,7 @@ TEST_F(SCVariableDraftAngleDlgTest, DeletedRowsAreLeftOut) {
         SetFocus(user.Control(IDC_DRAFT_BANDS));
         ListView_SetItemState(user.Control(IDC_DRAFT_BANDS), 1, LVIS_SELECTED, LVIS_SELECTED);
         user.Press(VK_DELETE);
-        m_boxes.Expect(
-            L"Row 2: H1, A1 and A2 need a value other than zero, H2 as well except in the last row. Only the "
-            L"first H1 may be zero. Rows must not be left out.",
-            MB_ICONINFORMATION);
+        m_boxes.Expect(CString(L"Row 2") + kIncomplete, MB_ICONINFORMATION);
         user.ClickOn(IDOK);
         ListView_SetItemState(user.Control(IDC_DRAFT_BANDS), -1, LVIS_SELECTED, LVIS_SELECTED);
         user.Press(VK_ESCAPE);
@@ -139,7 +144,7 @@ TEST_F(SCVariableDraftAngleDlgTest, DeletedRowsAreLeftOut) {
         SetFocus(user.Control(IDC_DRAFT_BANDS));
         ListView_SetItemState(user.Control(IDC_DRAFT_BANDS), -1, LVIS_SELECTED, LVIS_SELECTED);
         user.Press(VK_DELETE);
-        m_boxes.Expect(L"There is nothing to store. Enter at least one row.", MB_ICONINFORMATION);
+        m_boxes.Expect(L"The table has no values. Enter at least one row.", MB_ICONINFORMATION);
         user.ClickOn(IDOK);
         user.ClickOn(IDCANCEL);
     });
@@ -208,18 +213,64 @@ TEST_F(SCVariableDraftAngleDlgTest, ImportsWorkbooks) {
     EXPECT_STREQ(m_table[0].cells[1], L"25.0");
 }
 
+TEST_F(SCVariableDraftAngleDlgTest, RefusesSheets) {
+    using Sheet = std::vector<std::vector<std::string>>;
+    const std::vector<std::string> headings{"H1", "H2", "A1", "A2", "A3"}, first{"0", "25", "3", "3", ""};
+    const std::string cell = "<c t='inlineStr'><is><t>";
+    const auto write = [&](const Sheet& sheet) {
+        std::string rows;
+        for (const auto& row : sheet) {
+            rows += "<row>";
+            for (const std::string& text : row) rows += cell + text + "</t></is></c>";
+            rows += "</row>";
+        }
+        return CString(m_folder.Write(L"b.xlsx", MakeZip(MakeParts(rows))).c_str());
+    };
+    const struct {
+        Sheet sheet;
+        CString strMessage;
+        UINT nIcon;
+    } kCases[] = {
+        {{headings}, L"The table has no values. Enter at least one row.", MB_ICONINFORMATION},
+        {Sheet(202, headings), L"The sheet can't be imported. It has more than 200 rows of values.",
+         MB_ICONEXCLAMATION},
+        {{headings, first, {"25,4", "", "1", "1", ""}},
+         L"The sheet can't be imported. Cell A3 has \u201c25,4\u201d, which is not a number. Numbers have a "
+         L"decimal point.",
+         MB_ICONEXCLAMATION},
+        {{headings, first, {"25", "", "1", "", ""}},
+         CString(L"Nothing was imported. Rows are counted as in the sheet.\n\nRow 3.0") + kIncomplete,
+         MB_ICONINFORMATION},
+    };
+    Open([&](DialogUser& user) {
+        for (const auto& [sheet, strMessage, nIcon] : kCases) {
+            m_boxes.Expect(strMessage, nIcon);
+            user.Press(L'I', VK_CONTROL);
+            user.ChooseFile(write(sheet));
+            m_boxes.Verify();
+            EXPECT_STREQ(Bands(user).Cell(3, 2), L"203") << "nothing changes";
+        }
+        user.Press(L'I', VK_CONTROL);
+        user.ChooseFile(write({headings, first, {"25", "", "1", "2", ""}}));
+        user.ClickOn(IDOK);
+    });
+    EXPECT_EQ(Stored(), (Rows{{{L"0.0", L"25.0", L"3.0", L"3.0", L""}},
+                              {{L"25.0", L"1000000000.0", L"1.0", L"2.0", L""}}}));
+}
+
 TEST_F(SCVariableDraftAngleDlgTest, HasItsHotKeyOnlyInFront) {
     Open([&](DialogUser& user) {
         EXPECT_FALSE(RegisterHotKey(m_hHostWindow, 7, MOD_CONTROL, L'I'));
         SetActiveWindow(m_hHostWindow);
         EXPECT_TRUE(RegisterHotKey(m_hHostWindow, 7, MOD_CONTROL, L'I')) << "another program may have it";
+        UnregisterHotKey(m_hHostWindow, 7);
         SetActiveWindow(user.Window());
+        EXPECT_FALSE(RegisterHotKey(m_hHostWindow, 7, MOD_CONTROL, L'I')) << "the dialog has it again";
         EnableWindow(user.Window(), FALSE);
         SendMessageW(user.Window(), WM_HOTKEY, kImportKey, MAKELPARAM(MOD_CONTROL, L'I'));
         EnableWindow(user.Window(), TRUE);
         user.ClickOn(IDCANCEL);
     });
-    EXPECT_TRUE(UnregisterHotKey(m_hHostWindow, 7));
     EXPECT_TRUE(RegisterHotKey(m_hHostWindow, 7, MOD_CONTROL, L'I')) << "the dialog has given it back";
     UnregisterHotKey(m_hHostWindow, 7);
 }

@@ -3,6 +3,7 @@
 #include "MFXUnitConvertor.h"
 #include "RuleParameters.h"
 #include "resource.h"
+#include "support/WindowText.h"
 
 #include <gmock/gmock.h>
 
@@ -170,34 +171,33 @@ TEST_F(SCWTVariationDlgTest, OkNeedsItsControls) {
     EXPECT_EQ(m_values[0], 25.0);
 }
 
-TEST_F(SCWTVariationDlgTest, SaysThatTheHelpFileIsMissing) {
-    wchar_t szProgram[MAX_PATH];
-    GetModuleFileNameW(nullptr, szProgram, MAX_PATH);
-    const CString strFolder = CString(szProgram).Left(CString(szProgram).Find(L"\\bin\\"));
+TEST_F(SCWTVariationDlgTest, OpensItsHelp) {
     Open([&](DialogUser& user) {
         EXPECT_FALSE(GetModuleHandleW(L"hhctrl.ocx")) << "loaded without need";
-        m_boxes.Expect(
-            L"The help file " + strFolder + L"\\lang\\english\\mfxkit.chm is missing or can't be opened.",
-            MB_ICONEXCLAMATION);
         user.Press(VK_F1);
-        m_boxes.Verify();
-        EXPECT_STREQ(m_boxes.m_strCaption, L"MfxKit");
+        const HWND hHelp = FindWindowW(L"HH Parent", nullptr);
+        EXPECT_TRUE(hHelp);
+        EXPECT_STREQ(WindowText(hHelp), L"Sand Casting Rules");
+        DestroyWindow(hHelp);
         user.Press(VK_ESCAPE);
     });
 }
 
-TEST_F(SCWTVariationDlgTest, SaysThatTheHelpFileIsNone) {
+TEST_F(SCWTVariationDlgTest, SaysThatThereIsNoHelp) {
     wchar_t szProgram[MAX_PATH];
     GetModuleFileNameW(nullptr, szProgram, MAX_PATH);
-    CMFXRuleDlgBase dialog(IDD_VARIATION, 19030, szProgram, nullptr);
     AfxSetResourceHandle(GetModuleHandleW(L"MFXSandCastingRulesResu.dll"));
-    RunDialog([&] { dialog.DoModal(); },
-              [&](DialogUser& user) {
-                  m_boxes.Expect(CString(L"The help file ") + szProgram + L" is missing or can't be opened.",
-                                 MB_ICONEXCLAMATION);
-                  user.Press(VK_F1);
-                  EXPECT_TRUE(GetModuleHandleW(L"hhctrl.ocx")) << "the help was asked";
-                  user.Press(VK_ESCAPE);
-              });
+    for (const CString& strFile : {CString(L"C:\\missing.chm"), CString(szProgram)}) {
+        CMFXRuleDlgBase dialog(IDD_VARIATION, 19030, strFile, nullptr);
+        RunDialog([&] { dialog.DoModal(); },
+                  [&](DialogUser& user) {
+                      m_boxes.Expect(L"The help file " + strFile + L" is missing or can't be opened.",
+                                     MB_ICONEXCLAMATION);
+                      user.Press(VK_F1);
+                      m_boxes.Verify();
+                      EXPECT_STREQ(m_boxes.m_strCaption, L"MfxKit");
+                      user.Press(VK_ESCAPE);
+                  });
+    }
     AfxSetResourceHandle(LoadedModule::HostResources());
 }

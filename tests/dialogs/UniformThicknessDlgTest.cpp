@@ -75,6 +75,25 @@ TEST_F(UniformThicknessDlgTest, ChoosesMaterialsByKeysAlone) {
     EXPECT_STREQ(m_rule.m_strSummary, L"Wall thickness limits by material");
 }
 
+TEST_F(UniformThicknessDlgTest, KeepsWhatWasChosenInAnotherGroup) {
+    Open([&](DialogUser& user, GridUser& grid) {
+        SetRow(grid, 3, L"Unobtainium", L"2", L"3");
+        for (const bool bSteel : {false, true}) {
+            SetFocus(user.Control(IDC_UNIFORM_GROUP));
+            user.Press(bSteel ? VK_UP : VK_DOWN);  // "Iron", then "Steel" again
+            if (!bSteel) grid.Choose(0, L"Iron A");
+        }
+        grid.Click(1, 0);
+        EXPECT_STREQ(grid.Cell(0, 1), L"5.08") << "0.2 inches";
+        EXPECT_STREQ(grid.Cell(0, 2), L"12.7");
+        grid.DoubleClick(3, 0);
+        grid.Click(1, 0);
+        EXPECT_STREQ(grid.Cell(3, 0), L"Unobtainium") << "it was not changed";
+        EXPECT_STREQ(grid.Cell(3, 2), L"3");
+        user.ClickOn(IDCANCEL);
+    });
+}
+
 TEST_F(UniformThicknessDlgTest, KeepsBothKindsOfLimits) {
     Common(kThicknessMinId) = 1.23456789;
     Open([&](DialogUser& user, GridUser& grid) {

@@ -163,7 +163,7 @@ TEST_F(WTBasedOnSizeAndWeightDlgTest, RefusesBandsAndShowsWhere) {
     const CString strMissing = L" is left out, or has a zero where a value is needed.";
     const CString strSizes = L"The lower size must be 20.0 mm, where the sizes before end. See row 3.";
     const CString strWeights = L"The lower weight must be 3.0 kg, where the weights before end. See row 3.";
-    const CString strEnter = L"Enter the complete ", strInRow = L" in row 3.";
+    const CString strEnter = L"Complete the ", strInRow = L" in row 3.";
     const struct {
         int nRow;  // the row that is written, from 0
         Texts texts;
@@ -209,6 +209,19 @@ TEST_F(WTBasedOnSizeAndWeightDlgTest, RefusesBandsAndShowsWhere) {
         });
     }
     EXPECT_EQ(Stored().back().second.back(), (CastSizeAndWeightBand{20.0000005, 0, 3, 4, 5}));
+}
+
+TEST_F(WTBasedOnSizeAndWeightDlgTest, ChecksTheGroupsThatWereNotShown) {
+    AddGroup(L"Iron", {{0, 10, No, No, 3}, {12, 20, No, No, 4}});
+    AddGroup(L"Zinc alloys", {{0, 10, No, No, 3}});
+    Open([&](Page& page) {
+        m_boxes.Expect(L"The lower size must be 10.0 mm, where the sizes before end. See row 2.",
+                       MB_ICONINFORMATION);
+        page.user.ClickOn(IDOK);
+        EXPECT_STREQ(page.CurrentGroup(), L"Iron");
+        page.bands.ExpectCursorIn(1, 1);
+        page.user.ClickOn(IDCANCEL);
+    });
 }
 
 TEST_F(WTBasedOnSizeAndWeightDlgTest, NamesRenamesAndDeletesGroups) {
@@ -313,7 +326,7 @@ TEST_F(WTBasedOnSizeAndWeightDlgTest, OffersTheGroupsOfTheDatabase) {
         m_database.m_bAvailable = bAvailable;
         Open([&](Page& page) {
             page.groups.DoubleClick(5, 0);
-            EXPECT_EQ(page.groups.ChoiceCount(), bAvailable ? 3 : 12);
+            EXPECT_EQ(page.groups.ChoiceCount(), bAvailable ? 3 : 12 + 2);
             page.user.ClickOn(IDCANCEL);
         });
     }

@@ -33,15 +33,3 @@ TEST(MfxXMLDocumentTest, ReadsItsEncodings) {
         EXPECT_EQ(document.ToUtf8(), AsDocument("<a b=\"\xE9\x90\xB5\">\xF0\x9F\x98\x80</a>"));
     }
 }
-
-TEST(MfxXMLDocumentTest, SavesAttachedElementsAlone) {
-    MfxXMLDocument document;
-    const NodePtr pRoot(document.CreateRootNode(L"Rules"));
-    const NodePtr pRule(document.CreateNode(L"Rule")), pLost(document.CreateNode(L"Lost"));
-    EXPECT_FALSE(NodePtr(pRule->GetParentNode()));
-    EXPECT_FALSE(NodePtr(pRoot->GetParentNode()));
-    pRoot->AppendNode(pRule.get());
-    EXPECT_EQ(document.ToUtf8(), AsDocument("<Rules>\n  <Rule />\n</Rules>"));
-    EXPECT_EQ(NodePtr(pRule->GetParentNode())->GetNodeName(), L"Rules");
-    EXPECT_EQ(document.GetLine(*pRule), 0) << "it was never read";
-}

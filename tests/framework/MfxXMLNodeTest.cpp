@@ -37,6 +37,8 @@ TEST(MfxXMLNodeTest, AppendsInsertsMovesAndRemovesElements) {
     const NodePtr pD(pB->SelectSingleNode(L"d")), pNew(document.CreateNode(L"n"));
     const NodePtr pForeign = ParseRoot(other, "<o><x y=\"1\"><z>t</z></x></o>");
     const NodePtr pX(pForeign->SelectSingleNode(L"x")), pDetached(other.CreateNode(L"w"));
+    EXPECT_EQ(document.GetLine(*pNew), 0) << "it was never read";
+    EXPECT_FALSE(NodePtr(pRoot->GetParentNode()));
     // Nothing, into itself, and behind an element of another parent.
     pRoot->AppendNode(static_cast<MfxXMLNode*>(nullptr));
     pD->AppendNode(pB.get());

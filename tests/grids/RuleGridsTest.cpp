@@ -21,15 +21,7 @@ class MaterialGridTest : public GridTest<CMFXUWTRuleListCtrl> {
     void ExpectInverted() { m_boxes.Expect(L"The maximum is below the minimum.", MB_ICONEXCLAMATION); }
 };
 
-class DraftGridTest : public GridTest<CMFXVariableDraftRuleListCtrl> {
-  protected:
-    void ExpectWidths(const std::vector<int>& widthsAt96Dpi) {
-        for (std::size_t i = 0; i < widthsAt96Dpi.size(); ++i)
-            EXPECT_EQ(m_grid.GetColumnWidth(static_cast<int>(i)), Scaled(widthsAt96Dpi[i])) << i;
-        Create(1);
-    }
-    const std::vector<CString> m_headers{L"", L"From", L"To", L"Angle 1", L"Angle 2", L"Angle 3"};
-};
+using DraftGridTest = GridTest<CMFXVariableDraftRuleListCtrl>;
 
 class SizeAndWeightGridTest : public GridTest<CMFXWTBasedOnSizeAndWeightListCtrl> {
   protected:
@@ -128,9 +120,7 @@ TEST_F(MaterialGridTest, ClicksCommitWithChecksAndKeysWithout) {
     EXPECT_THAT(Row(2), ElementsAre(L"200", L"", L"1"));
 
     m_grid.SetCellText(4, 0, L"");
-    ExpectInverted();  // by the hidden editor's text, again
-    Click(4, 1);
-    m_boxes.Verify();
+    Click(4, 1);  // does not refuse the old text again
     EXPECT_FALSE(IsVisible(kEditorId)) << "no material, no limits";
     EXPECT_EQ(m_grid.GetSelectedCount(), 1u);
     Click(3, 1, WM_LBUTTONDBLCLK);
@@ -149,32 +139,15 @@ TEST_F(MaterialGridTest, DeletesRowsOnlyBeforeTheFirstEditing) {
     ExpectKeysUntaken();
 }
 
-TEST_F(DraftGridTest, HasItsColumns) {
-    m_grid.InitColumns(m_headers, 50, 70);
-    ExpectWidths({12, 50, 70, 50, 50, 50});
-    m_grid.InitColumns(m_headers, 50, 0);
-    ExpectWidths({12, 50, 50, 50, 50, 50});
-    m_grid.InitWideColumns(m_headers);
-    ExpectWidths({30, 200, 200, 75, 200, 200});
-}
-
 TEST_F(DraftGridTest, OpensTheEditorOnEveryRow) {
-    m_grid.InitBandColumns(m_headers);
-    Fill(1, 10);
-    Fill(6);
+    m_grid.InitBandColumns({L"", L"From", L"To", L"Angle 1", L"Angle 2", L"Angle 3"});
+    Fill(6, 10);
     Click(7, 5);
     ExpectEditing(7, 5);
+    EXPECT_FALSE(Press(VK_DELETE)) << "it deletes characters, no row";
     Photograph(L"draft-angles-editor");
-    Editor().SetWindowText(L"3.5");
-    Click(0, 1);
-    ExpectEditing(0, 1);
-    EXPECT_STREQ(Cell(7, 5), L"3.5");
     Click(0, 0);
     EXPECT_EQ(m_grid.GetSelectedCount(), 1u);
-    EXPECT_FALSE(Press(L'A'));
-    EXPECT_TRUE(Press(VK_RIGHT));
-    ExpectEditing(0, 2);
-    EXPECT_FALSE(Press(VK_DELETE)) << "it deletes characters, no row";
 }
 
 TEST_F(DraftGridTest, KnowsDefaultsAndNonNegativeNumbers) {

@@ -33,6 +33,12 @@ void EnterSevenInches(HWND hDialog) {
     PostMessageW(hDialog, WM_COMMAND, IDOK, 0);
 }
 
+void ChooseLimits(HWND hDialog, int nRadioButton) {
+    for (const int nButton : {IDC_UNIFORM_COMMON, IDC_UNIFORM_BY_MATERIAL})
+        SendDlgItemMessageW(hDialog, nButton, BM_SETCHECK,
+                            nButton == nRadioButton ? BST_CHECKED : BST_UNCHECKED, 0);
+}
+
 void Cancel(HWND hDialog) {
     PostMessageW(hDialog, WM_COMMAND, IDCANCEL, 0);
 }
@@ -62,6 +68,53 @@ TEST_F(ConfigureTest, SavesATable) {
               L"Variable Draft Angle");
     Run({L"show", L"r.xml", L"--lang", L"english"}, 0,
         ContainsRegex("\n +1010.0 +2030.0 +0\\.75 +1.0 +1.0\n"), "");
+}
+
+TEST_F(ConfigureTest, SavesWhichGroupIsActive) {
+    SetEnvironmentVariableW(L"MFX_MATERIAL_DATABASE", m_folder.Path(L"materials.db").c_str());
+    const std::string steel = R"(Value="Steel" Status=)", aluminium = R"(Value="Aluminium Alloys" Status=)";
+    const std::string note = R"("1" Note="of steel">)";
+    m_folder.Write(L"r.xml", Replaced(m_folder.Read(Wide(MFX_SAMPLES "all-rules.xml")),
+                                      steel + "\"1\">\n      <Parameter Name=\"Cast size from",
+                                      steel + note + "\n      <Parameter Name=\"Cast size from"));
+    const std::string before = m_folder.Read(L"r.xml");
+    constexpr wchar_t kCaption[] = L"Wall Thickness by Cast Size and Weight";
+    Configure({}, Cancel, "Wall Thickness by Cast Size and Weight was not changed\n", L"19020", kCaption);
+    Run({L"convert", L"r.xml", L"--length", L"in"}, 0, _, _);
+    EXPECT_THAT(m_folder.Read(L"r.xml"), HasSubstr(aluminium + "\"0\""));
+    m_folder.Write(L"r.xml", before);
+    Configure(
+        {}, [](HWND hDialog) { PostMessageW(hDialog, WM_COMMAND, IDOK, 0); },
+        "r.xml: Wall Thickness by Cast Size and Weight changed\n", L"19020", kCaption);
+    const std::string after = m_folder.Read(L"r.xml");
+    EXPECT_THAT(after, HasSubstr(steel + "\"0\" Note=\"of steel\""))
+        << "what others wrote stays with its group";
+    EXPECT_LT(after.find(aluminium + "\"1\""), after.find(steel + "\"0\" Note")) << "the rule's order";
+}
+
+TEST_F(ConfigureTest, SavesWhichLimitsAreInForce) {
+    m_folder.Write(L"r.xml", m_folder.Read(Wide(MFX_SAMPLES "legacy-material-table.xml")));
+    const auto open = [&](void (*act)(HWND), const std::string& says) {
+        Configure({}, act, says, L"19010", L"Uniform Wall Thickness");
+    };
+    open(
+        [](HWND hDialog) {
+            ChooseLimits(hDialog, IDC_UNIFORM_COMMON);
+            PostMessageW(hDialog, WM_COMMAND, IDOK, 0);
+        },
+        "r.xml: Uniform Wall Thickness changed\n");
+    const std::string common = m_folder.Read(L"r.xml");
+    EXPECT_THAT(common, HasSubstr("Value=\"Steel\" Status=\"0\""));
+    EXPECT_THAT(common, HasSubstr("Summary=\"Minimum wall thickness"));
+    open(
+        [](HWND hDialog) {
+            EXPECT_TRUE(IsDlgButtonChecked(hDialog, IDC_UNIFORM_COMMON));
+            ChooseLimits(hDialog, IDC_UNIFORM_BY_MATERIAL);
+            PostMessageW(hDialog, WM_COMMAND, IDOK, 0);
+        },
+        "r.xml: Uniform Wall Thickness changed\n");
+    EXPECT_THAT(m_folder.Read(L"r.xml"), HasSubstr("Value=\"Steel\" Status=\"1\""));
+    EXPECT_THAT(m_folder.Read(L"r.xml"), HasSubstr("Summary=\"Wall thickness limits by material\""));
 }
 
 TEST_F(ConfigureTest, WritesNothingWhenNothingChanged) {

@@ -144,21 +144,19 @@ TEST_F(HostTest, ConvertsNoNumberThatIsTooLargeInTheNewUnit) {
 }
 
 TEST_F(HostTest, NamesWhatTheModulePassesOverAndConvertsNothing) {
-    const std::string document = Replaced(
-        Document(
-            R"(<Value Attribute1="0" Attribute2="1e3" Attribute3="." Attribute4="5٥ mm" Attribute5="-5"/>)",
-            R"(
+    const std::string document =
+        Replaced(Document(R"(<Value Attribute1="0" Attribute2="1e3" Attribute3="5٥ mm" Attribute4="-5"/>)",
+                          R"(
 <Rule Name="幅 𠮷" Module="MFXSandCastingRulesValidator"/>
 <Rule Name="Variable Draft Angle" Module="Other" />)"),
-        "Severity=\"2\"", "Severity=\"high\"");
+                 "Severity=\"2\"", "Severity=\"high\"");
     const std::string problems =
         R"(d.xml:2: 幅 𠮷: module "MFXSandCastingRulesValidator" has no rule of this name
 d.xml:3: Variable Draft Angle: a rule of another module, "Other", which is not known here
 d.xml:4: Variable Draft Angle: Rule: Severity="high" is not a whole number
 d.xml:7: Variable Draft Angle: parameter 29183 (Draft angles by size), Attribute2: "1e3" is not a number and reads as 1
-d.xml:7: Variable Draft Angle: parameter 29183 (Draft angles by size), Attribute3: "." is not a number and reads as 0
-d.xml:7: Variable Draft Angle: parameter 29183 (Draft angles by size), Attribute4: "5٥ mm" is not a number and reads as 5
-d.xml:7: Variable Draft Angle: parameter 29183 (Draft angles by size), Attribute5: "-5" is not a number and reads as 0
+d.xml:7: Variable Draft Angle: parameter 29183 (Draft angles by size), Attribute3: "5٥ mm" is not a number and reads as 5
+d.xml:7: Variable Draft Angle: parameter 29183 (Draft angles by size), Attribute4: "-5" is not a number and reads as 0
 )";
     m_folder.Write(L"d.xml", document);
     Run({L"show", L"d.xml"}, 1, StartsWith("d.xml: 3 rules"), problems);

@@ -2,18 +2,11 @@
 
 #include "support/Process.h"
 #include "support/TempFolder.h"
+#include "support/Texts.h"
 
 #include <windows.h>
 
 #include <gmock/gmock.h>
-
-#include <stdexcept>
-
-inline std::string Repeated(const std::string& text, std::size_t nTimes) {
-    std::string all;
-    for (; nTimes > 0; --nTimes) all += text;
-    return all;
-}
 
 // Starts the real program, in a folder of the test's own, so that file names need no path.
 class HostTest : public testing::Test {
@@ -56,11 +49,4 @@ inline std::string Document(const std::string& rows, const std::string& inRoot =
 <Parameter Type="29183" Status="1">
 <Operator>3</Operator><ParameterType>24</ParameterType>
 )" + rows + "\n<Remarks>r</Remarks></Parameter></Rule></MfxRules>\n";
-}
-
-// The text with the first occurrence of a part replaced, which has to be there.
-inline std::string Replaced(std::string text, const std::string& part, const std::string& by) {
-    const std::size_t nAt = text.find(part);
-    if (nAt == std::string::npos) throw std::runtime_error("nothing to replace: " + part);
-    return text.replace(nAt, part.size(), by);
 }

@@ -19,14 +19,6 @@ CString TakeTrace() {
 
 }  // namespace
 
-TEST(ApplicationTest, ProgramsObjectIsTheApplication) {
-    const HINSTANCE program = ::GetModuleHandleW(nullptr);
-    EXPECT_STREQ(AfxGetAppName(), L"Host");
-    EXPECT_EQ(AfxGetApp(), &theApp);
-    EXPECT_EQ(AfxGetInstanceHandle(), program);
-    EXPECT_EQ(AfxGetResourceHandle(), program);
-}
-
 TEST(ApplicationTest, ObjectOfDllStartsAndEndsWithItsOwnResources) {
     // A handle of the host's own choice, which nothing but the host may change.
     const HINSTANCE hostHandle = ::GetModuleHandleW(L"kernel32.dll");

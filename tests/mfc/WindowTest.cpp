@@ -4,43 +4,43 @@
 
 namespace {
 
-// Notes its window's first message, and may refuse the window.
-class CProbeWindow : public CStatic {
+class CProbe : public CWnd {
   public:
-    BOOL CreateTop() { return CreateEx(0, L"STATIC", L"", WS_POPUP, CRect(0, 0, 40, 20), nullptr, 0); }
+    CPoint m_pressedAt{0, 0};
+    int m_nCommands = 0;
 
-    UINT m_nFirstMessage = 0;
-    int m_createResult = 0;
-
-  protected:
-    LRESULT WindowProc(UINT message, WPARAM wParam, LPARAM lParam) override {
-        if (!m_nFirstMessage) m_nFirstMessage = message;
-        return CStatic::WindowProc(message, wParam, lParam);
-    }
-    afx_msg int OnCreate(LPCREATESTRUCT p) { return m_createResult ? m_createResult : CStatic::OnCreate(p); }
+  private:
+    afx_msg void OnLButtonDown(UINT, CPoint point) { m_pressedAt = point; }
+    afx_msg void OnCommand2() { ++m_nCommands; }
     DECLARE_MESSAGE_MAP()
 };
 
-BEGIN_MESSAGE_MAP(CProbeWindow, CStatic)
-    ON_WM_CREATE()
+BEGIN_MESSAGE_MAP(CProbe, CWnd)
+    ON_WM_LBUTTONDOWN()
+    ON_COMMAND(2, &CProbe::OnCommand2)
 END_MESSAGE_MAP()
 
 }  // namespace
 
-TEST(WindowTest, ObjectFollowsTheWindowThatItCreates) {
-    CProbeWindow top, child;
-    ASSERT_TRUE(top.CreateTop());
-    ASSERT_TRUE(child.Create(nullptr, 0, CRect(0, 0, 50, 20), &top, 2));
-    EXPECT_EQ(child.m_nFirstMessage, UINT{WM_NCCREATE});
-    EXPECT_EQ(top.GetDlgItem(2), &child);
-    EXPECT_EQ(child.GetParent(), &top);
-    EXPECT_FALSE(child.Create(nullptr, 0, CRect(), &top, 4)) << "one window at a time";
-    child.DestroyWindow();
-    child.m_createResult = -1;
-    EXPECT_FALSE(child.Create(nullptr, 0, CRect(), &top, 3));
-    EXPECT_FALSE(child.m_hWnd);
-    child.m_createResult = 0;
-    EXPECT_TRUE(child.Create(nullptr, 0, CRect(), &top, 3));
-    top.DestroyWindow();
-    EXPECT_FALSE(child.m_hWnd);
+// Most handlers and their arguments are tested by the windows that have them.
+TEST(WindowTest, ObjectFollowsItsWindowAndGetsItsMessages) {
+    CProbe probe;
+    ASSERT_TRUE(probe.CreateEx(0, L"STATIC", L"", WS_POPUP, CRect(0, 0, 90, 50), nullptr, 0));
+    CEdit edit;  // takes no notifications itself
+    ASSERT_TRUE(edit.Create(WS_CHILD, CRect(), &probe, 2));
+    EXPECT_FALSE(edit.Create(WS_CHILD, CRect(), &probe, 4)) << "one window at a time";
+    EXPECT_EQ(probe.GetDlgItem(2), &edit);
+    EXPECT_EQ(edit.GetParent(), &probe);
+    probe.SendMessage(WM_LBUTTONDOWN, MK_SHIFT, MAKELPARAM(-3, 4));
+    EXPECT_EQ(probe.m_pressedAt.x, -3);
+    EXPECT_EQ(probe.m_pressedAt.y, 4);
+    const auto control = reinterpret_cast<LPARAM>(edit.m_hWnd);
+    for (const WPARAM wOther : {MAKEWPARAM(2, BN_DOUBLECLICKED), MAKEWPARAM(3, BN_CLICKED)})
+        probe.SendMessage(WM_COMMAND, wOther, control);
+    EXPECT_EQ(probe.m_nCommands, 0);
+    probe.SendMessage(WM_COMMAND, MAKEWPARAM(2, BN_CLICKED), control);
+    probe.SendMessage(WM_COMMAND, MAKEWPARAM(2, 1));  // from an accelerator
+    EXPECT_EQ(probe.m_nCommands, 2);
+    probe.DestroyWindow();
+    EXPECT_FALSE(edit.m_hWnd);
 }

@@ -60,13 +60,10 @@ TEST_F(ExportsTest, SevenUndecoratedNamesAndNothingElse) {
     const auto* pHeaders = reinterpret_cast<const IMAGE_NT_HEADERS*>(pImage + pDos->e_lfanew);
     const auto& directory = pHeaders->OptionalHeader.DataDirectory[IMAGE_DIRECTORY_ENTRY_EXPORT];
     const auto* pExports = reinterpret_cast<const IMAGE_EXPORT_DIRECTORY*>(pImage + directory.VirtualAddress);
-    const auto* pNames = reinterpret_cast<const DWORD*>(pImage + pExports->AddressOfNames);
-    std::vector<std::string> names;
-    for (DWORD i = 0; i < pExports->NumberOfNames; ++i) names.emplace_back(pImage + pNames[i]);
-    EXPECT_THAT(names,
-                testing::UnorderedElementsAre("SetXMLDoc", "SetDBModuleList", "GetModuleName",
-                                              "GetModuleSummary", "GetAllRules", "GetRule", "DeleteRule"));
-    EXPECT_EQ(pExports->NumberOfFunctions, names.size());
+    EXPECT_EQ(pExports->NumberOfFunctions, 7u);
+    for (const char* const pszName : {"SetXMLDoc", "SetDBModuleList", "GetModuleName", "GetModuleSummary",
+                                      "GetAllRules", "GetRule", "DeleteRule"})
+        EXPECT_TRUE(GetProcAddress(m_module.GetHandle(), pszName)) << pszName;
 }
 
 TEST_F(ExportsTest, GetAllRulesAppendsToTheHostsArray) {

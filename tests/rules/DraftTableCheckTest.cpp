@@ -16,6 +16,7 @@ std::vector<MfxTableRow> Rows(const Texts& texts) {
 
 }  // namespace
 
+// The plain flaws are seen in the dialog of draft angles and in sheets. Here are the rest.
 TEST(DraftTableCheckTest, FindsTheFirstFlaw) {
     using enum DraftTableFlaw;
     using namespace DraftCell;
@@ -26,23 +27,14 @@ TEST(DraftTableCheckTest, FindsTheFirstFlaw) {
         DraftCell::Index cell;
         double expected;
     } kCases[] = {
-        {{L"0.0;25.4;3;3;1.5;", L"25.4;;1;1;;"}, None, 0, LowerBound, 0},
-        {{L"0;1;3;3;;", L";;;;;", L";;;;;"}, None, 0, LowerBound, 0},
-        {{L";;;;;", L";;;;;"}, NoBands, 0, LowerBound, 0},
         {{L"0;1;3;;;", L"1;2;3;3;;"}, EmptyCell, 1, SecondAngle, 0},
-        {{L"0;1;3;3;;", L";;;;;", L"1;2;3;3;;"}, IncompleteRow, 2, LowerBound, 0},
         {{L"0;1;0.0000005;3;;"}, IncompleteRow, 1, FirstAngle, 0},
         {{L"0;1;3;3;0;"}, None, 0, LowerBound, 0},
-        {{L"0;1;3;3;;", L"0;2;3;3;;"},
-         IncompleteRow,
-         2,
-         LowerBound,
-         0},                                                             // only the first band begins at zero
-        {{L"0;;3;3;;", L"1;2;3;3;;"}, IncompleteRow, 1, UpperBound, 0},  // only the last band is open
-        {{L"5;5;3;3;;"}, UpperNotAboveLower, 1, UpperBound, 0},
+        // Only the first band begins at zero, and only the last one is open.
+        {{L"0;1;3;3;;", L"0;2;3;3;;"}, IncompleteRow, 2, LowerBound, 0},
+        {{L"0;;3;3;;", L"1;2;3;3;;"}, IncompleteRow, 1, UpperBound, 0},
         {{L"5;5.0000005;3;3;;"}, UpperNotAboveLower, 1, UpperBound, 0},
         {{L"5;5.00001;3;3;;"}, None, 0, LowerBound, 0},
-        {{L"0;1;3;3;;", L"1.01;2;3;3;;"}, NotContiguous, 2, LowerBound, 1},
         {{L"0;1;3;3;;", L"1.000001;2;3;3;;"}, None, 0, LowerBound, 0},
         {{L"0;1000000000;3;3;;", L"2;3;3;3;;"}, NotContiguous, 2, LowerBound, 1e9},
         {{L"9;5;3;3;;", L"1;2;3;;;"}, EmptyCell, 2, SecondAngle, 0},  // shapes come before values
@@ -56,6 +48,4 @@ TEST(DraftTableCheckTest, FindsTheFirstFlaw) {
         EXPECT_EQ(result.expected, expected);
         EXPECT_EQ(result.bands.empty(), flaw != None);
     }
-    EXPECT_EQ(CheckDraftTable(Rows({L"0;25.40;.75;3;;", L"25.4;;1;2;;"})).bands,
-              Rows({L"0.0;25.4;0.75;3.0;;", L"25.4;;1.0;2.0;;"}));
 }

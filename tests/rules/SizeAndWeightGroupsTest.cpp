@@ -19,11 +19,6 @@ const BandTexts kEmptyRow;
 const BandTexts kRow{L"0.0", L"10.0", L"", L"", L"3.0"};
 
 struct SizeAndWeightGroupsTest : RuleTest {
-    // The groups of the rule after Store, as Values() shows them.
-    CString Stored() {
-        m_groups.Store(m_rule);
-        return Values(m_rule);
-    }
     std::vector<CString> Names() const {
         std::vector<CString> names;
         for (const auto& [strName, bands] : m_groups.GetAll()) names.push_back(strName);
@@ -98,16 +93,4 @@ TEST_F(SizeAndWeightGroupsTest, NamesAreComparedAsAWhole) {
     EXPECT_STREQ(m_groups.GetCurrent(), L"") << "it was erased";
     EXPECT_FALSE(m_groups.EraseUnlisted({L"Steel"}));
     EXPECT_THAT(Names(), ElementsAre(L"Steel"));
-}
-
-TEST_F(SizeAndWeightGroupsTest, StoresGroupsWithoutTheDefault) {
-    m_rule.AddGroup(kDefaultGroup, true, {{0, 10, No, No, 3}});
-    for (const LPCWSTR pszName : {L"Zinc", L"Iron"}) m_rule.AddGroup(pszName, false, {{0, 0, No, No, 3}});
-    m_groups.Load(m_rule);
-    m_groups.SetCurrent(L"Zinc");
-    const CString strBands = L"{ 29119: 0 29120: 0 29121: -1 29122: -1 29118: 3 }";
-    EXPECT_STREQ(Stored(), L" 10165: kg -Iron" + strBands + L" Zinc" + strBands);
-    m_groups.SetCurrent(L"none");
-    m_groups.ChangeMassUnit(MassPound);
-    EXPECT_STREQ(Stored(), L" 10165: lb -Iron" + strBands + L" -Zinc" + strBands);
 }

@@ -33,12 +33,6 @@ constexpr char kStyles[] =
 
 }  // namespace
 
-std::string Repeated(const std::string& text, std::size_t nTimes) {
-    std::string all;
-    for (; nTimes > 0; --nTimes) all += text;
-    return all;
-}
-
 Parts MakeParts(const std::string& rows) {
     return {
         {"[Content_Types].xml", "<Types/>"},

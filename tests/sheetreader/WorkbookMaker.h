@@ -13,8 +13,6 @@ using Parts = std::map<std::string, std::string>;
 // own that is neither date nor currency.
 Parts MakeParts(const std::string& rows);
 
-std::string Repeated(const std::string& text, std::size_t nTimes);
-
 // A zip archive of the parts. Throws std::runtime_error.
 std::string MakeZip(const Parts& parts);
 

@@ -1,5 +1,6 @@
 #include "XlsxColumns.h"
 #include "WorkbookMaker.h"
+#include "support/Texts.h"
 
 #include <gmock/gmock.h>
 
@@ -26,10 +27,7 @@ Table Read(const Parts& parts, const std::vector<std::wstring>& letters = {L"A",
 // The parts of a good workbook with something replaced, which has to be there.
 Parts Changed(const std::string& part, const std::string& what, const std::string& by) {
     Parts parts = MakeParts("<row r='1'><c r='A1'><v>1</v></c></row>");
-    std::string& text = parts.at(part);
-    const std::size_t nAt = text.find(what);
-    if (nAt == text.npos) throw std::logic_error("nothing to replace: " + what);
-    text.replace(nAt, what.size(), by);
+    parts.at(part) = Replaced(parts.at(part), what, by);
     return parts;
 }
 

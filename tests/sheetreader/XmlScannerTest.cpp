@@ -1,5 +1,5 @@
 #include "XmlScanner.h"
-#include "WorkbookMaker.h"
+#include "support/Texts.h"
 #include "support/Utf16.h"
 
 #include <gtest/gtest.h>

@@ -5,6 +5,7 @@
 #include <dlgs.h>
 #include <gtest/gtest.h>
 
+#include <utility>
 #include <vector>
 
 namespace {
@@ -155,14 +156,30 @@ void DialogUser::ClickAt(HWND hWindow, CPoint point) {
     Idle();
 }
 
-void DialogUser::ChooseFile(const CString& strPath) {
-    HWND hFiles = nullptr;
-    for (int i = 0; i < 500 && !hFiles; ++i) {
+HWND DialogUser::WaitForNextDialog() {
+    HWND hDialog = nullptr;
+    for (int i = 0; i < 500 && !hDialog; ++i) {
         Idle();
-        EnumThreadWindows(GetCurrentThreadId(), TakeOpenDialog, reinterpret_cast<LPARAM>(&hFiles));
-        if (hFiles == m_hDialog) hFiles = nullptr;
+        EnumThreadWindows(GetCurrentThreadId(), TakeOpenDialog, reinterpret_cast<LPARAM>(&hDialog));
+        if (hDialog == m_hDialog) hDialog = nullptr;
     }
-    ASSERT_TRUE(hFiles) << "no dialog for files came";
+    EXPECT_TRUE(hDialog) << "no other dialog came";
+    return hDialog;
+}
+
+void DialogUser::InNextDialog(const std::function<void()>& act) {
+    const HWND hDialog = WaitForNextDialog();
+    if (!hDialog) return;
+    const HWND hBehind = std::exchange(m_hDialog, hDialog);
+    act();
+    EXPECT_FALSE(IsOpen());
+    m_hDialog = hBehind;
+    Idle();
+}
+
+void DialogUser::ChooseFile(const CString& strPath) {
+    const HWND hFiles = WaitForNextDialog();
+    ASSERT_TRUE(hFiles);
     SetDlgItemTextW(hFiles, cmb13, strPath);
     PostMessageW(hFiles, WM_COMMAND, IDOK, 0);
     while (IsWindow(hFiles)) Idle();

@@ -22,6 +22,8 @@ class DialogUser {
     void ClickAt(HWND hWindow, CPoint point);  // client area; (-1, -1) is the middle
     // In a dialog for files that the last action has made come.
     void ChooseFile(const CString& strPath);
+    // Acts in a dialog that the last action has made come, and that act closes.
+    void InNextDialog(const std::function<void()>& act);
     // Selects all text of a box, then types.
     void Enter(int nControlId, const CString& strText);
 
@@ -38,6 +40,7 @@ class DialogUser {
     void Act();
     void ComeToTheFront();
     void Find();
+    HWND WaitForNextDialog();
 
     const std::function<void(DialogUser&)>& m_act;
     HWND m_hDialog = nullptr;

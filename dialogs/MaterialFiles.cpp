@@ -1,0 +1,79 @@
+#include "MaterialFiles.h"
+
+#include "DialogTexts.h"
+#include "MaterialGroups.h"
+#include "Text.h"
+#include "resource.h"
+
+#include <afxdlgs.h>
+
+namespace {
+
+constexpr int kLinesShown = 10;
+
+CString NumberOf(std::int64_t count) {
+    CString strNumber;
+    strNumber.Format(L"%I64d", count);
+    return strNumber;
+}
+
+bool WriteBytes(const CString& strPath, const std::string& bytes) {
+    const HANDLE hFile = CreateFileW(strPath, GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, 0, nullptr);
+    if (hFile == INVALID_HANDLE_VALUE) return false;
+    DWORD written = 0;
+    const bool bWritten =
+        WriteFile(hFile, bytes.data(), static_cast<DWORD>(bytes.size()), &written, nullptr) &&
+        written == bytes.size() && FlushFileBuffers(hFile);
+    CloseHandle(hFile);
+    return bWritten;
+}
+
+}  // namespace
+
+IMaterialDatabase* FindMaterialDatabase() {
+    const HMODULE hDatabase = FindDatabaseModule();
+    const FARPROC address = hDatabase ? GetProcAddress(hDatabase, kDatabaseExport) : nullptr;
+    return address ? reinterpret_cast<GetDatabaseFunction*>(reinterpret_cast<void (*)()>(address))()
+                   : nullptr;
+}
+
+CString AskForMaterialFile(bool bToRead, CWnd* pParent) {
+    constexpr DWORD kFlags = OFN_HIDEREADONLY | OFN_NOCHANGEDIR;  // the host's current folder stays as it is
+    const CString strFilter = LoadLocalizedString(IDS_MATERIALS_FILES) + L" (*.csv)|*.csv||";
+    CFileDialog dialog(bToRead, L"csv", nullptr, kFlags | (bToRead ? OFN_FILEMUSTEXIST : OFN_OVERWRITEPROMPT),
+                       strFilter, pParent);
+    return dialog.DoModal() == IDOK ? dialog.GetPathName() : CString();
+}
+
+CString ImportMaterials(IMaterialDatabase& database, const CString& strPath) {
+    CString strLines;
+    int nLines = 0;
+    MaterialImportEvents events;
+    events.badLine = [&](std::uint64_t line, const std::string& flaw) {
+        if (++nLines <= kLinesShown)
+            strLines += NumberOf(static_cast<std::int64_t>(line)) + L": " + FromUtf8(flaw) + L"\r\n";
+    };
+    events.progress = [](std::uint64_t, std::uint64_t) {};
+    MaterialImportCounts counts;
+    const MfxDatabaseResult result = database.ImportCsv(strPath, false, events, counts);
+    if (result.problem == DatabaseRefused) return FormattedText(IDS_MATERIALS_NOT_IMPORTED, result.strText);
+    if (result.problem) return GetProblemText(result);
+    if (nLines > 0) return FormattedText(IDS_MATERIALS_BAD_LINES, NumberOf(nLines), strLines);
+    return FormattedText(IDS_MATERIALS_IMPORTED, NumberOf(counts.added), NumberOf(counts.changed),
+                         NumberOf(counts.unchanged));
+}
+
+CString ExportMaterials(IMaterialDatabase& database, const CString& strPath) {
+    MaterialExportOptions options;
+    options.hasByteOrderMark = true;  // by it spreadsheet programs know UTF-8
+    std::string bytes;
+    const MfxDatabaseResult result =
+        database.ExportCsv(options, [&](std::string_view piece) { bytes += piece; });
+    if (result.problem) return GetProblemText(result);
+    const CString strTemporary = strPath + L".tmp";
+    if (WriteBytes(strTemporary, bytes) &&
+        MoveFileExW(strTemporary, strPath, MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH))
+        return CString();
+    DeleteFileW(strTemporary);
+    return FormattedText(IDS_MATERIALS_NOT_EXPORTED, strPath);
+}
