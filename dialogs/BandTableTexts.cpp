@@ -1,7 +1,7 @@
 #include "BandTableTexts.h"
 
+#include "DialogTexts.h"
 #include "NumberText.h"
-#include "SandCastingRulesApp.h"
 #include "resource.h"
 
 namespace {
@@ -13,11 +13,9 @@ CString RowText(UINT nStringId, int nRow) {
 }
 
 CString IncompleteText(UINT nWord, int nRow) {
-    CString strRow, strText;
+    CString strRow;
     strRow.Format(L"%d", nRow);
-    strText.Format(LoadLocalizedString(IDS_SIZE_WEIGHT_INCOMPLETE), LoadLocalizedString(nWord).GetString(),
-                   strRow.GetString());
-    return strText;
+    return FormattedText(IDS_SIZE_WEIGHT_INCOMPLETE, LoadLocalizedString(nWord), strRow);
 }
 
 CString JointText(UINT nStringId, const SizeAndWeightResult& result, const CString& strUnit) {

@@ -2,12 +2,12 @@
 
 #include "DialogTexts.h"
 #include "DraftTableTexts.h"
+#include "FileDialogs.h"
 #include "LengthUnitCombo.h"
 #include "NumberText.h"
 #include "RuleDialogs.h"
 #include "SCVariableDraftAngleRule.h"
 #include "UnitLabels.h"
-#include "WorkbookFileDialog.h"
 #include "WorkbookImport.h"
 #include "resource.h"
 

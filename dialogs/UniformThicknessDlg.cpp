@@ -113,7 +113,7 @@ bool CMFXUniformThicknessDlg::HasControls() const {
         !m_pRule->FindParameterInArray(kThicknessMaxId))
         return false;
     const CWnd* const controls[] = {&m_radioCommon,   &m_radioByMaterial, &m_minimum.check, &m_minimum.edit,
-                                    &m_maximum.check, &m_maximum.edit,    &m_gridMaterials};
+                                    &m_maximum.check, &m_maximum.edit,    &m_comboGroup,    &m_gridMaterials};
     return std::ranges::all_of(controls, [](const CWnd* pControl) { return pControl->GetSafeHwnd(); });
 }
 

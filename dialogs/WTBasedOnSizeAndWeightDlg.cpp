@@ -1,6 +1,7 @@
 #include "WTBasedOnSizeAndWeightDlg.h"
 
 #include "BandTableTexts.h"
+#include "DialogTexts.h"
 #include "EditMaterialDBDlg.h"
 #include "HandleMessage.h"
 #include "LengthUnitCombo.h"
@@ -53,11 +54,7 @@ BOOL CMFXWTBasedOnSizeAndWeightDlg::OnInitDialog() {
     if (const UINT nReason = LoadDatabase()) return RefuseToEdit(nReason);
     SetUpGrids();
     if (!m_groups.Load(*m_pRule)) return RefuseToEdit();
-    // A drop-down list that lacks a group's name would put another in its place.
-    for (const CString& strName : m_groups.GetLoadedNames())
-        if (std::ranges::find(m_materialGroups, strName) == m_materialGroups.end())
-            m_materialGroups.push_back(strName);
-    m_listGroups.SetComboItems(m_materialGroups);
+    OfferGroups();
     m_bEditable = true;
     SetUpUnits();
     m_picture.SetBitmap(LoadBitmapW(AfxGetResourceHandle(), MAKEINTRESOURCEW(IDB_SIZE_WEIGHT_PICTURE)));
@@ -110,6 +107,14 @@ void CMFXWTBasedOnSizeAndWeightDlg::OnEditMaterials() {
 void CMFXWTBasedOnSizeAndWeightDlg::UpdateListCtrl() {
     m_materialGroups.clear();
     ListMaterialGroups(m_materialGroups);
+    OfferGroups();
+}
+
+// A drop-down list that lacks a group's name would put another in its place.
+void CMFXWTBasedOnSizeAndWeightDlg::OfferGroups() {
+    for (const auto& [strName, bands] : m_groups.GetAll())
+        if (std::ranges::find(m_materialGroups, strName) == m_materialGroups.end())
+            m_materialGroups.push_back(strName);
     m_listGroups.SetComboItems(m_materialGroups);
 }
 
@@ -221,9 +226,7 @@ void CMFXWTBasedOnSizeAndWeightDlg::NewGroup(const CString& strName) {
     const auto naming = m_groups.NameGroup(strName, listed);
     if (naming == SizeAndWeightGroups::Naming::Ignored) return;
     if (naming == SizeAndWeightGroups::Naming::AlreadyThere) {
-        CString strMessage;
-        strMessage.Format(LoadLocalizedString(IDS_SIZE_WEIGHT_GROUP_EXISTS), strName.GetString());
-        ShowMessage(strMessage, MB_ICONEXCLAMATION);
+        ShowMessage(FormattedText(IDS_SIZE_WEIGHT_GROUP_EXISTS, strName), MB_ICONEXCLAMATION);
     }
     ShowCurrentGroup();
 }
