@@ -1,6 +1,7 @@
 #include "WTBasedOnSizeAndWeightDlg.h"
 
 #include "BandTableTexts.h"
+#include "DialogControls.h"
 #include "DialogTexts.h"
 #include "EditMaterialDBDlg.h"
 #include "HandleMessage.h"
@@ -57,7 +58,7 @@ BOOL CMFXWTBasedOnSizeAndWeightDlg::OnInitDialog() {
     OfferGroups();
     m_bEditable = true;
     SetUpUnits();
-    m_picture.SetBitmap(LoadBitmapW(AfxGetResourceHandle(), MAKEINTRESOURCEW(IDB_SIZE_WEIGHT_PICTURE)));
+    ShowPicture(m_picture, IDB_SIZE_WEIGHT_PICTURE);
     ShowGroups(m_listGroups, m_groups.GetLoadedNames());
     ShowCurrentGroup();
     UpdateMassCaption();
@@ -140,10 +141,8 @@ void CMFXWTBasedOnSizeAndWeightDlg::OnOK() {
 }
 
 bool CMFXWTBasedOnSizeAndWeightDlg::HasControls() const {
-    const CWnd* const controls[] = {&m_listGroups,        &m_gridBands,          &m_comboDatabase,
-                                    &m_comboLengthUnit,   &m_comboMassUnit,      &m_buttonOk,
-                                    &m_staticMassCaption, &m_staticCurrentGroup, &m_staticOkHint};
-    return std::ranges::all_of(controls, [](const CWnd* pControl) { return pControl->GetSafeHwnd(); });
+    return HaveWindows({&m_listGroups, &m_gridBands, &m_comboDatabase, &m_comboLengthUnit, &m_comboMassUnit,
+                        &m_buttonOk, &m_staticMassCaption, &m_staticCurrentGroup, &m_staticOkHint});
 }
 
 // Returns the id of the text that says what is missing, 0 for nothing.
