@@ -1,5 +1,6 @@
 #include "EditMaterialDBDlg.h"
 
+#include "DialogControls.h"
 #include "DialogTexts.h"
 #include "LengthUnitCombo.h"
 #include "MaterialFiles.h"
@@ -164,9 +165,8 @@ void CEditMaterialDBDlg::OnOK() {
 }
 
 bool CEditMaterialDBDlg::HasControls() const {
-    const CWnd* const controls[] = {&m_tree,        &m_editName,      &m_editDensity,     &m_editMinimum,
-                                    &m_editMaximum, &m_comboWallUnit, &m_comboDensityUnit};
-    return std::ranges::all_of(controls, [](const CWnd* pControl) { return pControl->GetSafeHwnd(); });
+    return HaveWindows({&m_tree, &m_editName, &m_editDensity, &m_editMinimum, &m_editMaximum,
+                        &m_comboWallUnit, &m_comboDensityUnit});
 }
 
 void CEditMaterialDBDlg::SetUpUnits() {

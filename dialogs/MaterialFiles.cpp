@@ -1,11 +1,10 @@
 #include "MaterialFiles.h"
 
 #include "DialogTexts.h"
+#include "FileDialogs.h"
 #include "MaterialGroups.h"
 #include "Text.h"
 #include "resource.h"
-
-#include <afxdlgs.h>
 
 namespace {
 
@@ -38,11 +37,10 @@ IMaterialDatabase* FindMaterialDatabase() {
 }
 
 CString AskForMaterialFile(bool bToRead, CWnd* pParent) {
-    constexpr DWORD kFlags = OFN_HIDEREADONLY | OFN_NOCHANGEDIR;  // the host's current folder stays as it is
+    const DWORD dwFlags = OFN_HIDEREADONLY | (bToRead ? OFN_FILEMUSTEXIST : OFN_OVERWRITEPROMPT);
     const CString strFilter = LoadLocalizedString(IDS_MATERIALS_FILES) + L" (*.csv)|*.csv||";
-    CFileDialog dialog(bToRead, L"csv", nullptr, kFlags | (bToRead ? OFN_FILEMUSTEXIST : OFN_OVERWRITEPROMPT),
-                       strFilter, pParent);
-    return dialog.DoModal() == IDOK ? dialog.GetPathName() : CString();
+    CFileDialog dialog(bToRead, L"csv", nullptr, dwFlags, strFilter, pParent);
+    return AskForPath(dialog);
 }
 
 CString ImportMaterials(IMaterialDatabase& database, const CString& strPath) {
@@ -70,7 +68,8 @@ CString ExportMaterials(IMaterialDatabase& database, const CString& strPath) {
     const MfxDatabaseResult result =
         database.ExportCsv(options, [&](std::string_view piece) { bytes += piece; });
     if (result.problem) return GetProblemText(result);
-    const CString strTemporary = strPath + L".tmp";
+    CString strTemporary;  // of this program, or it would replace a file of the user's
+    strTemporary.Format(L"%s.%lu.tmp", strPath.GetString(), GetCurrentProcessId());
     if (WriteBytes(strTemporary, bytes) &&
         MoveFileExW(strTemporary, strPath, MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH))
         return CString();

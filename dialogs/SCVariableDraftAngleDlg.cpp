@@ -1,14 +1,15 @@
 #include "SCVariableDraftAngleDlg.h"
 
+#include "DialogControls.h"
 #include "DialogTexts.h"
 #include "DraftSheetTexts.h"
 #include "DraftTableTexts.h"
+#include "FileDialogs.h"
 #include "LengthUnitCombo.h"
 #include "NumberText.h"
 #include "RuleDialogs.h"
 #include "SCVariableDraftAngleRule.h"
 #include "UnitLabels.h"
-#include "WorkbookFileDialog.h"
 #include "WorkbookImport.h"
 #include "resource.h"
 
@@ -66,7 +67,7 @@ BOOL CMFXSCVariableDraftAngleDlg::OnInitDialog() {
     FillLengthUnits(m_comboLengthUnit);
     SelectLengthUnit(m_comboLengthUnit, m_pRule->m_nLengthUnit);
     if (m_strLengthUnit.IsEmpty()) OnLengthUnitChange();
-    m_picture.SetBitmap(LoadBitmapW(AfxGetResourceHandle(), MAKEINTRESOURCEW(IDB_DRAFT_PICTURE)));
+    ShowPicture(m_picture, IDB_DRAFT_PICTURE);
     if (CWnd* const pImport = GetDlgItem(IDC_DRAFT_IMPORT))
         AddToolTip(*pImport, LoadLocalizedString(IDS_DRAFT_IMPORT_TIP));
     return TRUE;

@@ -1,5 +1,6 @@
 #include "UniformThicknessDlg.h"
 
+#include "DialogControls.h"
 #include "DialogTexts.h"
 #include "EditMaterialDBDlg.h"
 #include "LengthUnitCombo.h"
@@ -57,7 +58,7 @@ BOOL CMFXUniformThicknessDlg::OnInitDialog() {
     SetUpGroups();
     UpdateListCtrl();
     SetMaterialFlagForRule(m_pRule->AreLimitsByMaterial());
-    m_picture.SetBitmap(LoadBitmapW(AfxGetResourceHandle(), MAKEINTRESOURCEW(IDB_UNIFORM_PICTURE)));
+    ShowPicture(m_picture, IDB_UNIFORM_PICTURE);
     return TRUE;
 }
 
@@ -100,9 +101,8 @@ bool CMFXUniformThicknessDlg::HasControls() const {
     if (!m_pRule || !m_pRule->FindParameterInArray(kThicknessMinId) ||
         !m_pRule->FindParameterInArray(kThicknessMaxId))
         return false;
-    const CWnd* const controls[] = {&m_radioCommon,   &m_radioByMaterial, &m_minimum.check, &m_minimum.edit,
-                                    &m_maximum.check, &m_maximum.edit,    &m_gridMaterials};
-    return std::ranges::all_of(controls, [](const CWnd* pControl) { return pControl->GetSafeHwnd(); });
+    return HaveWindows({&m_radioCommon, &m_radioByMaterial, &m_minimum.check, &m_minimum.edit,
+                        &m_maximum.check, &m_maximum.edit, &m_comboGroup, &m_gridMaterials});
 }
 
 void CMFXUniformThicknessDlg::ShowCommonLimit(CommonLimit& limit, int nUnitControl) {

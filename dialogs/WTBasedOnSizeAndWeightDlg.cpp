@@ -1,6 +1,8 @@
 #include "WTBasedOnSizeAndWeightDlg.h"
 
 #include "BandTableTexts.h"
+#include "DialogControls.h"
+#include "DialogTexts.h"
 #include "EditMaterialDBDlg.h"
 #include "HandleMessage.h"
 #include "LengthUnitCombo.h"
@@ -53,14 +55,10 @@ BOOL CMFXWTBasedOnSizeAndWeightDlg::OnInitDialog() {
     if (const UINT nReason = LoadDatabase()) return RefuseToEdit(nReason);
     SetUpGrids();
     if (!m_groups.Load(*m_pRule)) return RefuseToEdit();
-    // A drop-down list that lacks a group's name would put another in its place.
-    for (const CString& strName : m_groups.GetLoadedNames())
-        if (std::ranges::find(m_materialGroups, strName) == m_materialGroups.end())
-            m_materialGroups.push_back(strName);
-    m_listGroups.SetComboItems(m_materialGroups);
+    OfferGroups();
     m_bEditable = true;
     SetUpUnits();
-    m_picture.SetBitmap(LoadBitmapW(AfxGetResourceHandle(), MAKEINTRESOURCEW(IDB_SIZE_WEIGHT_PICTURE)));
+    ShowPicture(m_picture, IDB_SIZE_WEIGHT_PICTURE);
     ShowGroups(m_listGroups, m_groups.GetLoadedNames());
     ShowCurrentGroup();
     UpdateMassCaption();
@@ -110,6 +108,14 @@ void CMFXWTBasedOnSizeAndWeightDlg::OnEditMaterials() {
 void CMFXWTBasedOnSizeAndWeightDlg::UpdateListCtrl() {
     m_materialGroups.clear();
     ListMaterialGroups(m_materialGroups);
+    OfferGroups();
+}
+
+// A drop-down list that lacks a group's name would put another in its place.
+void CMFXWTBasedOnSizeAndWeightDlg::OfferGroups() {
+    for (const auto& [strName, bands] : m_groups.GetAll())
+        if (std::ranges::find(m_materialGroups, strName) == m_materialGroups.end())
+            m_materialGroups.push_back(strName);
     m_listGroups.SetComboItems(m_materialGroups);
 }
 
@@ -135,10 +141,8 @@ void CMFXWTBasedOnSizeAndWeightDlg::OnOK() {
 }
 
 bool CMFXWTBasedOnSizeAndWeightDlg::HasControls() const {
-    const CWnd* const controls[] = {&m_listGroups,        &m_gridBands,          &m_comboDatabase,
-                                    &m_comboLengthUnit,   &m_comboMassUnit,      &m_buttonOk,
-                                    &m_staticMassCaption, &m_staticCurrentGroup, &m_staticOkHint};
-    return std::ranges::all_of(controls, [](const CWnd* pControl) { return pControl->GetSafeHwnd(); });
+    return HaveWindows({&m_listGroups, &m_gridBands, &m_comboDatabase, &m_comboLengthUnit, &m_comboMassUnit,
+                        &m_buttonOk, &m_staticMassCaption, &m_staticCurrentGroup, &m_staticOkHint});
 }
 
 // Returns the id of the text that says what is missing, 0 for nothing.
@@ -221,9 +225,7 @@ void CMFXWTBasedOnSizeAndWeightDlg::NewGroup(const CString& strName) {
     const auto naming = m_groups.NameGroup(strName, listed);
     if (naming == SizeAndWeightGroups::Naming::Ignored) return;
     if (naming == SizeAndWeightGroups::Naming::AlreadyThere) {
-        CString strMessage;
-        strMessage.Format(LoadLocalizedString(IDS_SIZE_WEIGHT_GROUP_EXISTS), strName.GetString());
-        ShowMessage(strMessage, MB_ICONEXCLAMATION);
+        ShowMessage(FormattedText(IDS_SIZE_WEIGHT_GROUP_EXISTS, strName), MB_ICONEXCLAMATION);
     }
     ShowCurrentGroup();
 }

@@ -39,6 +39,7 @@ class CMFXWTBasedOnSizeAndWeightDlg : public CMFXRuleDlgBase, public IGridParent
   private:
     bool HasControls() const;
     UINT LoadDatabase();
+    void OfferGroups();
     void SetUpGrids();
     void SetUpUnits();
     CMFXListCtrl* FindFocusedGrid();

@@ -13,11 +13,9 @@ CString RowText(UINT nStringId, int nRow) {
 }
 
 CString IncompleteText(UINT nWord, int nRow) {
-    CString strRow, strText;
+    CString strRow;
     strRow.Format(L"%d", nRow);
-    strText.Format(LoadModuleText(IDS_SIZE_WEIGHT_INCOMPLETE), LoadModuleText(nWord).GetString(),
-                   strRow.GetString());
-    return strText;
+    return FormattedText(IDS_SIZE_WEIGHT_INCOMPLETE, LoadModuleText(nWord), strRow);
 }
 
 CString JointText(UINT nStringId, const SizeAndWeightResult& result, const CString& strUnit) {

@@ -332,6 +332,19 @@ TEST_F(WTBasedOnSizeAndWeightDlgTest, OffersTheGroupsOfTheDatabase) {
     }
 }
 
+TEST_F(WTBasedOnSizeAndWeightDlgTest, OffersItsOwnGroupsAfterTheDatabaseWasEdited) {
+    AddGroup(L"Titanium", {{0, 10, No, No, 3}});
+    Open([&](Page& page) {
+        page.user.ClickOn(IDC_EDIT_MATERIALS);
+        page.user.InNextDialog([&] { page.user.Press(VK_ESCAPE); });
+        page.groups.DoubleClick(2, 0);
+        m_boxes.Expect(L"The group Titanium is there already.", MB_ICONEXCLAMATION);
+        page.groups.Click(0, 0);
+        EXPECT_STREQ(page.groups.Cell(2, 0), L"Titanium") << "another name must not take its place";
+        page.user.ClickOn(IDCANCEL);
+    });
+}
+
 TEST_F(WTBasedOnSizeAndWeightDlgTest, HoldsManyGroupsAndIsReadAgain) {
     Bands many;
     for (int i = 0; i < 200; ++i) many.push_back({i + 0.5, i + 1.5, No, No, 3});

@@ -1,14 +1,12 @@
-#include "WorkbookFileDialog.h"
+#include "FileDialogs.h"
 
 #include "SandCastingRulesApp.h"
-
-#include <afxdlgs.h>
 
 #include <vector>
 
 namespace {
 
-// The dialog for files changes the current folder, which is the host's.
+// The dialog for files changes the current folder, also when it is told not to.
 class CurrentFolderKeeper {
   public:
     CurrentFolderKeeper() { GetCurrentDirectoryW(static_cast<DWORD>(m_folder.size()), m_folder.data()); }
@@ -22,14 +20,17 @@ class CurrentFolderKeeper {
 
 }  // namespace
 
-CString AskForWorkbook(CWnd* pParent) {
+CString AskForPath(CFileDialog& dialog) {
     const CurrentFolderKeeper keeper;
+    return dialog.DoModal() == IDOK ? dialog.GetPathName() : CString();
+}
+
+CString AskForWorkbook(CWnd* pParent) {
     constexpr DWORD kFlags = OFN_HIDEREADONLY | OFN_FILEMUSTEXIST;
     CFileDialog dialog(TRUE, L"XLS", nullptr, kFlags, L"XLS Files (*.xls;*.xlsx)|*.xls; *.xlsx|", pParent);
     CString& strFolder = g_pSandCastingRulesApp->m_strImportFolder;
     if (!strFolder.IsEmpty()) dialog.GetOFN().lpstrInitialDir = strFolder;
-    if (dialog.DoModal() != IDOK) return CString();
-    const CString strPath = dialog.GetPathName();
-    strFolder = strPath.Left(strPath.ReverseFind(L'\\') + 1);
+    const CString strPath = AskForPath(dialog);
+    if (!strPath.IsEmpty()) strFolder = strPath.Left(strPath.ReverseFind(L'\\') + 1);
     return strPath;
 }
