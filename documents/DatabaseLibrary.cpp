@@ -18,7 +18,7 @@ Function* FindExport(HMODULE library, const char* name, const CString& path) {
 
 DatabaseLibrary::DatabaseLibrary() {
     const CString path = GetModuleFolder(nullptr) + L"\\" + kDatabaseLibrary;
-    m_pLibrary.reset(LoadLibraryExW(path, nullptr, LOAD_WITH_ALTERED_SEARCH_PATH));
+    m_pLibrary = LoadLibraryAt(path);
     if (!m_pLibrary)
         throw DocumentError(DocumentError::Kind::ComponentMissing,
                             ToUtf8(path) + " can't be loaded, install the program again: " +

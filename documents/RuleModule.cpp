@@ -19,7 +19,7 @@ constexpr wchar_t kModuleFile[] = L"MFXSandCastingRulesu.dll";
 RuleModule::RuleModule() : m_strPath(GetModuleFolder(nullptr) + L"\\" + kModuleFile) {
     // They stay loaded until the module has loaded them, too: mapping them twice would take time.
     const std::vector<LibraryPtr> resources = LoadResourceLibraries();
-    m_pLibrary.reset(LoadLibraryExW(m_strPath, nullptr, LOAD_WITH_ALTERED_SEARCH_PATH));
+    m_pLibrary = LoadLibraryAt(m_strPath);
     if (!m_pLibrary)
         ThrowMissing(m_strPath,
                      " can't be loaded, install the program again: " + WindowsErrorText(GetLastError()));

@@ -28,8 +28,7 @@ LibraryPtr LoadReader() {
     if (pLibrary) return pLibrary;
     static const wchar_t kHere = 0;
     const CString strPath = GetModuleFolder(GetModuleOfAddress(&kHere)) + L"\\" + kXlsxReaderLibrary;
-    pLibrary.reset(LoadLibraryExW(strPath, nullptr, LOAD_WITH_ALTERED_SEARCH_PATH));
-    return pLibrary;
+    return LoadLibraryAt(strPath);
 }
 
 template <class Function>

@@ -1,5 +1,6 @@
 #include "CommandLine.h"
 
+#include "Commit.h"
 #include "Console.h"
 #include "HelpFormatter.h"
 #include "LanguageUtil.h"
@@ -22,6 +23,12 @@ std::vector<std::string> LanguageWords() {
     return words;
 }
 
+// "mfxhost 0.9.0 (commit 1a2b3c4d5e)".
+std::string VersionText() {
+    const std::string commit = kCommit;
+    return "mfxhost " MFX_VERSION + (commit.empty() ? "" : " (commit " + commit + ")");
+}
+
 std::string Examples(const std::vector<std::string>& examples) {
     std::string text = examples.size() > 1 ? "Examples:\n" : "Example:\n";
     for (const std::string& example : examples) text += "  " + example + "\n";
@@ -36,7 +43,7 @@ CommandLine::CommandLine()
     m_cli.require_subcommand(1);
     m_cli.fallthrough();                       // --lang stands before or behind the command
     m_cli.allow_windows_style_options(false);  // "/file" is a file
-    m_cli.set_version_flag("--version", "mfxhost " MFX_VERSION);
+    m_cli.set_version_flag("--version", VersionText());
     m_cli.formatter(std::make_shared<HelpFormatter>());
     m_cli.footer(
         "mfxhost help COMMAND tells the usage of a command. Every command takes --lang too. A file name - "

@@ -1,6 +1,7 @@
 #include "FrameworkLibrary.h"
 
 #include "ExitCode.h"
+#include "LibraryPtr.h"
 #include "ModulePath.h"
 #include "Text.h"
 
@@ -44,7 +45,7 @@ static bool BindDelayedImports(HMODULE hLibrary) {
 
 void LoadFrameworkLibrary() {
     const CString path = GetModuleFolder(nullptr) + L"\\" + CString(kFrameworkFile);
-    const HMODULE hLibrary = LoadLibraryExW(path, nullptr, LOAD_WITH_ALTERED_SEARCH_PATH);
+    const HMODULE hLibrary = LoadLibraryAt(path).release();  // stays for the program's life
     if (!hLibrary)
         throw CommandError(ExitCode::NotPossible, ToUtf8(path) +
                                                       " can't be loaded, install the program again: " +

@@ -51,6 +51,8 @@ ExitCode RunToItsEnd(int argc, wchar_t** argv) {
 }  // namespace
 
 int wmain(int argc, wchar_t** argv) {
+    // From now on libraries come from the program's and the system's folders, never from the current one.
+    SetDefaultDllDirectories(LOAD_LIBRARY_SEARCH_DEFAULT_DIRS);
     InstallCrashReport();
     const ConsoleScope console;
     AfxWinInit(GetModuleHandleW(nullptr), nullptr, GetCommandLineW(), 0);

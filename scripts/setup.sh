@@ -21,7 +21,7 @@ fi
 
 packages=(
   g++-mingw-w64-x86-64-posix cmake ninja-build python3 python3-jsonschema python3-pil librsvg2-bin libxml2-utils
-  fp-utils
+  fp-utils nsis
   dpkg-dev ca-certificates googletest libcli11-dev nlohmann-json3-dev
   libz-mingw-w64-dev tcl
   wine64 fonts-wine fonts-noto-cjk locales xvfb
@@ -30,7 +30,7 @@ packages=(
   "${checks[@]}"
 )
 # A library is added by its name here and a function make_NAME below.
-libraries=(pugixml googletest cli11 json benchmark libzip sqlite)
+libraries=(pugixml googletest cli11 json benchmark libzip sqlite runtime)
 
 steps=$((3 + ${#libraries[@]}))
 [[ -z $preset ]] || steps=$((steps + 2))
@@ -63,7 +63,7 @@ on_exit() {
 # before as they are now.
 once() {
   local recipe
-  recipe=$(declare -f "make_$2" fetch_source cross_build; cat cmake/mingw-w64.cmake)
+  recipe=$(declare -f "make_$2" fetch_source use_package keep_notice cross_build; cat cmake/mingw-w64.cmake)
   announce "$1"
   if [[ -f $3 && $(<"$3") == *"$recipe" ]]; then
     echo "ready"
@@ -154,6 +154,20 @@ fetch_source() {
   apt-get "${options[@]}" update
   apt-get "${options[@]}" source "$1"
   version=$(sed -n 's/^Version: //p' ./*.dsc)
+  keep_notice "$1" ./*/debian/copyright
+}
+
+# Takes the version of an installed Debian package whose files a library is made of.
+use_package() {
+  version=$(dpkg-query -W -f='${Version}' "$1")
+  keep_notice "$1" "/usr/share/doc/$1/copyright"
+}
+
+# keep_notice PACKAGE FILES...: version and notice of what is linked or shipped; cmake/Packaging.cmake collects them.
+keep_notice() {
+  mkdir -p "$deps/share/$1"
+  cat "${@:2}" >"$deps/share/$1/copyright"
+  echo "$version" >"$deps/share/$1/version"
 }
 
 # cross_build SOURCES CMAKE-OPTIONS...
@@ -170,7 +184,7 @@ make_pugixml() {
 }
 
 make_googletest() {
-  version=$(dpkg-query -W -f='${Version}' googletest)
+  use_package googletest
   cross_build /usr/src/googletest
 }
 
@@ -182,14 +196,14 @@ make_benchmark() {
 }
 
 make_cli11() {
-  version=$(dpkg-query -W -f='${Version}' libcli11-dev)
+  use_package libcli11-dev
   mkdir -p "$deps/include" "$deps/share/cmake"
   cp -r /usr/include/CLI "$deps/include"
   cp -r /usr/share/cmake/CLI11 "$deps/share/cmake"
 }
 
 make_json() {
-  version=$(dpkg-query -W -f='${Version}' nlohmann-json3-dev)
+  use_package nlohmann-json3-dev
   mkdir -p "$deps/include" "$deps/share/cmake"
   cp -r /usr/include/nlohmann "$deps/include"
   cp -r /usr/share/cmake/nlohmann_json "$deps/share/cmake"
@@ -216,6 +230,14 @@ make_sqlite() {
   # The benchmark of imports compares with SQLite's own program.
   x86_64-w64-mingw32-gcc -O2 "${options[@]}" -municode shell.c sqlite3.o -o "$deps/bin/sqlite3.exe"
   cp sqlite3.h "$deps/include"
+}
+
+# Of the packages whose files the compiler links: notices alone.
+make_runtime() {
+  use_package libz-mingw-w64-dev
+  use_package mingw-w64-x86-64-dev
+  use_package gcc-mingw-w64-x86-64-posix-runtime
+  cat /usr/share/common-licenses/GPL-3 >>"$deps/share/gcc-mingw-w64-x86-64-posix-runtime/copyright"
 }
 
 make_wineprefix() {

@@ -1,0 +1,199 @@
+"""The installer in a fresh Wine prefix: installer_test.py TEST BUILD_FOLDER, under fresh-prefix.sh"""
+
+import contextlib
+import os
+import pathlib
+import shutil
+import subprocess
+import sys
+import tempfile
+import time
+import unittest
+import zlib
+
+ROOT = pathlib.Path(__file__).resolve().parents[2]
+DRIVE = pathlib.Path(os.environ["MFX_WINEPREFIX"]) / "drive_c"
+PLACE = r"C:\Prüfungen 鋳物 (neu)"  # blanks, accents, Japanese
+DONE, REFUSED = 0, 2
+
+
+def wine(*arguments, folder=None, **variables):
+    """Runs a program; the result has its exit code and its outputs."""
+    environment = {**os.environ, "WINEPATH": "", **variables}
+    return subprocess.run([ROOT / "scripts/wine-run", *arguments], cwd=folder or DRIVE, env=environment,
+                          capture_output=True, encoding="utf-8", errors="replace", timeout=120)
+
+
+def on_disk(windows_path):
+    return DRIVE / windows_path.removeprefix("C:\\").replace("\\", "/")
+
+
+def files(folder=DRIVE):
+    """Everything there but for what Windows itself writes, with what the bytes add up to."""
+    return {(path, zlib.crc32(path.read_bytes()) if path.is_file() else 0) for path in folder.rglob("*")
+            if path.relative_to(DRIVE).parts[0] != "windows" and "Temp" not in path.parts}
+
+
+def registry():
+    """All keys and values of the user and of the machine's programs."""
+    keys = set()
+    for root in ("HKCU", r"HKLM\Software"):
+        wine("reg", "export", root, r"C:\windows\temp\keys.reg", "/y")
+        key = ""
+        for line in (DRIVE / "windows/temp/keys.reg").read_text("utf-16").splitlines():
+            key = line if line.startswith("[") else key
+            keys.add((key, line))
+    return keys
+
+
+class InstallerTest(unittest.TestCase):
+    def setUp(self):
+        wine("reg", "add", r"HKLM\System\CurrentControlSet\Control\Session Manager\Environment", "/v", "PATH", "/d", "",
+             "/f")
+        self.installer = next((BUILD / "packages").glob("*.exe"))
+
+    # The installer takes the folder as it stands in the command line, without quotation marks.
+    def install(self, installer=None, *options, exit_code=DONE, place=PLACE):
+        result = wine(installer or self.installer, "/S", *options, *(f"/D={place}".split() if place else []))
+        self.assertEqual(result.returncode, exit_code, result.stderr)
+
+    def uninstall(self, place=PLACE, exit_code=DONE):
+        # With _? it does its work itself, instead of a copy of it that nobody waits for.
+        result = wine(on_disk(place) / "uninstall.exe", "/S", *f"_?={place}".split())
+        self.assertEqual(result.returncode, exit_code, result.stderr)
+
+    def run_installed(self, *arguments, exit_code=0, place=PLACE, **variables):
+        result = wine(on_disk(place) / "bin/mfxhost.exe", *arguments, **variables)
+        self.assertEqual(result.returncode, exit_code, result.stderr)
+        return result.stdout
+
+    @contextlib.contextmanager
+    def open_dialog(self):
+        """The installed program with the dialog of a rule; then the dialog is photographed and cancelled."""
+        program = subprocess.Popen([ROOT / "scripts/wine-run", on_disk(PLACE) / "bin/mfxhost.exe", "configure",
+                                    "rules.xml", "--rule", "19020", "--lang", "english"], cwd=DRIVE)
+        while not self.is_loaded(on_disk(PLACE) / "bin/MFXSandCastingRulesu.dll"):
+            self.assertIsNone(program.poll())
+            time.sleep(0.1)
+        yield
+        picture = BUILD / "tests/delivery/installed-dialog.png"
+        wine(BUILD / "bin/mfx_screenshot.exe", "Wall Thickness by Cast Size and Weight", picture)
+        self.assertEqual(program.wait(60), 0)
+        self.assertGreater(picture.stat().st_size, 5_000)
+
+    @staticmethod
+    def is_loaded(library):
+        """Whether Wine keeps the library open for a process."""
+        for file in pathlib.Path("/proc").glob("[0-9]*/fd/*"):
+            with contextlib.suppress(OSError):
+                if file.readlink() == library:
+                    return True
+        return False
+
+    def make_older_installer(self, folder):
+        """An installer of the same files with an older version number, and one file that went since."""
+        (folder / "old/docs").mkdir(parents=True)
+        (folder / "old/docs/gone.txt").write_text("of an older version")
+        subprocess.run(["cpack", "--config", BUILD / "CPackConfig.cmake", "-G", "NSIS", "-D", f"CPACK_PACKAGE_DIRECTORY={folder}",
+                        "-D", "CPACK_PACKAGE_VERSION=0.8.0", "-D", "CPACK_PACKAGE_FILE_NAME=older",
+                        "-D", f"CPACK_INSTALLED_DIRECTORIES={folder / 'old'};program"], check=True, capture_output=True)
+        return folder / "older.exe"
+
+    def test_installs_runs_and_goes_without_a_trace(self):
+        self.run_main_job_before()
+        before, keys = files(), registry()
+        self.install()
+        self.assertIn("Variable Draft Angle", self.run_installed("list"))
+        self.assertIn("鋳", self.run_installed("list", "--lang", "japanese"))
+        self.run_installed("new", "rules.xml")
+        self.run_installed("convert", "rules.xml", "--length", "in")
+        self.assertIn("rules in inches", self.run_installed("show", "rules.xml"))
+        self.assertIn("101.6", self.run_installed("sheet", on_disk(PLACE) / "samples/draft-angles.xlsx"))
+        self.run_installed("materials", "export", "-o", PLACE + r"\mine.csv")
+        with self.open_dialog():
+            pass
+        console = wine("cmd", "/C", "console.cmd", folder=on_disk(PLACE) / "bin").stdout
+        self.assertIn("mfxhost help tells the commands.", console)
+        self.assertIn("mfxhost 0.", console)
+        self.install()  # repairs
+        self.uninstall()
+        after = files()
+        mine = {on_disk(PLACE), on_disk(PLACE + r"\mine.csv"), DRIVE / "rules.xml"}
+        new = {path for path, _ in after - before if "MfxKit" not in path.parts}
+        self.assertEqual(new - {on_disk(PLACE) / "uninstall.exe"}, mine)
+        self.assertEqual(before - after, set())
+        self.assertEqual([path.name for path, _ in after if path.suffix == ".db"], ["materials.db"])
+        self.assertEqual(registry() - keys, set())
+
+    def run_main_job_before(self):
+        """What Windows has, and what Wine writes when programs run for the first time, is there already."""
+        wine("reg", "add", r"HKCU\Software\Microsoft\Windows\CurrentVersion\Uninstall", "/f")
+        wine(BUILD / "bin/mfxhost.exe", "list")
+        wine("cmd", "/C", "ver")
+        registry()
+
+    def test_upgrades_but_not_under_a_running_program(self):
+        with tempfile.TemporaryDirectory() as folder:
+            self.install(self.make_older_installer(pathlib.Path(folder)))
+        gone = on_disk(PLACE) / "docs/gone.txt"
+        self.assertTrue(gone.exists())
+        self.run_installed("new", "rules.xml")
+        self.run_installed("materials", "export", "-o", "mine.csv")
+        with open(DRIVE / "mine.csv", "a") as table:
+            table.write("Sand Casting,,Steel,My Steel,7800,,\n")
+        self.run_installed("materials", "import", "mine.csv")
+        with self.open_dialog():
+            before = files(on_disk(PLACE))
+            self.install(exit_code=REFUSED)
+            self.uninstall(exit_code=REFUSED)
+            self.assertEqual(files(on_disk(PLACE)), before)
+        self.install()
+        self.assertFalse(gone.exists())
+        self.assertIn("My Steel", self.run_installed("materials", "find", "My"))
+        self.assertIn("0.9.0", wine("reg", "query", r"HKCU\Software\Microsoft\Windows\CurrentVersion\Uninstall\SandCastingRules",
+                                    "/v", "DisplayVersion").stdout)
+
+    def test_leaves_other_programs_alone(self):
+        theirs = on_disk(PLACE) / "bin/MfxKitu.dll"
+        theirs.parent.mkdir(parents=True)
+        theirs.write_bytes(b"of the CAD system")
+        before = files()
+        self.install(exit_code=REFUSED)
+        self.assertEqual(files(), before)
+
+    def test_installs_for_all_users(self):
+        self.install(None, "/AllUsers", place=None)
+        place = r"C:\Program Files\Sand casting rules"
+        self.run_installed("list", place=place)
+        self.assertTrue(list((DRIVE / "ProgramData").rglob("Sand casting rules console.lnk")))
+        self.uninstall(place)
+        self.assertFalse(on_disk(place).joinpath("bin").exists())
+        self.assertFalse(list((DRIVE / "ProgramData").rglob("Sand casting rules console.lnk")))
+
+    def test_loads_no_planted_library(self):
+        """Libraries of all names that are loaded, in the current folder and on the path, with the rule document."""
+        self.install()
+        planted = DRIVE / "planted"
+        planted.mkdir()
+        document = planted / "rules.xml"
+        shutil.copy(ROOT / "samples/all-rules.xml", document)
+        for library in [*on_disk(PLACE).rglob("*.dll"), *(DRIVE / "windows/system32").glob("*.ocx"),
+                        *(DRIVE / "windows/system32" / f"{name}.dll" for name in ("version", "dbghelp", "comctl32"))]:
+            if library.exists():
+                shutil.copy(BUILD / "bin/mfx_mfc_testdll.dll", planted / library.name)
+        sheet = ["sheet", on_disk(PLACE) / "samples/draft-angles.xlsx"]
+        reader = on_disk(PLACE) / "bin/MFXCLRMangedHelper.dll"
+        for command, missing in ((["check", "rules.xml"], None), (sheet, None), (["materials", "list"], None),
+                                 (sheet, reader)):
+            if missing:
+                missing.unlink()
+            result = wine(on_disk(PLACE) / "bin/mfxhost.exe", *command, folder=planted, WINEPATH=r"C:\planted",
+                          WINEDEBUG="+loaddll")
+            self.assertEqual(result.returncode, 4 if missing else 0, result.stderr)
+            self.assertIn("MFXSandCastingRulesu.dll", result.stderr)
+            self.assertNotIn("planted", result.stderr.lower())
+
+
+if __name__ == "__main__":
+    BUILD = pathlib.Path(sys.argv[2]).resolve()
+    unittest.main(argv=[sys.argv[0], f"InstallerTest.{sys.argv[1]}"])
