@@ -57,10 +57,17 @@ class InstallerTest(unittest.TestCase):
         result = wine(installer or self.installer, "/S", *options, *(f"/D={place}".split() if place else []))
         self.assertEqual(result.returncode, exit_code, result.stderr)
 
-    def uninstall(self, place=PLACE, exit_code=DONE):
-        # With _? it does its work itself, instead of a copy of it that nobody waits for.
-        result = wine(on_disk(place) / "uninstall.exe", "/S", *f"_?={place}".split())
-        self.assertEqual(result.returncode, exit_code, result.stderr)
+    def uninstall(self, place=PLACE):
+        """A copy of the uninstaller does the work, and nobody waits for it."""
+        wine(on_disk(place) / "uninstall.exe", "/S")
+        end = time.monotonic() + 30
+        while (on_disk(place) / "uninstall.exe").exists():
+            self.assertLess(time.monotonic(), end)
+            time.sleep(0.1)
+
+    def refuse_to_uninstall(self):
+        result = wine(on_disk(PLACE) / "uninstall.exe", "/S", *f"_?={PLACE}".split())
+        self.assertEqual(result.returncode, REFUSED, result.stderr)
 
     def run_installed(self, *arguments, exit_code=0, place=PLACE, **variables):
         result = wine(on_disk(place) / "bin/mfxhost.exe", *arguments, **variables)
@@ -120,7 +127,7 @@ class InstallerTest(unittest.TestCase):
         after = files()
         mine = {on_disk(PLACE), on_disk(PLACE + r"\mine.csv"), DRIVE / "rules.xml"}
         new = {path for path, _ in after - before if "MfxKit" not in path.parts}
-        self.assertEqual(new - {on_disk(PLACE) / "uninstall.exe"}, mine)
+        self.assertEqual(new, mine)
         self.assertEqual(before - after, set())
         self.assertEqual([path.name for path, _ in after if path.suffix == ".db"], ["materials.db"])
         self.assertEqual(registry() - keys, set())
@@ -145,7 +152,7 @@ class InstallerTest(unittest.TestCase):
         with self.open_dialog():
             before = files(on_disk(PLACE))
             self.install(exit_code=REFUSED)
-            self.uninstall(exit_code=REFUSED)
+            self.refuse_to_uninstall()
             self.assertEqual(files(on_disk(PLACE)), before)
         self.install()
         self.assertFalse(gone.exists())
@@ -167,8 +174,9 @@ class InstallerTest(unittest.TestCase):
         self.run_installed("list", place=place)
         self.assertTrue(list((DRIVE / "ProgramData").rglob("Sand casting rules console.lnk")))
         self.uninstall(place)
-        self.assertFalse(on_disk(place).joinpath("bin").exists())
+        self.assertFalse(on_disk(place).exists())
         self.assertFalse(list((DRIVE / "ProgramData").rglob("Sand casting rules console.lnk")))
+        self.assertNotIn("SandCastingRules", str(registry()))
 
     def test_loads_no_planted_library(self):
         """Libraries of all names that are loaded, in the current folder and on the path, with the rule document."""
