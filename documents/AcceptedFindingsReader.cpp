@@ -46,6 +46,7 @@ class Reader {
     std::vector<AcceptedFinding> Read(const std::string& bytes) {
         const Json root = Parse(bytes);
         CheckProperties(root, {kVersionName, kAcceptedName}, {});
+        if (!root[kVersionName].is_number()) Refuse(Quoted(kVersionName) + " is not a number");
         if (root[kVersionName] != kVersion)
             Refuse("version " + root[kVersionName].dump() + " is not known; it must be " +
                    std::to_string(kVersion));
@@ -65,17 +66,13 @@ class Reader {
         throw DocumentError(DocumentError::Kind::Unreadable, m_where + ": " + reason);
     }
 
-    Json Parse(const std::string& bytes) {
+    Json Parse(const std::string& bytes) const {
         try {
             return Json::parse(bytes, RepeatedPropertySearch());
-        } catch (const Json::parse_error& error) {
-            const std::size_t end = std::min(error.byte, bytes.size());
-            const auto line =
-                1 + std::count(bytes.begin(), bytes.begin() + static_cast<std::ptrdiff_t>(end), '\n');
-            m_where += ":" + std::to_string(line);
-            // The library's words begin with its own name for the error and with the place.
+        } catch (const Json::exception& error) {
+            // The library's words begin with its own name for the error, in brackets.
             const std::string words = error.what();
-            Refuse("it is not JSON: " + words.substr(words.find(": ") + 2));
+            Refuse("it is not JSON: " + words.substr(words.find("] ") + 2));
         } catch (const std::invalid_argument& error) {
             Refuse(error.what());
         }
@@ -116,7 +113,7 @@ class Reader {
             Refuse("there is no finding " + Quoted(key) + "; the nearest keys are " + NearestKeys(keys, key));
     }
 
-    std::string m_where;  // the file, and its line or entry
+    std::string m_where;  // the file, and its entry
 };
 
 }  // namespace

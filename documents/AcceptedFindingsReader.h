@@ -19,5 +19,5 @@ struct AcceptedFinding {
     std::string reason;
 };
 
-// Throws DocumentError (Unreadable) that begins with the name and tells the line or the entry.
+// Throws DocumentError (Unreadable) that begins with the name and tells the place.
 std::vector<AcceptedFinding> ReadAcceptedFindings(const std::string& name, const std::string& bytes);

@@ -48,15 +48,15 @@ void Add(FolderContents& contents, const WIN32_FIND_DATAW& found) {
         contents.folders.insert({(found.dwFileAttributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0, name});
 }
 
-// Whether a name can follow directly.
-bool EndsPath(const std::string& folder) {
-    return folder.empty() || folder.ends_with(':') || folder.find_last_of(kSeparators) == folder.size() - 1;
+bool EndsWithSeparator(const std::string& text) {
+    return text.ends_with('\\') || text.ends_with('/');
 }
 
 // The name of a folder whose path ends with a separator, or is empty for the current folder.
 std::string FolderName(const std::string& folder) {
     if (folder.empty()) return ".";
-    return folder.size() > 1 && !folder.ends_with(R"(:\)") ? folder.substr(0, folder.size() - 1) : folder;
+    const std::string name = folder.substr(0, folder.size() - 1);
+    return EndsWithSeparator(folder) && !name.empty() && !name.ends_with(':') ? name : folder;
 }
 
 // Throws DocumentError (Unreadable).
@@ -150,7 +150,9 @@ std::vector<std::string> SplitPattern(const std::string& text) {
     std::vector<std::string> parts;
     for (std::size_t start = 0, end = 0; start < text.size(); start = end + 1) {
         end = std::min(text.find_first_of(kSeparators, start), text.size());
-        if (end > start) parts.push_back(text.substr(start, end - start));
+        const std::string part = text.substr(start, end - start);
+        const bool isRepeated = part == kAnyFolders && !parts.empty() && parts.back() == part;
+        if (!part.empty() && !isRepeated) parts.push_back(part);
     }
     if (parts.back() == kAnyFolders) parts.push_back("*");
     return parts;
@@ -167,7 +169,7 @@ std::vector<SelectedFile> SelectFiles(const std::string& name) {
     const char separator = name.find('/') == std::string::npos ? '\\' : '/';
     const std::size_t fixed = isPattern ? name.find_last_of(kSeparators, wildcard) + 1 : name.size();
     std::string folder = name.substr(0, fixed);
-    if (!isPattern && !EndsPath(name)) folder += separator;
+    if (!isPattern && !EndsWithSeparator(name) && !name.ends_with(':')) folder += separator;
     FolderWalk walk(separator);
     const std::vector<std::string> pattern = SplitPattern(isPattern ? name.substr(fixed) : "**/*.xml");
     if (IsFolder(FromUtf8(FolderName(folder)))) walk.Enter(folder, pattern);

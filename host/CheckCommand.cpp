@@ -1,7 +1,5 @@
-#include "CheckOutput.h"
+#include "CheckRun.h"
 #include "Commands.h"
-#include "Console.h"
-#include "DocumentCheck.h"
 #include "DocumentFiles.h"
 #include "FileSelection.h"
 #include "Text.h"
@@ -47,74 +45,6 @@ std::vector<SelectedFile> SelectAll(const std::vector<std::string>& names) {
     return files;
 }
 
-// A check of files, one after the other.
-class CheckRun {
-  public:
-    CheckRun(const RuleModule& module, const CheckOptions& options, AcceptedFindings accepted)
-        : m_module(module),
-          m_severities(options.severities),
-          m_output(MakeCheckOutput(FormatOf(options), options.severities)),
-          m_accepted(std::move(accepted)) {}
-
-    void Add(const SelectedFile& selected) {
-        CheckedFile file{.file = selected.path, .unreadable = selected.unreadable};
-        if (file.unreadable.empty()) Read(file);
-        if (!file.unreadable.empty()) {
-            m_isUnreadable = true;
-            PrintError("mfxhost: " + Escaped(file.unreadable) + "\n");
-        }
-        m_output->Add(file);
-    }
-
-    // Ends the output. The name is that of the file of accepted findings.
-    ExitCode Finish(const std::string& acceptedName) {
-        const auto unmatched = m_accepted.FindUnmatched();
-        m_output->Finish(unmatched);
-        for (const AcceptedFinding* accepted : unmatched)
-            PrintError("mfxhost: " + acceptedName + ": " + Escaped(DescribeUnmatched(*accepted)) + "\n");
-        if (m_hiddenFailures)
-            PrintError("mfxhost: failing findings that --severity hides: " +
-                       std::to_string(m_hiddenFailures) + "\n");
-        if (m_isUnreadable) return ExitCode::UnreadableInput;
-        return m_isFailed ? ExitCode::Findings : ExitCode::Done;
-    }
-
-  private:
-    // The document is freed at the end: there may be ten thousand of them.
-    void Read(CheckedFile& file) {
-        try {
-            const RuleDocument document = ReadDocument(m_module, file.file);
-            file.units = document.GetUnits();
-            file.rules = CountRules(document);
-            const std::vector<Finding> findings = CheckDocument(document);
-            const auto accepted = m_accepted.Match(document.GetPath(), findings);
-            for (std::size_t i = 0; i < findings.size(); ++i) AddFinding(file, {findings[i], accepted[i]});
-        } catch (const DocumentError& error) {
-            if (error.GetKind() != DocumentError::Kind::Unreadable) throw;
-            file.unreadable = error.what();
-        }
-    }
-
-    void AddFinding(CheckedFile& file, const CheckedFinding& checked) {
-        const Severity severity = checked.finding.Kind().severity;
-        const bool isShown = severity >= m_severities.shown;
-        const bool isFailure = !checked.accepted && m_severities.failing && severity >= *m_severities.failing;
-        m_isFailed |= isFailure;
-        if (isShown)
-            file.findings.push_back(checked);
-        else if (isFailure)
-            ++m_hiddenFailures;
-    }
-
-    const RuleModule& m_module;
-    const CheckSeverities m_severities;
-    const std::unique_ptr<CheckOutput> m_output;
-    AcceptedFindings m_accepted;
-    bool m_isUnreadable = false;
-    bool m_isFailed = false;
-    std::size_t m_hiddenFailures = 0;
-};
-
 // Every file is checked, even when another one can't be read. Nothing is checked when the accepted findings
 // have errors.
 ExitCode Check(const RuleModule& module, const CheckOptions& options) {
@@ -122,7 +52,7 @@ ExitCode Check(const RuleModule& module, const CheckOptions& options) {
     if (!options.accepted.empty())
         accepted = AcceptedFindings(FromUtf8(options.accepted), ReadBytes(options.accepted));
     const std::vector<SelectedFile> files = SelectAll(options.names);
-    CheckRun run(module, options, std::move(accepted));
+    CheckRun run(module, options.severities, FormatOf(options), std::move(accepted));
     for (std::size_t i = 0; i < files.size(); ++i) {
         run.Add(files[i]);
         PrintProgress(i + 1, files.size(), "file");
@@ -133,9 +63,9 @@ ExitCode Check(const RuleModule& module, const CheckOptions& options) {
 using Choose = std::function<void(const std::string&)>;
 
 // An option with one of several words, whose letter case does not count.
-CLI::Option* AddChoice(CLI::App& command, const char* name, const char* typeName,
-                       const std::vector<std::string>& words, const Choose& choose, const char* description) {
-    return command.add_option_function<std::string>(name, choose, description)
+void AddChoice(CLI::App& command, const char* name, const char* typeName,
+               const std::vector<std::string>& words, const Choose& choose, const char* description) {
+    command.add_option_function<std::string>(name, choose, description)
         ->type_name(typeName)
         ->transform(CLI::IsMember(words, CLI::ignore_case).description(""));
 }

@@ -27,6 +27,34 @@ std::string Description(const FindingKind& kind) {
     return text;
 }
 
+std::string PercentEncoded(const std::string& text, std::string_view plain) {
+    constexpr char kHexDigits[] = "0123456789ABCDEF";
+    std::string encoded;
+    for (const char character : text) {
+        const auto byte = static_cast<unsigned char>(character);
+        if (plain.find(character) != std::string_view::npos || (byte < 0x80 && std::isalnum(byte)))
+            encoded += character;
+        else
+            encoded.append({'%', kHexDigits[byte >> 4], kHexDigits[byte & 15]});
+    }
+    return encoded;
+}
+
+// A relative URI for a relative path, otherwise one with the scheme "file".
+std::string PathToUri(const std::string& path) {
+    std::string slashes = path;
+    std::ranges::replace(slashes, '\\', '/');
+    if (slashes.starts_with("//?/UNC/"))
+        slashes.replace(2, 6, "");
+    else if (slashes.starts_with("//?/"))
+        slashes.erase(0, 4);
+    constexpr std::string_view kPlain = "-._~/";
+    if (slashes.starts_with("//")) return "file:" + PercentEncoded(slashes, kPlain);
+    if (slashes.size() > 2 && slashes.substr(1, 2) == ":/")
+        return "file:///" + PercentEncoded(slashes, "-._~/:");
+    return PercentEncoded(slashes, kPlain);  // also the colon, which would end a scheme
+}
+
 Json PhysicalLocation(const std::string& file, int line) {
     Json location{{"artifactLocation", {{"uri", PathToUri(file)}}}};
     if (line > 0) location["region"] = {{"startLine", line}};
@@ -51,37 +79,7 @@ Json Unmatched(const AcceptedFinding* accepted) {
     return {{"level", "note"}, {"message", Message(DescribeUnmatched(*accepted))}};
 }
 
-std::string PercentEncoded(std::string_view text, std::string_view alsoPlain) {
-    constexpr char kHexDigits[] = "0123456789ABCDEF";
-    std::string encoded;
-    for (const char character : text) {
-        const auto byte = static_cast<unsigned char>(character);
-        const bool isPlain =
-            byte < 0x80 &&
-            (std::isalnum(byte) || (std::string_view("-._~/").find(character) != std::string_view::npos) ||
-             alsoPlain.find(character) != std::string_view::npos);
-        if (isPlain)
-            encoded += character;
-        else
-            encoded.append({'%', kHexDigits[byte >> 4], kHexDigits[byte & 15]});
-    }
-    return encoded;
-}
-
 }  // namespace
-
-std::string PathToUri(const std::string& path) {
-    std::string slashes = path;
-    std::ranges::replace(slashes, '\\', '/');
-    if (slashes.starts_with("//?/UNC/"))
-        slashes.replace(2, 6, "");
-    else if (slashes.starts_with("//?/"))
-        slashes.erase(0, 4);
-    if (slashes.starts_with("//")) return "file:" + PercentEncoded(slashes, "");
-    const bool isFromRoot = slashes.size() > 2 && slashes.substr(1, 2) == ":/";
-    // The colon of a relative path would end a scheme.
-    return isFromRoot ? "file:///" + PercentEncoded(slashes, ":") : PercentEncoded(slashes, "");
-}
 
 std::size_t SarifOutput::RuleIndex(const FindingKind& kind) {
     const auto [index, isNew] = m_ruleIndexes.try_emplace(kind.code, m_rules.size());

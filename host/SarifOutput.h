@@ -21,6 +21,3 @@ class SarifOutput : public CheckOutput {
     Json m_results = Json::array();
     Json m_unreadable = Json::array();
 };
-
-// The path as a URI: a relative one for a relative path, otherwise with the scheme "file".
-std::string PathToUri(const std::string& path);

@@ -45,6 +45,7 @@ TEST_F(CheckFilesTest, SelectsTheFilesOfFoldersAndPatterns) {
         {L"r", {a, c, b}},
         {L"R\\", {"R\\a.xml", "R\\s\\t\\c.xml", "R\\é b.XML"}},
         {L"./r/s", {"./r/s/t/c.xml"}},
+        {L"**\\**\\c.*", {c}},
         {L"r\\*.xml", {a, b}},
         {L"r\\É*L", {b}},
         {L"r\\?.*", {a}},
@@ -118,12 +119,16 @@ TEST_F(CheckFilesTest, RefusesAcceptedFindingsWithErrors) {
         return "{\"version\": 1,\n\"accepted\": [" + good + ", " + Replaced(good, part, by) + "]}";
     };
     const std::pair<std::string, const char*> kCases[] = {
-        {"", "a.json:1: it is not JSON: "},
-        {"{\"version\": 1,\n\"accepted\": [}", "a.json:2: it is not JSON: "},
-        {"{\"version\": 1,\n\"accepted\": [\"\xC3\x28\"]}", "a.json:2: it is not JSON: "},
+        {"", "a.json: it is not JSON: parse error at line 1, "},
+        {"{\"version\": 1,\n\"accepted\": [}", "a.json: it is not JSON: parse error at line 2, "},
+        {"{\"version\": 1,\n\"accepted\": [\"\xC3\x28\"]}",
+         "a.json: it is not JSON: parse error at line 2, "},
+        {"{\"version\": 1e999}", "a.json: it is not JSON: number overflow"},
         {"[]", "a.json: it is not an object"},
         {"{\"accepted\": []}", "a.json: \"version\" is missing"},
         {"{\"version\": 2, \"accepted\": []}", "a.json: version 2 is not known; it must be 1"},
+        {"{\"version\": " + Repeated("[", 100000) + Repeated("]", 100000) + ", \"accepted\": []}",
+         "a.json: \"version\" is not a number"},
         {"{\"version\": 1, \"accepted\": {}}", "a.json: \"accepted\" is not an array"},
         {entry(good, "7"), "a.json: entry 2: it is not an object"},
         {entry("no-rule", "no-rul"),
