@@ -1,11 +1,18 @@
 #include "CheckRun.h"
 #include "Commands.h"
+#include "Console.h"
 #include "DocumentFiles.h"
 #include "FileSelection.h"
 #include "Text.h"
 
 #include <algorithm>
+#include <functional>
+#include <iterator>
 #include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
 
 namespace {
 

@@ -123,11 +123,13 @@ class SchemaTest(unittest.TestCase):
         (self.folder / "accepted.json").write_text(json.dumps(accepted), "utf-8")
 
     def check_samples(self, *options):
-        """Outputs of check, with findings of all kinds and two that are accepted."""
+        """Outputs of check: with a finding that is accepted, several of a kind at one place, an unreadable file."""
         self.write_changed("<Value>16<", "<Value>1<")
         self.write_accepted(ACCEPTED)
+        text = (self.folder / "all-rules.xml").read_text("utf-8")
+        (self.folder / "same-place.xml").write_text(text.replace("<Value>0.", "<Value>x"), "utf-8")
         return [self.run_host(0, "check", "draft-angle.xml", *options),
-                self.run_host(3, "check", "none.xml", "changed.xml", *SAMPLES, "--accepted", "accepted.json", *options)]
+                self.run_host(3, "check", "none.xml", "changed.xml", "same-place.xml", *SAMPLES, "--accepted", "accepted.json", *options)]
 
     def test_check(self):
         self.validate_json("check.schema.json", self.check_samples("--json", "--lang", "french"), [
