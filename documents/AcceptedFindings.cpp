@@ -45,6 +45,7 @@ std::vector<const AcceptedFinding*> AcceptedFindings::Match(const CString& docum
         if (entry.documentPath.IsEmpty() || entry.documentPath.CompareNoCase(path) == 0)
             entry.isChecked = true;
     std::vector<const AcceptedFinding*> accepted;
+    accepted.reserve(findings.size());
     for (const Finding& finding : findings) accepted.push_back(Find(finding, path));
     return accepted;
 }

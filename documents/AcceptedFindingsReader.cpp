@@ -101,14 +101,14 @@ class Reader {
 
     std::string ReadText(const Json& entry, const char* name) const {
         if (!entry[name].is_string()) Refuse(Quoted(name) + " is not a text");
-        const std::string text = entry[name];
+        std::string text = entry[name];
         if (text.find_first_not_of(" \t\r\n") == std::string::npos) Refuse(Quoted(name) + " is empty");
         return text;
     }
 
     void CheckKey(const std::string& key) const {
         std::vector<std::string> keys;
-        for (const FindingKind& kind : kFindingKinds) keys.push_back(kind.key);
+        for (const FindingKind& kind : kFindingKinds) keys.emplace_back(kind.key);
         if (std::ranges::find(keys, key) == keys.end())
             Refuse("there is no finding " + Quoted(key) + "; the nearest keys are " + NearestKeys(keys, key));
     }

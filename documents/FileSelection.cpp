@@ -154,7 +154,7 @@ std::vector<std::string> SplitPattern(const std::string& text) {
         const bool isRepeated = part == kAnyFolders && !parts.empty() && parts.back() == part;
         if (!part.empty() && !isRepeated) parts.push_back(part);
     }
-    if (parts.back() == kAnyFolders) parts.push_back("*");
+    if (parts.back() == kAnyFolders) parts.emplace_back("*");
     return parts;
 }
 

@@ -107,7 +107,7 @@ void AddCheck(CommandLine& commandLine) {
     CLI::App& command = commandLine.Add(
         "check", "Report what is wrong or unusual in rule documents",
         {"mfxhost check rules.xml", "mfxhost check rules --fail-on error --accepted accepted.json",
-         "mfxhost check rules\\*.xml old\\**\\*.xml --format sarif > check.sarif"},
+         R"(mfxhost check rules\*.xml old\**\*.xml --format sarif > check.sarif)"},
         [options](const RuleModule& module) { return Check(module, *options); });
     AddFile(
         command, "FILE", options->names,
