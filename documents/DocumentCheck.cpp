@@ -4,12 +4,15 @@
 #include "RuleValues.h"
 #include "ValueCheck.h"
 
+#include <algorithm>
+
 namespace {
 
 std::vector<Finding> CheckRecords(const RuleDocument& document) {
     std::vector<Finding> findings;
     const Reporter reporter(document, findings);
     CheckDocumentAttributes(reporter);
+    if (CountRules(document) == 0) reporter.Add<FindingCode::NoRule>(document.GetRoot());
     for (const RuleDocument::Entry& entry : document.GetEntries()) CheckRuleRecord(reporter.About(&entry));
     CheckNestedRules(reporter);
     CheckXmlFlaws(reporter);
@@ -57,6 +60,11 @@ std::vector<Finding> Finish(const RuleDocument& document, std::vector<Finding> f
 }
 
 }  // namespace
+
+std::size_t CountRules(const RuleDocument& document) {
+    return static_cast<std::size_t>(std::ranges::count_if(
+        document.GetEntries(), [](const auto& entry) { return entry.rule != nullptr; }));
+}
 
 std::vector<Finding> CheckDocument(const RuleDocument& document) {
     std::vector<Finding> findings = CheckRecords(document);

@@ -5,6 +5,9 @@
 
 #include <vector>
 
+// The document's rules that the module knows; those are checked.
+std::size_t CountRules(const RuleDocument& document);
+
 // Everything that the checks find in a document, by line: what the module ignores, what is unusual, and
 // values that make no sense.
 std::vector<Finding> CheckDocument(const RuleDocument& document);

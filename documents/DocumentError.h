@@ -8,6 +8,7 @@ class DocumentError : public std::runtime_error {
   public:
     enum class Kind {
         Unreadable,        // the file can't be read, or is not a rule document
+        NothingSelected,   // a folder or a pattern has no file
         Unwritable,        // the file can't be written
         ChangedMeanwhile,  // another program changed the file after it was read
         ComponentMissing,  // a library of the installation is missing or damaged

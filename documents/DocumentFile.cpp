@@ -154,12 +154,6 @@ void ThrowIfChanged(const CString& path, const FileFingerprint& expected) {
                             ToUtf8(path) + " was changed by another program meanwhile; nothing was saved");
 }
 
-std::wstring FullPath(const CString& path) {
-    std::wstring full(GetFullPathNameW(path, 0, nullptr, nullptr), L'\0');
-    full.resize(GetFullPathNameW(path, static_cast<DWORD>(full.size()), full.data(), nullptr));
-    return full;
-}
-
 }  // namespace
 
 FileFingerprint FingerprintOf(std::string_view bytes) {
@@ -203,7 +197,21 @@ void ReplaceFileBytes(const CString& path, const std::string& bytes, const FileF
 }
 
 bool IsSamePath(const CString& first, const CString& second) {
-    return CString(FullPath(first).c_str()).CompareNoCase(FullPath(second).c_str()) == 0;
+    return FullPath(first).CompareNoCase(FullPath(second)) == 0;
+}
+
+CString FullPath(const CString& path) {
+    std::wstring full(GetFullPathNameW(path, 0, nullptr, nullptr), L'\0');
+    full.resize(GetFullPathNameW(path, static_cast<DWORD>(full.size()), full.data(), nullptr));
+    return full.c_str();
+}
+
+FolderIdentity IdentityOf(const CString& folder) {
+    const FileHandle handle(
+        CreateFileW(folder, 0, kShareAll, nullptr, OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr));
+    BY_HANDLE_FILE_INFORMATION information{};
+    if (handle.IsOpen()) GetFileInformationByHandle(handle.Get(), &information);
+    return {information.dwVolumeSerialNumber, information.nFileIndexHigh, information.nFileIndexLow};
 }
 
 bool FileExists(const CString& path) {

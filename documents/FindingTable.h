@@ -9,6 +9,7 @@ enum class Severity { Hint, Warning, Error };
 enum class FindingCode {
     // the document and its rules
     MissingDocumentAttribute,
+    NoRule,
     ForeignRule,
     UnknownRule,
     RepeatedRule,
@@ -94,6 +95,7 @@ struct FindingKind {
 inline constexpr FindingKind kFindingKinds[] = {
     {FindingCode::MissingDocumentAttribute, "missing-document-attribute", Severity::Warning, false,
      "MfxRules: {} is missing and reads as {}"},
+    {FindingCode::NoRule, "no-rule", Severity::Warning, false, "there is no rule to check"},
     {FindingCode::ForeignRule, "foreign-rule", Severity::Warning, true,
      "a rule of another module, {}, which is not known here"},
     {FindingCode::UnknownRule, "unknown-rule", Severity::Error, true, "module {} has no rule of this name"},

@@ -1,114 +1,122 @@
+#include "CheckRun.h"
 #include "Commands.h"
 #include "Console.h"
-#include "DocumentCheck.h"
 #include "DocumentFiles.h"
-#include "DocumentOutput.h"
+#include "FileSelection.h"
 #include "Text.h"
 
 #include <algorithm>
+#include <functional>
+#include <iterator>
 #include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
 
 namespace {
 
 struct CheckOptions {
-    std::vector<std::string> files;
-    Severity severity = Severity::Hint;  // the least that is reported
+    std::vector<std::string> names;  // of files and folders, and patterns
+    std::string accepted;            // file of accepted findings; empty: there is none
+    CheckSeverities severities;
+    std::optional<CheckFormat> format;
     bool isJson = false;
 };
 
-// The names are checked before; their letter case does not count.
-Severity SeverityOf(const std::string& name) {
-    for (const Severity severity : {Severity::Warning, Severity::Error})
-        if (FromUtf8(name).CompareNoCase(FromUtf8(SeverityName(severity))) == 0) return severity;
-    return Severity::Hint;
+constexpr std::string_view kFormatNames[] = {"text", "json", "sarif"};  // in the order of CheckFormat
+
+// The names are checked before. None for kNever.
+std::optional<Severity> SeverityOf(const std::string& name) {
+    for (const Severity severity : {Severity::Hint, Severity::Warning, Severity::Error})
+        if (name == SeverityName(severity)) return severity;
+    return {};
 }
 
-// What is known of one file after its check.
-struct FileReport {
-    std::string file;
-    std::string unreadable = {};  // why it could not be read; empty when it could
-    std::unique_ptr<RuleDocument> document = nullptr;
-    std::ptrdiff_t rules = 0;  // those of the module
-    std::vector<Finding> findings = {};
-};
-
-FileReport CheckFile(const RuleModule& module, const std::string& file, Severity least) {
-    FileReport report{.file = file};
-    try {
-        report.document = std::make_unique<RuleDocument>(ReadDocument(module, file));
-    } catch (const DocumentError& error) {
-        if (error.GetKind() != DocumentError::Kind::Unreadable) throw;
-        report.unreadable = error.what();
-        return report;
-    }
-    report.rules = std::ranges::count_if(report.document->GetEntries(),
-                                         [](const auto& entry) { return entry.rule != nullptr; });
-    report.findings = CheckDocument(*report.document);
-    std::erase_if(report.findings, [=](const Finding& finding) { return finding.Kind().severity < least; });
-    return report;
+CheckFormat FormatOf(const CheckOptions& options) {
+    const CheckFormat format =
+        options.format.value_or(options.isJson ? CheckFormat::Json : CheckFormat::Text);
+    if (options.isJson && format != CheckFormat::Json)
+        throw CommandError(ExitCode::WrongUsage, "check: --json and another --format exclude each other");
+    return format;
 }
 
-void PrintReport(const FileReport& report) {
-    if (!report.document) {
-        PrintError("mfxhost: " + Escaped(report.unreadable) + "\n");
-        return;
-    }
-    std::string text;
-    for (const Finding& finding : report.findings)
-        text += report.file + ":" + std::to_string(finding.line) + ": " +
-                SeverityName(finding.Kind().severity) + ": " + Escaped(DescribeFinding(finding)) + "\n";
-    if (report.rules == 0) text += report.file + ": there is no rule to check\n";
-    Print(text);
-}
-
-Json ReportToJson(const FileReport& report) {
-    Json json{{"file", report.file}};
-    if (!report.document) {
-        json["unreadable"] = report.unreadable;
-        return json;
-    }
-    json["units"] = UnitsToJson(report.document->GetUnits());
-    json["rulesChecked"] = report.rules;
-    json["findings"] = ToArray(report.findings, FindingToJson);
-    return json;
-}
-
-// Every file is checked, even when another one can't be read. UnreadableInput when a file could not be read,
-// otherwise Findings when something was found or a file has no rule to check.
-ExitCode CheckFiles(const RuleModule& module, const CheckOptions& options) {
-    constexpr int kJsonVersion = 2;
-    Json json{{"version", kJsonVersion}, {"files", Json::array()}};
-    bool isUnreadable = false, isFound = false;
-    for (std::size_t i = 0; i < options.files.size(); ++i) {
-        const FileReport report = CheckFile(module, options.files[i], options.severity);
-        if (options.isJson)
-            json["files"].push_back(ReportToJson(report));
+std::vector<SelectedFile> SelectAll(const std::vector<std::string>& names) {
+    std::vector<SelectedFile> files;
+    for (const std::string& name : names) {
+        if (name == kStandardStream)
+            files.push_back({name});
         else
-            PrintReport(report);
-        isUnreadable = isUnreadable || !report.document;
-        isFound = isFound || !report.findings.empty() || report.rules == 0;
-        PrintProgress(i + 1, options.files.size(), "file");
+            std::ranges::move(SelectFiles(name), std::back_inserter(files));
     }
-    if (options.isJson) PrintJson(json);
-    if (isUnreadable) return ExitCode::UnreadableInput;
-    return isFound ? ExitCode::Findings : ExitCode::Done;
+    return files;
+}
+
+// Every file is checked, even when another one can't be read. Nothing is checked when the accepted findings
+// have errors.
+ExitCode Check(const RuleModule& module, const CheckOptions& options) {
+    AcceptedFindings accepted;
+    if (!options.accepted.empty())
+        accepted = AcceptedFindings(FromUtf8(options.accepted), ReadBytes(options.accepted));
+    const std::vector<SelectedFile> files = SelectAll(options.names);
+    CheckRun run(module, options.severities, FormatOf(options), std::move(accepted));
+    for (std::size_t i = 0; i < files.size(); ++i) {
+        run.Add(files[i]);
+        PrintProgress(i + 1, files.size(), "file");
+    }
+    return run.Finish(options.accepted);
+}
+
+using Choose = std::function<void(const std::string&)>;
+
+// An option with one of several words, whose letter case does not count.
+void AddChoice(CLI::App& command, const char* name, const char* typeName,
+               const std::vector<std::string>& words, const Choose& choose, const char* description) {
+    command.add_option_function<std::string>(name, choose, description)
+        ->type_name(typeName)
+        ->transform(CLI::IsMember(words, CLI::ignore_case).description(""));
+}
+
+void AddSeverities(CLI::App& command, CheckSeverities& severities) {
+    AddChoice(
+        command, "--severity", "SEVERITY", {"hint", "warning", "error"},
+        [&](const std::string& name) { severities.shown = *SeverityOf(name); },
+        "The least that is shown: hint, warning or error");
+    AddChoice(
+        command, "--fail-on", "SEVERITY", {"hint", "warning", "error", kNever},
+        [&](const std::string& name) { severities.failing = SeverityOf(name); },
+        "The least that makes the exit code 1: hint, warning, error, or never; warning unless told "
+        "otherwise. A document without a rule is a warning. Accepted findings do not count");
+}
+
+void AddFormat(CLI::App& command, CheckOptions& options) {
+    const auto choose = [&](const std::string& name) {
+        const auto position = std::ranges::find(kFormatNames, name) - std::begin(kFormatNames);
+        options.format = static_cast<CheckFormat>(position);
+    };
+    AddChoice(
+        command, "--format", "FORMAT", {std::begin(kFormatNames), std::end(kFormatNames)}, choose,
+        "Form of the output: text, json, or sarif for programs that show results of checks (SARIF 2.1.0)");
+    command.add_flag("--json", options.isJson, "Short for --format json");
 }
 
 }  // namespace
 
 void AddCheck(CommandLine& commandLine) {
     const auto options = std::make_shared<CheckOptions>();
-    CLI::App& command =
-        commandLine.Add("check", "Report what is wrong or unusual in rule documents",
-                        {"mfxhost check rules.xml", "mfxhost check rules.xml --severity error --json"},
-                        [options](const RuleModule& module) { return CheckFiles(module, *options); });
-    AddFile(command, "FILE", options->files, "Rule documents to check; - for standard input")->required();
-    command
-        .add_option_function<std::string>(
-            "--severity", [options](const std::string& name) { options->severity = SeverityOf(name); },
-            "The least that is reported: hint, warning or error")
-        ->type_name("SEVERITY")
-        ->check(CLI::IsMember(std::vector<std::string>{"hint", "warning", "error"}, CLI::ignore_case)
-                    .description(""));
-    command.add_flag("--json", options->isJson, "Print the findings as JSON");
+    CLI::App& command = commandLine.Add(
+        "check", "Report what is wrong or unusual in rule documents",
+        {"mfxhost check rules.xml", "mfxhost check rules --fail-on error --accepted accepted.json",
+         R"(mfxhost check rules\*.xml old\**\*.xml --format sarif > check.sarif)"},
+        [options](const RuleModule& module) { return Check(module, *options); });
+    AddFile(
+        command, "FILE", options->names,
+        "Rule documents to check; a folder stands for the *.xml files in it and below it, a pattern with * "
+        "and ? for the files that match, ** in it for any folders; - for standard input")
+        ->required();
+    AddSeverities(command, options->severities);
+    AddFile(command, "--accepted", options->accepted,
+            "Findings that are accepted, each with a reason (docs/accepted-findings.schema.json)")
+        ->type_name("FILE");
+    AddFormat(command, *options);
 }

@@ -16,6 +16,7 @@ enum class ExitCode {
 
 // How the program ends when an operation on documents failed.
 constexpr ExitCode ExitCodeOf(DocumentError::Kind kind) {
+    if (kind == DocumentError::Kind::NothingSelected) return ExitCode::WrongUsage;
     return kind == DocumentError::Kind::Unreadable ? ExitCode::UnreadableInput : ExitCode::NotPossible;
 }
 

@@ -20,8 +20,8 @@ if [[ ${1:-} == --build ]]; then
 fi
 
 packages=(
-  g++-mingw-w64-x86-64-posix cmake ninja-build python3 python3-jsonschema python3-pil librsvg2-bin libxml2-utils
-  fp-utils nsis
+  g++-mingw-w64-x86-64-posix cmake ninja-build librsvg2-bin libxml2-utils fp-utils nsis
+  python3 python3-attr python3-jsonschema python3-pil python3-sarif-python-om
   dpkg-dev ca-certificates googletest libcli11-dev nlohmann-json3-dev
   libz-mingw-w64-dev tcl
   wine64 fonts-wine fonts-noto-cjk locales xvfb

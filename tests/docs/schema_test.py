@@ -8,7 +8,9 @@ import sys
 import tempfile
 import unittest.mock
 
+import attr
 import jsonschema
+import sarif_om
 
 ROOT = pathlib.Path(__file__).resolve().parents[2]
 SAMPLES = sorted(path.name for path in (ROOT / "samples").glob("*.xml"))
@@ -30,6 +32,10 @@ WRONG = [
     ('Attribute1="25.4"', 'Attribute1="1e3"'), ('Attribute4="2.5"', ""), ("<Remarks />", "<Remarks /><Remarks />"),
     ("<Rule ", '<Group><Rule Module="Other" /></Group><Rule '), ("<AbsoluteValue />", "<AbsoluteValue>5</AbsoluteValue>"),
 ]
+ACCEPTED = {"version": 1, "accepted": [
+    {"key": "minimum-above-maximum", "place": "19010/10067", "file": "changed.xml", "reason": "agreed"},
+    {"key": "no-rule", "place": None, "reason": "not found"},
+]}
 
 
 def objects(value):
@@ -77,15 +83,19 @@ class SchemaTest(unittest.TestCase):
                 self.write_changed(part, by)
                 self.validate_document("changed.xml", exit_code=3)  # XML, but not valid
 
-    def validate_json(self, name, outputs, wrong):
-        """The schema takes the outputs, describes every key in them and no other, and refuses changed ones."""
-        schema = json.loads((ROOT / "docs" / name).read_text("utf-8"))
+    def read_schema(self, path, outputs):
+        """The schema, which takes the outputs. The outputs and their parts by the keys that they have."""
+        schema = json.loads((ROOT / path).read_text("utf-8"))
         jsonschema.Draft202012Validator.check_schema(schema)
         self.validator = jsonschema.Draft202012Validator(schema)
         outputs = [json.loads(output) for output in outputs]
         for output in outputs:
             self.validator.validate(output)
-        one_of_each = {tuple(part): (output, part) for output in reversed(outputs) for part in objects(output)}
+        return schema, {tuple(part): (output, part) for output in reversed(outputs) for part in objects(output)}
+
+    def validate_json(self, name, outputs, wrong):
+        """The schema takes the outputs, describes every key in them and no other, and refuses changed ones."""
+        schema, one_of_each = self.read_schema(f"docs/{name}", outputs)
         properties = [item for part in objects(schema) for item in part.get("properties", {}).items()]
         self.assertEqual({key for key, _ in properties}, {key for keys in one_of_each for key in keys})
         definitions = [schema["$defs"].get(value.get("$ref", "").split("/")[-1], value) for _, value in properties]
@@ -109,13 +119,66 @@ class SchemaTest(unittest.TestCase):
             ("version", 1), ("length", "km"), ("angle", ""), ("line", 0), ("ruleId", "19010"), ("recognised", 1),
             ("status", "0"), ("active", "yes"), ("unit", "deg"), ("values", 6), ("values", [True]), ("rows", [1]), ("label", "")])
 
-    def test_check(self):
+    def write_accepted(self, accepted):
+        (self.folder / "accepted.json").write_text(json.dumps(accepted), "utf-8")
+
+    def check_samples(self, *options):
+        """Outputs of check: with a finding that is accepted, several of a kind at one place, an unreadable file."""
         self.write_changed("<Value>16<", "<Value>1<")
-        outputs = [self.run_host(0, "check", "draft-angle.xml", "--json"),
-                   self.run_host(3, "check", "none.xml", "changed.xml", *SAMPLES, "--json", "--lang", "french")]
-        self.validate_json("check.schema.json", outputs, [
+        self.write_accepted(ACCEPTED)
+        text = (self.folder / "all-rules.xml").read_text("utf-8")
+        (self.folder / "same-place.xml").write_text(text.replace("<Value>0.", "<Value>x"), "utf-8")
+        return [self.run_host(0, "check", "draft-angle.xml", *options),
+                self.run_host(3, "check", "none.xml", "changed.xml", "same-place.xml", *SAMPLES, "--accepted", "accepted.json", *options)]
+
+    def test_check(self):
+        self.validate_json("check.schema.json", self.check_samples("--json", "--lang", "french"), [
             ("version", "1"), ("files", []), ("unreadable", ""), ("length", "mile"), ("line", -1), ("text", ""),
-            ("rulesChecked", 1.5), ("key", "Unknown rule"), ("severity", "fatal"), ("ruleId", 0), ("parameter", "10067"), ("place", "")])
+            ("rulesChecked", 1.5), ("key", "Unknown rule"), ("severity", "fatal"), ("ruleId", 0), ("parameter", "10067"), ("place", ""),
+            ("failOn", ""), ("entry", 0), ("reason", ""), ("accepted", "")])
+
+    def test_links(self):
+        (self.folder / "rules").mkdir()
+        shutil.copy(self.folder / "draft-angle.xml", self.folder / "rules")
+        (self.folder / "rules/again").symlink_to("..")
+        files = [file["file"] for file in json.loads(self.run_host(0, "check", "rules/**/d*angle.xml", "--json"))["files"]]
+        self.assertEqual(files, ["rules/again/draft-angle.xml", "rules/draft-angle.xml"])
+
+    def test_accepted(self):
+        self.write_changed("<Value>16<", "<Value>1<")
+        self.write_accepted(ACCEPTED)
+        self.run_host(0, "check", "changed.xml", "--accepted", "accepted.json")
+        schema, one_of_each = self.read_schema("docs/accepted-findings.schema.json", [json.dumps(ACCEPTED)])
+        self.assertEqual({key for part in objects(schema) for key in part.get("properties", {})}, {key for keys in one_of_each for key in keys})
+        for key, value in [("version", 2), ("accepted", {}), ("key", "No Key"), ("place", ""), ("file", None), ("reason", " "), ("extra", 1)]:
+            output, part = next(place for keys, place in one_of_each.items() if key in keys or key == "extra")
+            with self.subTest(key), unittest.mock.patch.dict(part, {key: value}):
+                self.assertFalse(self.validator.is_valid(output))
+                self.write_accepted(output)
+                self.run_host(3, "check", "changed.xml", "--accepted", "accepted.json")
+
+    def test_sarif(self):
+        schema, one_of_each = self.read_schema("tests/docs/sarif.schema.json", self.check_samples("--format", "sarif"))
+        properties = {key for part in objects(schema) for key in part.get("properties", {})}
+        self.assertEqual({key for keys in one_of_each for key in keys}, properties | {"keyAndPlace/v1"})
+        for output, part in one_of_each.values():
+            self.refuse(output, part, {**part, "extra": 1})
+        for name, definition in schema["$defs"].items():
+            if "properties" in definition:
+                fields = {field.metadata["schema_property_name"]: field for field in getattr(sarif_om, name).__attrs_attrs__}
+                self.assertLessEqual(set(definition["properties"]), set(fields), name)
+                required = {key for key, field in fields.items() if field.default is attr.NOTHING}
+                self.assertLessEqual(required, set(definition["required"]), name)
+        log, _ = next(place for keys, place in one_of_each.items() if "justification" in keys)
+        [run] = log["runs"]
+        [accepted] = [result for result in run["results"] if result["suppressions"]]
+        self.assertEqual(accepted["suppressions"], [{"kind": "external", "justification": "agreed"}])
+        self.assertEqual(accepted["locations"][0]["logicalLocations"], [{"fullyQualifiedName": "19010/10067"}])
+        self.assertEqual([rule["id"] for rule in run["tool"]["driver"]["rules"]][accepted["ruleIndex"]], accepted["ruleId"])
+        self.assertEqual(run["invocations"][0]["executionSuccessful"], False)
+        prints = [(result["locations"][0]["physicalLocation"]["artifactLocation"]["uri"], *result["partialFingerprints"].values())
+                  for result in run["results"]]
+        self.assertEqual(len(prints), len(set(prints)))
 
     def test_diff(self):
         outputs = [self.run_host(int(name != SAMPLES[0]), "diff", SAMPLES[0], name, "--json") for name in SAMPLES]

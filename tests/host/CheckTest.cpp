@@ -33,7 +33,7 @@ struct CheckTest : HostTest {
             SCOPED_TRACE(part + " -> " + by);
             m_folder.Write(L"d.xml", Replaced(m_all, part, by));
             const bool bHint = finding.starts_with("hint");
-            Run({L"check", L"d.xml", L"--severity", bHint ? L"hint" : L"warning"}, 1,
+            Run({L"check", L"d.xml", L"--severity", bHint ? L"hint" : L"warning"}, !bHint,
                 ContainsRegex(bHint ? finding : "^d.xml:\\d+: " + finding + ".*\n$"), "");
         }
     }
@@ -94,9 +94,9 @@ TEST_F(CheckTest, NamesWhatIsUnusual) {
     for (const auto& [rows, finding] : kCases) ExpectFinding(rows, finding, true);
     // The record itself lacks "Status" and "LifeStatus": two warnings.
     m_folder.Write(L"d.xml", Document(kRow));
-    Run({L"check", L"d.xml", L"--severity", L"error"}, 0, "", "");
+    Run({L"check", L"d.xml", L"--severity", L"error", L"--fail-on", L"error"}, 0, "", "");
     Run({L"check", L"d.xml", L"--severity", L"Warning", L"--json"}, 1,
-        AllOf(HasSubstr("\"version\": 2"), HasSubstr("\"length\": \"mm\""), HasSubstr("\"line\": 2"),
+        AllOf(HasSubstr("\"version\": 3"), HasSubstr("\"length\": \"mm\""), HasSubstr("\"line\": 2"),
               HasSubstr("\"ruleId\": 19040"), HasSubstr("\"rulesChecked\": 1"),
               HasSubstr("\"key\": \"missing-rule-number\"")),
         "");
@@ -169,13 +169,13 @@ TEST_F(CheckTest, ChecksEveryFileWhateverIsWrongWithTheOthers) {
     m_folder.Write(L"good.xml", m_sample);
     m_folder.Write(L"none.xml", R"(<MfxRules Version="1" Unit="1" AngleUnit="0"/>)");
     Run({L"check", L"good.xml"}, 0, "", "");
-    Run({L"check", L"none.xml", L"good.xml"}, 1, "none.xml: there is no rule to check\n", "");
+    Run({L"check", L"none.xml", L"good.xml"}, 1, "none.xml:1: warning: there is no rule to check\n", "");
     m_folder.Write(L"twice.xml", "\xEF\xBB\xBF" + Replaced(m_sample, " Unit", " Unit=\"3\" Unit"));
     Run({L"check", L"twice.xml"}, 1,
         "twice.xml:2: error: MfxRules: Unit is repeated; only the first one is read\n", "");
-    Run({L"check", Wide(MFX_SAMPLES "legacy-switched-limits.xml")}, 1,
+    Run({L"check", Wide(MFX_SAMPLES "legacy-switched-limits.xml")}, 0,
         ContainsRegex(":9: hint: .*\n.*:21: hint: .* an older form: the first value is a switch"), "");
-    Run({L"check", L"gone.xml", L"none.xml"}, 3, HasSubstr("none.xml: there is"),
+    Run({L"check", L"gone.xml", L"none.xml"}, 3, HasSubstr("none.xml:1: warning: there is"),
         HasSubstr("gone.xml: can't be read"));
     const std::string samples[] = {"all-rules", "default-rules", "draft-angle", "draft-angle-inches",
                                    "size-and-weight-metres"};

@@ -64,9 +64,13 @@ TEST_F(FailuresTest, NamesTheFlawOfWhatIsNoRuleDocument) {
     for (const std::string wrong : {"Version=\"2\"", "AngleUnit=\"4\"", "Unit=\"-1\"", "Unit=\"10\"",
                                     "Unit=\"mm\"", "Unit=\"\"", "Unit=\"1.5\"", "Unit=\"03\""})
         ExpectUnreadable("\n\n<MfxRules " + wrong + "/>", "3: ", wrong);
-    for (const std::wstring name : {L"none.xml", L"none\\d.xml", L".", L"deep.xml\\e.xml"})
-        for (const wchar_t* pszCommand : {L"show", L"check"})
-            Run({pszCommand, name}, 3, "", StartsWith("mfxhost: " + Utf8(name) + ": can't be read: "));
+    const std::pair<const wchar_t*, const wchar_t*> kUnreadable[] = {{L"show", L"none.xml"},
+                                                                     {L"show", L"none\\d.xml"},
+                                                                     {L"show", L"."},
+                                                                     {L"check", L"none.xml"},
+                                                                     {L"check", L"deep.xml\\e.xml"}};
+    for (const auto& [command, name] : kUnreadable)
+        Run({command, name}, 3, "", StartsWith("mfxhost: " + Utf8(name) + ": can't be read: "));
 }
 
 TEST_F(FailuresTest, ExplainsItsUsage) {
@@ -98,7 +102,9 @@ TEST_F(FailuresTest, TellsTheUsageOfEachCommand) {
                                 {L"show"},
                                 {L"check"},
                                 {L"diff"},
-                                {L"set"}, {L"import"}, {L"sheet"},
+                                {L"set"},
+                                {L"import"},
+                                {L"sheet"},
                                 {L"convert"},
                                 {L"configure"},
                                 {L"materials"},

@@ -45,6 +45,7 @@ class DocumentRounds {
         const ExitCode shown = Run({"show", m_path});
         for (const Arguments& arguments : {Arguments{"check", m_path},
                                            {"check", m_path, "--json"},
+                                           {"check", m_path, "--format", "sarif"},
                                            {"show", m_path, "--json"},
                                            {"diff", m_path, sample},
                                            {"diff", m_path, "--defaults", "--json"}})
