@@ -1,0 +1,118 @@
+#include "CastingTable.h"
+#include "Commands.h"
+#include "Console.h"
+#include "DocumentCheck.h"
+#include "DocumentFiles.h"
+#include "DocumentOutput.h"
+#include "EditError.h"
+#include "LimitsOutput.h"
+#include "Text.h"
+#include "TypedValue.h"
+
+#include <algorithm>
+#include <memory>
+
+namespace {
+
+struct LimitsOptions {
+    std::string input;
+    std::string material, group, size, weight;  // empty: not given
+    std::string castings;                       // a table of them
+    std::string output = kStandardStream;
+    bool isJson = false;
+};
+
+// Nothing for an option that is not given.
+std::optional<double> ParseOption(const char* name, const std::string& text, Quantity quantity,
+                                  const RuleUnits& units) {
+    if (text.empty()) return std::nullopt;
+    try {
+        return StoredNumber(ParseTypedValue(text, {.quantity = quantity, .kind = ValueKind::Number}, units));
+    } catch (const EditError& error) {
+        throw CommandError(ExitCode::WrongUsage, std::string(name) + ": " + error.what());
+    }
+}
+
+ExitCode AnswerCasting(const CastingLimits& limits, const LimitsOptions& options) {
+    const Casting casting{options.material, options.group,
+                          ParseOption("--size", options.size, Quantity::Length, limits.GetUnits()),
+                          ParseOption("--weight", options.weight, Quantity::Mass, limits.GetUnits())};
+    const std::vector<RuleLimits> found = limits.Find(casting);
+    if (options.isJson)
+        PrintLimitsAsJson(limits, casting, found);
+    else
+        Print(FormatLimits(found));
+    const auto isNotFound = [](const RuleLimits& rule) {
+        return rule.reason.answer == LimitAnswer::NotFound;
+    };
+    return std::ranges::any_of(found, isNotFound) ? ExitCode::Findings : ExitCode::Done;
+}
+
+ExitCode AnswerTable(const CastingLimits& limits, const LimitsOptions& options) {
+    CastingTable table;
+    try {
+        table = AnswerCastings(limits, ReadCsvTable(options.castings));
+    } catch (const EditError& error) {
+        throw CommandError(ExitCode::Findings, error.what());
+    }
+    WriteBytes(options.output, table.csv);
+    const std::string problems =
+        table.problemCount ? ", " + std::to_string(table.problemCount) + " with a problem" : "";
+    PrintOutcome(options.output,
+                 options.castings + ": " + Count(table.castingCount, "casting") + problems + "\n");
+    return table.problemCount ? ExitCode::Findings : ExitCode::Done;
+}
+
+ExitCode PrintLimits(const RuleModule& module, const LimitsOptions& options) {
+    const RuleDocument document = ReadDocument(module, options.input);
+    const bool isPartIgnored = PrintFindings(document, FindIgnoredContent(document));
+    const CastingLimits limits(document);
+    const ExitCode code =
+        options.castings.empty() ? AnswerCasting(limits, options) : AnswerTable(limits, options);
+    return isPartIgnored ? ExitCode::Findings : code;
+}
+
+void AddCastingOptions(CLI::App& command, LimitsOptions& options) {
+    command
+        .add_option("--material", options.material,
+                    "Material of rule 19010, or group of rule 19020, in any letter case")
+        ->type_name("NAME");
+    command.add_option("--group", options.group, "Group of rule 19020 where it has another name")
+        ->type_name("NAME");
+    command
+        .add_option("--size", options.size,
+                    "Size of the casting: 300mm, \"12 in\"; in the document's unit without one")
+        ->type_name("SIZE");
+    command.add_option("--weight", options.weight, "Weight of the casting: \"2.5 kg\", 5lb")
+        ->type_name("WEIGHT");
+}
+
+}  // namespace
+
+void AddLimits(CommandLine& commandLine) {
+    const auto options = std::make_shared<LimitsOptions>();
+    CLI::App& command =
+        commandLine.Add("limits",
+                        "Print which limits a casting meets by a rule document, and why. A rule that needs "
+                        "an option which is "
+                        "missing says so. A band includes both its bounds, and the first band that holds the "
+                        "casting decides: "
+                        "a size on the joint of two bands is in the one that ends there.",
+                        {"mfxhost limits rules.xml --material steel --size 300mm --weight \"2.5 kg\"",
+                         "mfxhost limits rules.xml --csv castings.csv -o answered.csv"},
+                        [options](const RuleModule& module) { return PrintLimits(module, *options); });
+    AddFile(command, "FILE", options->input, "Rule document to read; - for standard input")->required();
+    AddCastingOptions(command, *options);
+    CLI::Option* const json = command.add_flag("--json", options->isJson, "Print them as JSON");
+    CLI::Option* const table =
+        AddFile(command, "--csv", options->castings,
+                "Table of castings instead, with the columns name, material, group, size and weight; it is "
+                "printed with the limits added, and what could not be answered")
+            ->type_name("CASTINGS");
+    for (const char* name : {"--material", "--group", "--size", "--weight"})
+        table->excludes(command.get_option(name));
+    table->excludes(json);
+    AddFile(command, "-o,--output", options->output, "File to write that table to")
+        ->type_name("OUT")
+        ->needs(table);
+}
