@@ -14,10 +14,10 @@ constexpr LimitReason kValue{"value", Found};
 constexpr LimitReason kSwitchedOff{"switched-off", NotInForce};
 constexpr LimitReason kConstraintNotActive{"constraint-not-active", NotInForce};
 constexpr LimitReason kNoGroups{"no-groups", NotInForce};
-constexpr LimitReason kNoMaterialGiven{"no-material-given", NotAsked};
-constexpr LimitReason kNoGroupGiven{"no-group-given", NotAsked};
-constexpr LimitReason kNoSizeGiven{"no-size-given", NotAsked};
-constexpr LimitReason kNoWeightGiven{"no-weight-given", NotAsked};
+constexpr LimitReason kNoMaterialGiven{"no-material-given", Incomplete};
+constexpr LimitReason kNoGroupGiven{"no-group-given", Incomplete};
+constexpr LimitReason kNoSizeGiven{"no-size-given", Incomplete};
+constexpr LimitReason kNoWeightGiven{"no-weight-given", Incomplete};
 constexpr LimitReason kUnknownMaterial{"unknown-material", NotFound};
 constexpr LimitReason kUnknownGroup{"unknown-group", NotFound};
 constexpr LimitReason kNoBand{"no-band", NotFound};
@@ -56,11 +56,15 @@ bool IsYes(const ValuesByKey& values, const std::string& key) {
     return found != values.end() && found->second->content == ValueContent("yes");
 }
 
+// Not so for what is not given, and for a text that is no number.
+bool IsNumber(const ValueContent& content) {
+    return std::holds_alternative<double>(content) || content == ValueContent("no limit");
+}
+
 // Adds the numbers of these keys to the values.
 void Take(const ValuesByKey& values, const std::vector<std::string>& keys, std::vector<RuleValue>& taken) {
     for (const std::string& key : keys)
-        if (const auto found = values.find(key);
-            found != values.end() && !std::holds_alternative<std::monostate>(found->second->content))
+        if (const auto found = values.find(key); found != values.end() && IsNumber(found->second->content))
             taken.push_back(*found->second);
 }
 
@@ -152,7 +156,7 @@ RuleLimits CastingLimits::LimitsByMaterial(const RuleIndex& rule, const Casting&
     const CMfxRule& thickness = *rule.entry->rule;
     const std::string why =
         "limits by material are in force, since the first material, " + NameOf(thickness, 0) + ", is active";
-    if (casting.material.empty()) return {.reason = kNoMaterialGiven, .text = why + "; no material is given"};
+    if (casting.material.empty()) return {.reason = kNoMaterialGiven, .text = "no material is given; " + why};
     const int constraint = FindConstraint(rule.constraintOfName, casting.material);
     if (constraint < 0)
         return {.reason = kUnknownMaterial,
@@ -164,7 +168,7 @@ RuleLimits CastingLimits::LimitsByMaterial(const RuleIndex& rule, const Casting&
                       .place = key};
     if (!thickness.m_constraintArray[constraint]->m_bActive) {
         result.reason = kConstraintNotActive;
-        result.text = why + "; " + NameOf(thickness, constraint) + " is not active";
+        result.text = NameOf(thickness, constraint) + " is not active; " + why;
         return result;
     }
     TakeLimits(rule.valueOfKey, key + "/", result);

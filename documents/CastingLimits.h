@@ -17,7 +17,7 @@ struct Casting {
 enum class LimitAnswer {
     Found,
     NotInForce,  // the rule demands nothing, since what would is switched off or not there
-    NotAsked,    // the rule needs something that is not given
+    Incomplete,  // the rule needs something that is not given
     NotFound,    // the name is not known, or no band holds the casting
 };
 

@@ -48,7 +48,7 @@ TableTexts ReadCsvTable(const std::string& file) {
 }
 
 TableTexts TableOfSheet(const std::string& file, const WorkbookTable& columns) {
-    TableTexts table{file, true, {}, {}};
+    TableTexts table{file, true, {}, {}, columns};
     const std::size_t rowCount = columns.empty() ? 0 : columns.front().size();
     for (std::size_t row = 0; row < rowCount; ++row) {
         TableTexts::Line line{static_cast<int>(row) + 1};
@@ -60,6 +60,7 @@ TableTexts TableOfSheet(const std::string& file, const WorkbookTable& columns) {
 }
 
 WorkbookTable ColumnsOf(const TableTexts& table) {
+    if (table.isWorkbook) return table.columns;
     WorkbookTable columns(table.headings.cells.size());
     const auto add = [&](const TableTexts::Line& line) {
         for (std::size_t i = 0; i < columns.size(); ++i) columns[i].push_back(FromUtf8(line.cells[i]));

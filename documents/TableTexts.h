@@ -16,6 +16,7 @@ struct TableTexts {
     bool isWorkbook = false;
     Line headings;
     std::vector<Line> lines;
+    WorkbookTable columns = {};  // of a workbook, as they were read
 };
 
 // Reads comma-separated values (RFC 4180, UTF-8). Throws DocumentError (Unreadable) that names the file, and

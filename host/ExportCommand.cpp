@@ -1,4 +1,5 @@
 #include "Commands.h"
+#include "DocumentCheck.h"
 #include "DocumentFiles.h"
 #include "DocumentOutput.h"
 #include "EditError.h"
@@ -32,11 +33,13 @@ ExitCode Export(const RuleModule& module, const ExportOptions& options) {
         throw CommandError(ExitCode::WrongUsage,
                            "export: " + options.table + " is not a name that ends in .csv or .xlsx");
     const RuleDocument document = ReadDocument(module, options.input);
-    const ExportedTable table = MakeTable(*RequireRule(document, options.ruleKey).rule);
+    const RuleDocument::Entry& entry = RequireRule(document, options.ruleKey);
+    const bool isPartIgnored = PrintFindings(document, FindIgnoredContent(document, entry));
+    const ExportedTable table = MakeTable(*entry.rule);
     const std::string mark = options.hasByteOrderMark ? "\xEF\xBB\xBF" : "";
     WriteBytes(options.table, kind == TableKind::Csv ? mark + FormatCsv(table) : FormatWorkbook(table));
     PrintOutcome(options.table, options.table + ": " + Count(table.lines.size(), "line") + "\n");
-    return ExitCode::Done;
+    return isPartIgnored ? ExitCode::Findings : ExitCode::Done;
 }
 
 }  // namespace

@@ -16,9 +16,10 @@ namespace {
 
 struct LimitsOptions {
     std::string input;
-    std::string material, group, size, weight;  // empty: not given
-    std::string castings;                       // a table of them
-    std::string output = kStandardStream;
+    std::string material, group;  // empty: not given
+    std::string size, weight;
+    std::string castings;  // a table of them
+    std::string output;    // empty: standard output
     bool isJson = false;
 };
 
@@ -55,15 +56,26 @@ ExitCode AnswerTable(const CastingLimits& limits, const LimitsOptions& options) 
     } catch (const EditError& error) {
         throw CommandError(ExitCode::Findings, error.what());
     }
-    WriteBytes(options.output, table.csv);
+    const std::string& output = options.output.empty() ? std::string(kStandardStream) : options.output;
+    WriteBytes(output, table.csv);
     const std::string problems =
         table.problemCount ? ", " + std::to_string(table.problemCount) + " with a problem" : "";
-    PrintOutcome(options.output,
-                 options.castings + ": " + Count(table.castingCount, "casting") + problems + "\n");
+    PrintOutcome(output, options.castings + ": " + Count(table.castingCount, "casting") + problems + "\n");
     return table.problemCount ? ExitCode::Findings : ExitCode::Done;
 }
 
+void RefuseMixedOptions(const LimitsOptions& options) {
+    const bool isTable = !options.castings.empty();
+    const bool isCasting =
+        options.isJson || !(options.material + options.group + options.size + options.weight).empty();
+    if (isTable && isCasting)
+        throw CommandError(ExitCode::WrongUsage, "limits: --csv has the castings; only -o goes with it");
+    if (!isTable && !options.output.empty())
+        throw CommandError(ExitCode::WrongUsage, "limits: -o is for the table of --csv");
+}
+
 ExitCode PrintLimits(const RuleModule& module, const LimitsOptions& options) {
+    RefuseMixedOptions(options);
     const RuleDocument document = ReadDocument(module, options.input);
     const bool isPartIgnored = PrintFindings(document, FindIgnoredContent(document));
     const CastingLimits limits(document);
@@ -72,19 +84,20 @@ ExitCode PrintLimits(const RuleModule& module, const LimitsOptions& options) {
     return isPartIgnored ? ExitCode::Findings : code;
 }
 
+// Adds an option for a text. An empty one is a mistake, not a missing option.
+void AddText(CLI::App& command, const char* name, std::string& text, const char* type,
+             const char* description) {
+    const auto findFault = [](const std::string& given) { return given.empty() ? "the value is empty" : ""; };
+    command.add_option(name, text, description)->type_name(type)->check(CLI::Validator(findFault, ""));
+}
+
 void AddCastingOptions(CLI::App& command, LimitsOptions& options) {
-    command
-        .add_option("--material", options.material,
-                    "Material of rule 19010, or group of rule 19020, in any letter case")
-        ->type_name("NAME");
-    command.add_option("--group", options.group, "Group of rule 19020 where it has another name")
-        ->type_name("NAME");
-    command
-        .add_option("--size", options.size,
-                    "Size of the casting: 300mm, \"12 in\"; in the document's unit without one")
-        ->type_name("SIZE");
-    command.add_option("--weight", options.weight, "Weight of the casting: \"2.5 kg\", 5lb")
-        ->type_name("WEIGHT");
+    AddText(command, "--material", options.material, "NAME",
+            "Material of rule 19010, or group of rule 19020, in any letter case");
+    AddText(command, "--group", options.group, "NAME", "Group of rule 19020 where it has another name");
+    AddText(command, "--size", options.size, "SIZE",
+            "Size of the casting: 300mm, \"12 in\"; in the document's unit without one");
+    AddText(command, "--weight", options.weight, "WEIGHT", "Weight of the casting: \"2.5 kg\", 5lb");
 }
 
 }  // namespace
@@ -103,16 +116,12 @@ void AddLimits(CommandLine& commandLine) {
                         [options](const RuleModule& module) { return PrintLimits(module, *options); });
     AddFile(command, "FILE", options->input, "Rule document to read; - for standard input")->required();
     AddCastingOptions(command, *options);
-    CLI::Option* const json = command.add_flag("--json", options->isJson, "Print them as JSON");
-    CLI::Option* const table =
-        AddFile(command, "--csv", options->castings,
-                "Table of castings instead, with the columns name, material, group, size and weight; it is "
-                "printed with the limits added, and what could not be answered")
-            ->type_name("CASTINGS");
-    for (const char* name : {"--material", "--group", "--size", "--weight"})
-        table->excludes(command.get_option(name));
-    table->excludes(json);
-    AddFile(command, "-o,--output", options->output, "File to write that table to")
-        ->type_name("OUT")
-        ->needs(table);
+    command.add_flag("--json", options->isJson, "Print them as JSON");
+    AddFile(
+        command, "--csv", options->castings,
+        "Table of castings instead, with the columns name, material, group, size and weight; it is printed "
+        "with the limits added, and what could not be answered")
+        ->type_name("CASTINGS");
+    AddFile(command, "-o,--output", options->output, "File to write that table to; replaces an existing one")
+        ->type_name("OUT");
 }

@@ -12,8 +12,8 @@ const char* WordOf(LimitAnswer answer) {
             return "found";
         case LimitAnswer::NotInForce:
             return "not in force";
-        case LimitAnswer::NotAsked:
-            return "not asked";
+        case LimitAnswer::Incomplete:
+            return "incomplete";
         default:
             return "not found";
     }
