@@ -6,6 +6,7 @@
 #include "DocumentOutput.h"
 #include "EditError.h"
 #include "LimitsOutput.h"
+#include "TableInput.h"
 #include "Text.h"
 #include "TypedValue.h"
 
@@ -50,6 +51,7 @@ ExitCode AnswerCasting(const CastingLimits& limits, const LimitsOptions& options
 }
 
 ExitCode AnswerTable(const CastingLimits& limits, const LimitsOptions& options) {
+    RequireFile(options.castings);
     CastingTable table;
     try {
         table = AnswerCastings(limits, ReadCsvTable(options.castings));
