@@ -1,5 +1,6 @@
 #include "MaterialCsv.h"
 
+#include "CsvText.h"
 #include "DatabaseError.h"
 #include "Text.h"
 #include "UnitNames.h"
@@ -23,27 +24,6 @@ std::string QuotedUtf8(std::string_view text) {
     return Quoted(FromUtf8(std::string(text)));
 }
 
-std::string_view Trimmed(std::string_view text) {
-    const std::size_t first = text.find_first_not_of(" \t");
-    return first == text.npos ? "" : text.substr(first, text.find_last_not_of(" \t") - first + 1);
-}
-
-bool IsSameWord(std::string_view first, std::string_view second) {
-    const auto lower = [](char ch) { return ch >= 'A' && ch <= 'Z' ? static_cast<char>(ch + 32) : ch; };
-    return std::ranges::equal(first, second, {}, lower, lower);
-}
-
-// "Density [g/cm3]" in its two parts; without brackets the unit is empty.
-struct Heading {
-    std::string_view name, unit;
-};
-Heading SplitHeading(std::string_view text) {
-    text = Trimmed(text);
-    const std::size_t bracket = text.find('[');
-    if (bracket == text.npos || !text.ends_with(']')) return {text, ""};
-    return {Trimmed(text.substr(0, bracket)), Trimmed(text.substr(bracket + 1, text.size() - bracket - 2))};
-}
-
 std::string ExpectedHeadings() {
     return "; the headings are, in any order, Process, Family, Group, Material, Density [UNIT], Minimum wall"
            " thickness [UNIT], Maximum wall thickness [UNIT]";
@@ -51,7 +31,7 @@ std::string ExpectedHeadings() {
 
 template <class Unit>
 Unit ParseUnit(std::span<const UnitName> units, const std::string& heading) {
-    const std::string_view name = SplitHeading(heading).unit;
+    const std::string_view name = SplitCsvHeading(heading).unit;
     const std::optional<int> unit = FindUnit(units, name);
     if (!unit)
         Refuse(QuotedUtf8(heading) + (name.empty() ? " has no unit in brackets" : " has an unknown unit") +
@@ -60,7 +40,7 @@ Unit ParseUnit(std::span<const UnitName> units, const std::string& heading) {
 }
 
 std::size_t FindColumn(const std::string& field) {
-    const std::string_view name = SplitHeading(field).name;
+    const std::string_view name = SplitCsvHeading(field).name;
     const auto found =
         std::ranges::find_if(kHeadings, [&](const char* heading) { return IsSameWord(name, heading); });
     if (found == std::end(kHeadings)) Refuse(QuotedUtf8(field) + " is not a heading" + ExpectedHeadings());
@@ -68,7 +48,7 @@ std::size_t FindColumn(const std::string& field) {
 }
 
 std::optional<double> ParseFigure(std::string_view field, std::size_t column) {
-    const std::string_view text = Trimmed(field);
+    const std::string_view text = WithoutBlanks(field);
     if (text.empty()) return std::nullopt;
     double number = 0;
     const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
@@ -84,18 +64,10 @@ std::string FormatFigure(const std::optional<double>& figure) {
     return {buffer, std::to_chars(buffer, std::end(buffer), *figure).ptr};
 }
 
-std::string FormatText(std::string_view text) {
-    if (text.find_first_of(",\"\r\n") == text.npos) return std::string(text);
-    std::string quoted = "\"";
-    for (const char ch : text) quoted.append(ch == '"' ? 2 : 1, ch);
-    return quoted + "\"";
-}
-
 }  // namespace
 
 MaterialHeadings ParseHeadings(const std::vector<std::string>& fields) {
-    if (fields.size() == 1 && fields[0].find(';') != std::string::npos)
-        Refuse("the fields are separated by semicolons; save the file with commas");
+    if (const std::string flaw = FindSeparatorFlaw(fields); !flaw.empty()) Refuse(flaw);
     constexpr auto kNone = static_cast<std::size_t>(-1);
     MaterialHeadings headings;
     headings.places.fill(kNone);
@@ -121,7 +93,7 @@ MaterialHeadings ParseHeadings(const std::vector<std::string>& fields) {
 MaterialLine ParseLine(const MaterialHeadings& headings, const std::vector<std::string>& fields) {
     if (fields.size() != MaterialColumn::Count)
         Refuse(Count(fields.size(), "field") + " instead of " + std::to_string(MaterialColumn::Count));
-    const auto text = [&](std::size_t column) { return Trimmed(fields[headings.places[column]]); };
+    const auto text = [&](std::size_t column) { return WithoutBlanks(fields[headings.places[column]]); };
     const auto figure = [&](std::size_t column) { return ParseFigure(text(column), column); };
     MaterialLine line{text(MaterialColumn::Process),      text(MaterialColumn::Family),
                       text(MaterialColumn::Group),        text(MaterialColumn::Material),
@@ -144,7 +116,7 @@ std::string FormatHeadings(const MaterialUnits& units) {
 }
 
 std::string FormatLine(const MaterialLine& line) {
-    return FormatText(line.process) + "," + FormatText(line.family) + "," + FormatText(line.group) + "," +
-           FormatText(line.material) + "," + FormatFigure(line.density) + "," +
-           FormatFigure(line.minimumWall) + "," + FormatFigure(line.maximumWall) + "\r\n";
+    return CsvField(line.process) + "," + CsvField(line.family) + "," + CsvField(line.group) + "," +
+           CsvField(line.material) + "," + FormatFigure(line.density) + "," + FormatFigure(line.minimumWall) +
+           "," + FormatFigure(line.maximumWall) + "\r\n";
 }

@@ -16,6 +16,8 @@ MfxDatabaseResult ResultOf(Operation operation) {
         return {};
     } catch (const DatabaseError& error) {
         return {error.GetProblem(), FromUtf8(error.what())};
+    } catch (const CsvError& error) {
+        return {DatabaseRefused, FromUtf8(error.what())};
     } catch (const std::exception& error) {
         return {DatabaseNotOpened, FromUtf8(error.what())};
     } catch (CException* error) {

@@ -8,6 +8,7 @@
 #include "TypedValue.h"
 
 #include <algorithm>
+#include <iterator>
 
 namespace {
 
@@ -28,6 +29,13 @@ std::vector<std::string> KeysOf(const RuleDocument& document) {
 [[noreturn]] void RefuseKey(const RuleDocument& document, const std::string& key) {
     throw EditError(key + ": there is no such value; the nearest keys are " +
                     NearestKeys(KeysOf(document), key));
+}
+
+template <class Row>
+std::vector<CString> NamesOf(const std::vector<Row>& rows) {
+    std::vector<CString> names;
+    for (const Row& row : rows) names.push_back(row.name);
+    return names;
 }
 
 const RuleValue* FindByKey(const std::vector<RuleValue>& values, const std::string& key) {
@@ -72,6 +80,37 @@ void DocumentEdit::SetDraftBands(const std::string& ruleKey, const std::vector<M
     for (const MfxTableRow& band : bands) rows.Add(band);
 }
 
+const CMfxRule& DocumentEdit::GetRule(const std::string& ruleKey) const {
+    return *RequireEntry(ruleKey).rule;
+}
+
+void DocumentEdit::SetMaterials(const std::string& ruleKey, const std::vector<MaterialRow>& rows) {
+    const CMfxRule& rule = SetConstraints(ruleKey, NamesOf(rows));
+    for (std::size_t i = 0; i < rows.size(); ++i)
+        FillMaterial(*rule.m_constraintArray[static_cast<int>(i)], rows[i]);
+}
+
+void DocumentEdit::SetGroups(const std::string& ruleKey, const std::vector<GroupRows>& groups) {
+    const CMfxRule& rule = SetConstraints(ruleKey, NamesOf(groups));
+    for (std::size_t i = 0; i < groups.size(); ++i)
+        FillGroup(*rule.m_constraintArray[static_cast<int>(i)], groups[i]);
+}
+
+// Gives the rule just these constraints, in this order. Those that were there keep what they have.
+const CMfxRule& DocumentEdit::SetConstraints(const std::string& ruleKey, const std::vector<CString>& names) {
+    const RuleDocument::Entry& entry = RequireEntry(ruleKey);
+    m_changed.insert(&entry);
+    std::set<CString> present;
+    for (const CMFXConstraint* constraint : entry.rule->m_constraintArray)
+        present.insert(constraint->m_strName);
+    std::vector<CString> added;
+    std::ranges::copy_if(names, std::back_inserter(added),
+                         [&](const CString& name) { return !present.contains(name); });
+    if (!added.empty()) m_document.AddConstraints(entry, added);
+    SelectConstraints(*entry.rule, names);
+    return *entry.rule;
+}
+
 void DocumentEdit::SetWhole(const RuleDocument::Entry& entry, const WholePlace& place, const std::string& key,
                             const std::string& text) {
     const bool isPresent = text == "present";
@@ -80,7 +119,7 @@ void DocumentEdit::SetWhole(const RuleDocument::Entry& entry, const WholePlace& 
     if (place.row == 0 && isPresent == (place.constraint >= 0))
         throw EditError(key + (isPresent ? ": it is there already" : ": it is not there"));
     if (place.row == 0 && isPresent)
-        m_document.AddConstraint(entry, FromUtf8(place.name));
+        m_document.AddConstraints(entry, {FromUtf8(place.name)});
     else
         ChangeWhole(*entry.rule, place, isPresent);
 }

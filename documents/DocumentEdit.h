@@ -20,11 +20,20 @@ class DocumentEdit {
     // Replaces the bands of a draft angle rule.
     void SetDraftBands(const std::string& ruleKey, const std::vector<MfxTableRow>& bands);
 
+    // Replace all constraints of a uniform thickness rule, or of a size-and-weight rule. Each name stands
+    // once. The first material decides whether the limits by material are in force.
+    void SetMaterials(const std::string& ruleKey, const std::vector<MaterialRow>& rows);
+    void SetGroups(const std::string& ruleKey, const std::vector<GroupRows>& groups);
+
+    // The rule as it is now.
+    const CMfxRule& GetRule(const std::string& ruleKey) const;
+
     // Checks the rules that were changed as their dialogs would, and brings their records up to date.
     void Finish();
 
   private:
     const RuleDocument::Entry& RequireEntry(const std::string& key) const;
+    const CMfxRule& SetConstraints(const std::string& ruleKey, const std::vector<CString>& names);
     void SetWhole(const RuleDocument::Entry& entry, const WholePlace& place, const std::string& key,
                   const std::string& text);
 

@@ -214,18 +214,21 @@ void RuleDocument::StoreRule(const Entry& entry) {
     UpdateRecordOf(entry, ConstraintStatus::OfRule);
 }
 
-void RuleDocument::AddConstraint(const Entry& entry, const CString& name) {
+void RuleDocument::AddConstraints(const Entry& entry, const std::vector<CString>& names) {
     StoreRule(entry);
-    const std::unique_ptr<MfxXMLNode> element(m_pXml->CreateNode(kConstraintTag));
-    element->AddAttribute(kTypeAttribute, FormatInteger(ConstraintByMaterial));
-    element->AddAttribute(kConstraintNameAttribute, name);
-    element->AddAttribute(kStatusAttribute, L"1");
-    entry.record->AppendNode(element.get());
+    for (const CString& name : names) {
+        const std::unique_ptr<MfxXMLNode> element(m_pXml->CreateNode(kConstraintTag));
+        element->AddAttribute(kTypeAttribute, FormatInteger(ConstraintByMaterial));
+        element->AddAttribute(kConstraintNameAttribute, name);
+        element->AddAttribute(kStatusAttribute, L"1");
+        entry.record->AppendNode(element.get());
+    }
     m_entries[static_cast<std::size_t>(&entry - m_entries.data())].rule = MakeRule(*entry.record);
     const auto& constraints = entry.rule->m_constraintArray;
-    for (const MfxParamRecord& record : constraints[constraints.GetCount() - 1]->m_paramArray)
-        if (!IsBandParameter(record.m_pStorage->m_nParamId))
-            record.m_pStorage->GetValues<double>().SetFirst(0.0);
+    for (int i = constraints.GetCount() - static_cast<int>(names.size()); i < constraints.GetCount(); ++i)
+        for (const MfxParamRecord& record : constraints[i]->m_paramArray)
+            if (!IsBandParameter(record.m_pStorage->m_nParamId))
+                record.m_pStorage->GetValues<double>().SetFirst(0.0);
 }
 
 bool RuleDocument::ConfigureRule(const Entry& entry) {

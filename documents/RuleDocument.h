@@ -67,8 +67,8 @@ class RuleDocument {
     // Brings the record of a rule up to date after its values were changed.
     void StoreRule(const Entry& entry);
 
-    // Stores the rule, gives it an active constraint of that name without values, and makes it again.
-    void AddConstraint(const Entry& entry, const CString& name);
+    // Stores the rule, gives it active constraints of these names without values, and makes it again.
+    void AddConstraints(const Entry& entry, const std::vector<CString>& names);
 
     // Line of the element's start tag, from 1; 0 for an element that was created later.
     int GetLine(const MfxXMLNode& element) const { return m_pXml->GetLine(element); }

@@ -1,6 +1,5 @@
 #include "RuleEdit.h"
 
-#include "CastSizeAndWeightBand.h"
 #include "DraftTableCheck.h"
 #include "MassUnits.h"
 #include "NumberText.h"
@@ -10,6 +9,8 @@
 #include <algorithm>
 #include <charconv>
 #include <iterator>
+#include <map>
+#include <set>
 #include <sstream>
 
 namespace {
@@ -73,13 +74,8 @@ CMfxParamStorage& StorageOf(CMfxRule& rule, const RecordLocation& location) {
                : *rule.m_constraintArray[location.constraint]->FindParameterInArray(location.paramId);
 }
 
-double NumberOf(const ValueContent& content) {
-    if (const double* number = std::get_if<double>(&content)) return *number;
-    return std::holds_alternative<std::string>(content) ? NoUpperLimitValue : kValueNotGiven;
-}
-
 CString CellOf(const ValueContent& content) {
-    return std::holds_alternative<std::monostate>(content) ? CString() : FormatDouble(NumberOf(content));
+    return std::holds_alternative<std::monostate>(content) ? CString() : FormatDouble(StoredNumber(content));
 }
 
 void ConvertWeights(CMfxRule& rule, const RuleUnits& from, const RuleUnits& to) {
@@ -112,13 +108,13 @@ void SetOfParameter(CMfxRule& rule, const RuleValue& place, const ValueContent& 
             storage.m_bStatus = content == ValueContent("yes");
             break;
         case ValueKind::Number:
-            storage.GetValues<double>()[index] = NumberOf(content);
+            storage.GetValues<double>()[index] = StoredNumber(content);
             break;
         case ValueKind::Cell:
             storage.GetValues<MfxTableRow>()[index].cells[place.cell] = CellOf(content);
             break;
         case ValueKind::Deviation:
-            SetDeviation(storage, place, NumberOf(content));
+            SetDeviation(storage, place, StoredNumber(content));
             break;
         default:
             SetText(rule, storage, place.location.row, FromUtf8(std::get<std::string>(content)));
@@ -191,6 +187,39 @@ void SetContent(CMfxRule& rule, const RuleValue& place, const ValueContent& cont
             SetOfParameter(rule, place, content);
             break;
     }
+}
+
+void SelectConstraints(CMfxRule& rule, const std::vector<CString>& names) {
+    std::map<CString, std::size_t> places;
+    for (const CString& name : names) places.emplace(name, places.size());
+    std::set<CString> kept;
+    std::vector<CMFXConstraint*> dropped;
+    for (CMFXConstraint* constraint : rule.m_constraintArray)
+        if (!places.contains(constraint->m_strName) || !kept.insert(constraint->m_strName).second)
+            dropped.push_back(constraint);
+    for (CMFXConstraint* constraint : dropped) rule.DeleteConstraintObject(constraint);
+    std::ranges::sort(rule.m_constraintArray, {},
+                      [&](const CMFXConstraint* constraint) { return places.at(constraint->m_strName); });
+}
+
+// A limit is on or off with its material.
+void FillMaterial(CMFXConstraint& material, const MaterialRow& row) {
+    for (const auto& [paramId, limit] :
+         {std::pair{kThicknessMinId, row.minimum}, std::pair{kThicknessMaxId, row.maximum}}) {
+        CMfxParamStorage& storage = *material.FindParameterInArray(paramId);
+        storage.GetValues<double>().SetFirst(limit);
+        if (row.isActive != material.m_bActive) storage.m_bStatus = row.isActive;
+    }
+    material.m_bActive = row.isActive;
+}
+
+void FillGroup(CMFXConstraint& group, const GroupRows& rows) {
+    for (std::size_t cell = 0; cell < BandCell::Count; ++cell) {
+        MfxArray<double>& values = group.FindParameterInArray(kBandParameterIds[cell])->GetValues<double>();
+        values.RemoveAll();
+        for (const CastSizeAndWeightBand& band : rows.bands) values.Add(band.*kBandValues[cell]);
+    }
+    group.m_bActive = rows.isActive;
 }
 
 void CloseLastBand(CMfxRule& rule) {

@@ -1,6 +1,7 @@
 // Changes of a rule's values in memory, without checks of what they mean.
 #pragma once
 
+#include "CastSizeAndWeightBand.h"
 #include "RuleValues.h"
 
 #include <optional>
@@ -11,6 +12,20 @@ struct WholePlace {
     int constraint = -1;    // -1 for one that is not there, and for rows of the rule itself
     long paramId = 0;       // of the table
     int row = 0;            // from 1; 0 for a constraint
+};
+
+// A material of the uniform thickness rule, in the rule's length unit.
+struct MaterialRow {
+    CString name;
+    bool isActive;
+    double minimum, maximum;
+};
+
+// A material group with its bands, in the rule's units.
+struct GroupRows {
+    CString name;
+    bool isActive;
+    std::vector<CastSizeAndWeightBand> bands = {};
 };
 
 // Nothing when the key is not that of a whole place. Of rows it is one when the row is there, or would be the
@@ -25,6 +40,13 @@ bool AppendRowFor(CMfxRule& rule, const std::string& key);
 
 // Sets the value of a place that ListRuleValues lists. A new mass unit converts the weights.
 void SetContent(CMfxRule& rule, const RuleValue& place, const ValueContent& content);
+
+// Deletes the constraints that are not named, and puts the others in that order.
+void SelectConstraints(CMfxRule& rule, const std::vector<CString>& names);
+
+// Give a constraint what the rows say.
+void FillMaterial(CMFXConstraint& material, const MaterialRow& row);
+void FillGroup(CMFXConstraint& group, const GroupRows& rows);
 
 // A last band of draft angles without an upper bound has no upper limit.
 void CloseLastBand(CMfxRule& rule);

@@ -10,12 +10,6 @@
 
 namespace {
 
-std::string_view Trimmed(std::string_view text) {
-    while (!text.empty() && text.front() == ' ') text.remove_prefix(1);
-    while (!text.empty() && text.back() == ' ') text.remove_suffix(1);
-    return text;
-}
-
 const char* NounOf(Quantity quantity) {
     switch (quantity) {
         case Quantity::Length:
@@ -28,27 +22,6 @@ const char* NounOf(Quantity quantity) {
             break;
     }
     return "a number without a unit";
-}
-
-std::string KnownUnits(Quantity quantity) {
-    if (quantity == Quantity::Length) return "; its units are " + LengthUnitSymbols();
-    if (quantity == Quantity::Angle) return "; its units are " + AngleUnitSymbols();
-    return quantity == Quantity::Mass ? "; its units are " + MassUnitLabels() : "";
-}
-
-std::optional<int> FindUnitOf(Quantity quantity, const std::string& name) {
-    if (quantity == Quantity::Length) return FindLengthUnit(name);
-    if (quantity == Quantity::Angle) return FindAngleUnit(name);
-    const int mass = quantity == Quantity::Mass ? FindMassUnit(FromUtf8(name)) : 0;
-    return mass ? std::optional(mass) : std::nullopt;
-}
-
-// The rule's units, but for that of the quantity.
-RuleUnits WithUnit(RuleUnits units, Quantity quantity, int unit) {
-    (quantity == Quantity::Length  ? units.lengthUnit
-     : quantity == Quantity::Angle ? units.angleUnit
-                                   : units.massUnit) = unit;
-    return units;
 }
 
 [[noreturn]] void Refuse(std::string_view text, const std::string& reason) {
@@ -64,7 +37,7 @@ double ParseNumber(std::string_view text, Quantity quantity, const RuleUnits& un
     const auto parsed = std::from_chars(text.data(), text.data() + text.size(), number);
     if (!hasDigit || parsed.ec != std::errc()) Refuse(text, "is not a number with a decimal point");
     if (isNegative) Refuse(text, "is negative");
-    const std::string unit(Trimmed(std::string_view(parsed.ptr, text.data() + text.size())));
+    const std::string unit(WithoutBlanks(std::string_view(parsed.ptr, text.data() + text.size())));
     if (unit.empty()) return number;
     const std::optional<int> code = FindUnitOf(quantity, unit);
     if (!code)
@@ -96,7 +69,7 @@ bool MayBeUnbounded(const RuleValue& place) {
 }  // namespace
 
 ValueContent ParseTypedValue(const std::string& typed, const RuleValue& place, const RuleUnits& units) {
-    const std::string_view text = Trimmed(typed);
+    const std::string_view text = WithoutBlanks(typed);
     switch (place.kind) {
         case ValueKind::Status:
         case ValueKind::Severity:

@@ -55,6 +55,26 @@ std::string UnitSymbol(Quantity quantity, const RuleUnits& units) {
     return {};
 }
 
+std::optional<int> FindUnitOf(Quantity quantity, const std::string& name) {
+    if (quantity == Quantity::Length) return FindLengthUnit(name);
+    if (quantity == Quantity::Angle) return FindAngleUnit(name);
+    const int mass = quantity == Quantity::Mass ? FindMassUnit(FromUtf8(name)) : 0;
+    return mass ? std::optional(mass) : std::nullopt;
+}
+
+std::string KnownUnits(Quantity quantity) {
+    if (quantity == Quantity::Length) return "; its units are " + LengthUnitSymbols();
+    if (quantity == Quantity::Angle) return "; its units are " + AngleUnitSymbols();
+    return quantity == Quantity::Mass ? "; its units are " + MassUnitLabels() : "";
+}
+
+RuleUnits WithUnit(RuleUnits units, Quantity quantity, int unit) {
+    (quantity == Quantity::Length  ? units.lengthUnit
+     : quantity == Quantity::Angle ? units.angleUnit
+                                   : units.massUnit) = unit;
+    return units;
+}
+
 double ConvertNumber(double number, Quantity quantity, const RuleUnits& from, const RuleUnits& to) {
     const CMFXUnitConvertor convertor;
     switch (quantity) {

@@ -31,6 +31,15 @@ std::string AngleUnitSymbol(int angleUnit);
 // Symbol of the unit in which a quantity is kept; empty for numbers without one.
 std::string UnitSymbol(Quantity quantity, const RuleUnits& units);
 
+// The code of a unit of that quantity by its name or symbol; nothing for one that a rule document can't have.
+std::optional<int> FindUnitOf(Quantity quantity, const std::string& name);
+
+// The units that FindUnitOf knows, for the end of a message: "; its units are mm, cm". Empty for None.
+std::string KnownUnits(Quantity quantity);
+
+// Those units, but for that of the quantity.
+RuleUnits WithUnit(RuleUnits units, Quantity quantity, int unit);
+
 // A number of that quantity in other units.
 double ConvertNumber(double number, Quantity quantity, const RuleUnits& from, const RuleUnits& to);
 

@@ -1,5 +1,6 @@
 #include "ValueContent.h"
 
+#include "CastSizeAndWeightBand.h"
 #include "DraftTableCheck.h"
 #include "NumberText.h"
 #include "Text.h"
@@ -23,6 +24,11 @@ ValueContent ContentOfCell(const MfxTableRow& row, std::size_t cell) {
     return ContentOfNumber(ParseDouble(text), QuantityOfDraftCell(cell) == Quantity::Length);
 }
 
+double StoredNumber(const ValueContent& content) {
+    if (const double* number = std::get_if<double>(&content)) return *number;
+    return std::holds_alternative<std::string>(content) ? NoUpperLimitValue : kValueNotGiven;
+}
+
 std::string FormatNumber(double number, int digits) {
     const double magnitude = std::fabs(number);
     const bool isFixed = magnitude >= 1e-9 && magnitude < 1e15;
@@ -39,6 +45,14 @@ std::string FormatNumber(double number, int digits) {
     if (decimals > 0) text.erase(text.find_last_not_of('0') + 1);
     if (text.ends_with('.')) text.pop_back();
     return text;
+}
+
+std::string FormatExact(double number) {
+    const double magnitude = std::fabs(number);
+    const bool isFixed = magnitude == 0.0 || (magnitude >= 1e-9 && magnitude < 1e15);
+    char buffer[48];
+    const auto format = isFixed ? std::chars_format::fixed : std::chars_format::general;
+    return {buffer, std::to_chars(buffer, std::end(buffer), number, format).ptr};
 }
 
 std::string FormatContent(const ValueContent& content, int digits) {

@@ -1,17 +1,16 @@
 #include "DraftSheet.h"
 
 #include "NumberText.h"
+#include "Text.h"
 
 #include <algorithm>
 
 namespace {
 
-constexpr const wchar_t* kHeadings[DraftCell::Count] = {L"H1", L"H2", L"A1", L"A2", L"A3"};
-
 bool HasHeadings(const WorkbookTable& columns) {
     if (columns.size() < DraftCell::Count) return false;
     for (std::size_t cell = 0; cell < DraftCell::Count; ++cell)
-        if (columns[cell].empty() || columns[cell].front() != kHeadings[cell]) return false;
+        if (columns[cell].empty() || ToUtf8(columns[cell].front()) != kDraftSheetHeadings[cell]) return false;
     return true;
 }
 

@@ -15,6 +15,8 @@
 // Columns to read for it.
 inline const WorkbookColumns kDraftSheetColumns = {L"A", L"B", L"C", L"D", L"E"};
 
+inline constexpr const char* kDraftSheetHeadings[DraftCell::Count] = {"H1", "H2", "A1", "A2", "A3"};
+
 inline constexpr std::size_t kMostDraftBands = 200;
 
 enum class DraftSheetFault { None, WrongHeadings, UnevenColumns, TooManyBands, NoNumber, RefusedTable };

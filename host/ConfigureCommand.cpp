@@ -4,7 +4,7 @@
 #include "DocumentFile.h"
 #include "DocumentFiles.h"
 #include "DocumentOutput.h"
-#include "RuleParameters.h"
+#include "RuleArgument.h"
 #include "Text.h"
 
 #include <algorithm>
@@ -16,16 +16,8 @@ namespace {
 struct ConfigureOptions {
     std::string input;
     std::string output;  // empty: the input is replaced
-    int ruleId = 0;
+    std::string ruleKey;
 };
-
-const RuleDocument::Entry& RequireRule(const RuleDocument& document, int ruleId) {
-    const RuleDocument::Entry* entry = document.FindRule(ruleId);
-    if (!entry)
-        throw CommandError(ExitCode::WrongUsage, ToUtf8(document.GetPath()) + " has no rule " +
-                                                     std::to_string(ruleId) + "; mfxhost show tells the ids");
-    return *entry;
-}
 
 void RequireDisplay() {
     const HWND hWindow =
@@ -37,7 +29,7 @@ void RequireDisplay() {
 
 ExitCode Configure(const RuleModule& module, const ConfigureOptions& options) {
     RuleDocument document = ReadDocument(module, options.input);
-    const RuleDocument::Entry& entry = RequireRule(document, options.ruleId);
+    const RuleDocument::Entry& entry = RequireRule(document, options.ruleKey);
     // The dialog would drop what the module ignores of the rule.
     if (PrintFindings(document, FindIgnoredContent(document, entry))) {
         PrintError("mfxhost: " + options.input + " was not changed\n");
@@ -68,8 +60,6 @@ void AddConfigure(CommandLine& commandLine) {
         [options](const RuleModule& module) { return Configure(module, *options); },
         CommandLine::Database::UsedIfThere);
     commandLine.UseLanguageOfUser(command);
-    command.add_option("--rule", options->ruleId, "Id of the rule, as list and show print it")
-        ->type_name("ID")
-        ->required();
+    AddRuleOption(command, options->ruleKey);
     AddInputAndOutput(command, options->input, options->output);
 }

@@ -1,9 +1,8 @@
 #include "Commands.h"
-#include "DraftSheetTexts.h"
 #include "EditedDocument.h"
-#include "RuleParameters.h"
-#include "Text.h"
-#include "WorkbookInput.h"
+#include "RuleArgument.h"
+#include "TableImport.h"
+#include "TableInput.h"
 
 #include <memory>
 
@@ -11,24 +10,13 @@ namespace {
 
 struct ImportOptions : EditOptions {
     std::string book;
-    int ruleId = 0;
+    std::string ruleKey;
 };
 
-void ImportDraftTable(DocumentEdit& edit, const std::string& book) {
-    WorkbookSheet description;
-    const DraftSheet sheet =
-        ReadDraftSheet(ReadWorkbookTable(FromUtf8(book), kDraftSheetColumns, description));
-    if (sheet.fault != DraftSheetFault::None)
-        throw EditError(book + ": " + ToUtf8(DraftSheetFaultText(sheet)));
-    edit.SetDraftBands(std::to_string(kDraftAngleRuleId), sheet.table.bands);
-}
-
 ExitCode Import(const RuleModule& module, const ImportOptions& options) {
-    if (options.ruleId != kDraftAngleRuleId)
-        throw CommandError(ExitCode::WrongUsage, "import: only the table of rule " +
-                                                     std::to_string(kDraftAngleRuleId) + " can be imported");
-    return EditDocument(module, options, [&](DocumentEdit& edit, const RuleDocument&) {
-        ImportDraftTable(edit, options.book);
+    return EditDocument(module, options, [&](DocumentEdit& edit, const RuleDocument& document) {
+        const CMfxRule& rule = *RequireRule(document, options.ruleKey).rule;
+        ImportTable(edit, options.ruleKey, ReadTable(options.book, SheetColumnsOf(rule.GetRuleId())));
     });
 }
 
@@ -36,12 +24,18 @@ ExitCode Import(const RuleModule& module, const ImportOptions& options) {
 
 void AddImport(CommandLine& commandLine) {
     const auto options = std::make_shared<ImportOptions>();
-    CLI::App& command =
-        commandLine.Add("import", "Fill the table of a rule from a workbook, as its dialog does",
-                        {"mfxhost import rules.xml angles.xlsx --rule 19040",
-                         "mfxhost import rules.xml angles.xlsx --rule 19040 --dry-run"},
-                        [options](const RuleModule& module) { return Import(module, *options); });
+    CLI::App& command = commandLine.Add(
+        "import",
+        "Replace the table of a rule by one from a file; what a dialog would refuse is refused here",
+        {"mfxhost import rules.xml angles.xlsx --rule 19040",
+         "mfxhost import rules.xml groups.csv --rule 19020 --dry-run"},
+        [options](const RuleModule& module) { return Import(module, *options); });
     AddEditOptions(command, *options);
-    AddFile(command, "BOOK", options->book, "Workbook; its first row reads H1, H2, A1, A2, A3")->required();
-    command.add_option("--rule", options->ruleId, "Id of the rule: 19040")->type_name("ID")->required();
+    AddFile(
+        command, "BOOK", options->book,
+        "Workbook (.xlsx, .xls) or .csv with the headings that export writes; numbers are in the units "
+        "that stand in the headings, or else in those of the document. Materials and groups that it lacks "
+        "are removed")
+        ->required();
+    AddRuleOption(command, options->ruleKey);
 }

@@ -30,7 +30,7 @@ packages=(
   "${checks[@]}"
 )
 # A library is added by its name here and a function make_NAME below.
-libraries=(pugixml googletest cli11 json benchmark libzip sqlite runtime)
+libraries=(pugixml googletest cli11 json benchmark libzip libxlsxwriter sqlite runtime)
 
 steps=$((3 + ${#libraries[@]}))
 [[ -z $preset ]] || steps=$((steps + 2))
@@ -215,6 +215,17 @@ make_libzip() {
   cross_build libzip-*/ -DBUILD_{TOOLS,REGRESS,EXAMPLES,DOC}=OFF \
     -DENABLE_{COMMONCRYPTO,GNUTLS,MBEDTLS,OPENSSL,WINDOWS_CRYPTO,BZIP2,LZMA,ZSTD}=OFF \
     -DZLIB_USE_STATIC_LIBS=ON
+}
+
+make_libxlsxwriter() {
+  fetch_source libxlsxwriter
+  cd libxlsxwriter-*/
+  # With MinGW, too, names of files are UTF-8, as they are with Visual Studio.
+  sed -i '/__MINGW32__/,/#endif/d' src/packager.c
+  sed -i '/minizip\/zip.c/,/iowin32/s/if(MSVC)/if(WIN32)/' CMakeLists.txt
+  cd ..
+  # MD5 is for pictures. Numbers get the fewest digits that read back, in every locale.
+  cross_build libxlsxwriter-*/ -DUSE_NO_MD5=ON -DUSE_DTOA_LIBRARY=ON -DZLIB_USE_STATIC_LIBS=ON
 }
 
 make_sqlite() {

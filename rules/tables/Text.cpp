@@ -1,5 +1,7 @@
 #include "Text.h"
 
+#include <algorithm>
+
 std::string ToUtf8(const CString& text) {
     const int length = text.GetLength();
     const int bytes = WideCharToMultiByte(CP_UTF8, 0, text, length, nullptr, 0, nullptr, nullptr);
@@ -25,6 +27,16 @@ std::string Shortened(const CString& text) {
 
 std::string Quoted(const CString& text) {
     return "\"" + Shortened(text) + "\"";
+}
+
+std::string_view WithoutBlanks(std::string_view text) {
+    const std::size_t first = text.find_first_not_of(" \t");
+    return first == text.npos ? "" : text.substr(first, text.find_last_not_of(" \t") - first + 1);
+}
+
+bool IsSameWord(std::string_view first, std::string_view second) {
+    const auto lower = [](char ch) { return ch >= 'A' && ch <= 'Z' ? static_cast<char>(ch + 32) : ch; };
+    return std::ranges::equal(first, second, {}, lower, lower);
 }
 
 std::string Count(std::size_t count, const std::string& noun) {

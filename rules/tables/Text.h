@@ -4,6 +4,7 @@
 #include <afx.h>
 
 #include <string>
+#include <string_view>
 
 std::string ToUtf8(const CString& text);
 CString FromUtf8(const std::string& text);
@@ -13,6 +14,12 @@ std::string Shortened(const CString& text);
 
 // The same in quotation marks.
 std::string Quoted(const CString& text);
+
+// Without blanks and tabs around it.
+std::string_view WithoutBlanks(std::string_view text);
+
+// Letters A to Z count the same as a to z.
+bool IsSameWord(std::string_view first, std::string_view second);
 
 // "1 rule", "2 rules".
 std::string Count(std::size_t count, const std::string& noun);

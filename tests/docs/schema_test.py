@@ -187,6 +187,17 @@ class SchemaTest(unittest.TestCase):
             ("version", 0), ("differences", None), ("ruleId", 0), ("constraint", 1), ("row", 0), ("unit", "lb"),
             ("left", 1), ("right", ["-"]), ("value", ""), ("key", None)])
 
+    def test_limits(self):
+        casting = ["--material", "steel", "--size", "700 mm", "--weight", "1lb"]
+        outputs = [self.run_host(code, "limits", "all-rules.xml", *options, "--json")
+                   for code, options in [(1, casting), (1, ["--group", "Stel"]), (0, [])]]
+        self.run_host(0, "set", "all-rules.xml", "19020/Steel/29120/3=no limit", "19030/29167/active=no")
+        outputs.append(self.run_host(1, "limits", "all-rules.xml", *casting, "--json", "--lang", "japanese"))
+        self.validate_json("limits.schema.json", outputs, [
+            ("version", 2), ("file", ""), ("length", "km"), ("angle", ""), ("mass", "oz"), ("material", 1), ("size", -1),
+            ("weight", "1 lb"), ("key", "10067"), ("ruleId", 19050), ("status", "on"), ("answer", "none"), ("reason", "Band"),
+            ("text", ""), ("place", ""), ("bounds", None), ("limits", [1]), ("label", ""), ("value", "none"), ("unit", 1)])
+
     def test_sheet(self):
         # A copy of the program, with the tests' own reader of .xlsx workbooks beside it.
         *emulator, program = HOST

@@ -61,13 +61,3 @@ TEST_F(HostTest, RefusesWhatADialogRefuses) {
     Run({L"set", L"d.xml", L"19010/10067"}, 2, "", HasSubstr("is not KEY=VALUE"));
     EXPECT_EQ(m_folder.Read(L"d.xml"), before);
 }
-
-TEST_F(HostTest, ImportsADraftTable) {
-    Run({L"new", L"d.xml"}, 0, _, "");
-    m_folder.Write(L"b.xlsx", m_folder.Read(Wide(MFX_SAMPLES "draft-angles.xlsx")));
-    Run({L"import", L"d.xml", L"b.xlsx", L"--rule", L"19040"}, 0, HasSubstr("differences"), "");
-    Run({L"show", L"d.xml"}, 0, ContainsRegex("101.6 +203.2 +0.75 +1.0 +1.0\n"), "");
-    m_folder.Write(L"b.xlsx", m_folder.Read(Wide(MFX_SAMPLES "cell-types.xlsx")));
-    Run({L"import", L"d.xml", L"b.xlsx", L"--rule", L"19040", L"--dry-run"}, 1, "", HasSubstr("b.xlsx: "));
-    Run({L"import", L"d.xml", L"b.xlsx", L"--rule", L"19030"}, 2, "", HasSubstr("19040"));
-}

@@ -48,7 +48,8 @@ class DocumentRounds {
                                            {"check", m_path, "--format", "sarif"},
                                            {"show", m_path, "--json"},
                                            {"diff", m_path, sample},
-                                           {"diff", m_path, "--defaults", "--json"}})
+                                           {"diff", m_path, "--defaults", "--json"},
+                                           {"limits", m_path, "--material", "Steel", "--size", "100"}})
             Run(arguments);
         const ExitCode same = shown == ExitCode::UnreadableInput ? shown : ExitCode::Done;
         if (Run({"diff", m_path, m_path}) != same) FailRound("a document differs from itself");

@@ -1,6 +1,5 @@
 #include "CsvReader.h"
 
-#include "DatabaseError.h"
 #include "Text.h"
 
 #include <algorithm>
@@ -14,8 +13,7 @@ constexpr char kByteOrderMark[] = "\xEF\xBB\xBF";
 constexpr std::size_t kMostBytes = 1 << 16;
 
 [[noreturn]] void ThrowUnreadable(const CString& path) {
-    throw DatabaseError(DatabaseRefused,
-                        ToUtf8(path) + ": can't be read: " + WindowsErrorText(GetLastError()));
+    throw CsvError(ToUtf8(path) + ": can't be read: " + WindowsErrorText(GetLastError()));
 }
 
 bool IsUtf8(const std::string& text) {
@@ -98,9 +96,8 @@ bool CsvReader::EndRecord() {
 
 void CsvReader::Append(int ch) {
     if (++m_recordSize > kMostBytes)
-        throw DatabaseError(DatabaseRefused,
-                            LinePrefix(m_path, static_cast<int>(m_line)) +
-                                "the line is longer than 64 KB, or a quotation mark is left open");
+        throw CsvError(LinePrefix(m_path, static_cast<int>(m_line)) +
+                       "the line is longer than 64 KB, or a quotation mark is left open");
     m_fields.back() += static_cast<char>(ch);
 }
 

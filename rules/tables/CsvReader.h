@@ -4,14 +4,20 @@
 
 #include <cstdint>
 #include <memory>
+#include <stdexcept>
 #include <string>
 #include <vector>
+
+// A file of comma-separated values can't be read; the text is English, in UTF-8, and names the file.
+class CsvError : public std::runtime_error {
+    using std::runtime_error::runtime_error;
+};
 
 // Reads a file of comma-separated values by RFC 4180, record by record, in memory that does not depend on its
 // length. A byte-order mark and empty lines are passed over.
 class CsvReader {
   public:
-    // Throws DatabaseError (DatabaseRefused) when the file can't be opened or read.
+    // Throws CsvError when the file can't be opened or read.
     explicit CsvReader(const CString& path);
 
     // Goes to the next record; false at the end of the file.

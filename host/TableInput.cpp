@@ -1,0 +1,32 @@
+#include "TableInput.h"
+
+#include "DocumentFiles.h"
+#include "ExitCode.h"
+#include "Text.h"
+#include "WorkbookInput.h"
+
+namespace {
+
+bool HasEnding(const std::string& file, std::string_view ending) {
+    return file.size() > ending.size() &&
+           IsSameWord(std::string_view(file).substr(file.size() - ending.size()), ending);
+}
+
+}  // namespace
+
+TableKind KindOfTable(const std::string& file) {
+    if (HasEnding(file, ".csv")) return TableKind::Csv;
+    return HasEnding(file, ".xlsx") ? TableKind::Xlsx : TableKind::OtherWorkbook;
+}
+
+void RequireFile(const std::string& table) {
+    if (table == kStandardStream)
+        throw CommandError(ExitCode::WrongUsage, "a table can't be read from standard input; name a file");
+}
+
+TableTexts ReadTable(const std::string& file, const WorkbookColumns& columns) {
+    RequireFile(file);
+    if (KindOfTable(file) == TableKind::Csv) return ReadCsvTable(file);
+    WorkbookSheet sheet;
+    return TableOfSheet(file, ReadWorkbookTable(FromUtf8(file), columns, sheet));
+}
