@@ -27,9 +27,7 @@ ExitCode Import(const RuleModule& module, const ImportOptions& options) {
     if (options.ruleId != kDraftAngleRuleId)
         throw CommandError(ExitCode::WrongUsage, "import: only the table of rule " +
                                                      std::to_string(kDraftAngleRuleId) + " can be imported");
-    return EditDocument(module, options, [&](DocumentEdit& edit, const RuleDocument&) {
-        ImportDraftTable(edit, options.book);
-    });
+    return EditValues(module, options, [&](DocumentEdit& edit) { ImportDraftTable(edit, options.book); });
 }
 
 }  // namespace
