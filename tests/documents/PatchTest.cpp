@@ -15,6 +15,73 @@ namespace {
 
 using Assignments = std::vector<std::pair<std::string, std::string>>;
 
+// Changes of the sample, and the keys of the differences that they make.
+const struct {
+    Assignments changes;
+    std::vector<std::string> keys;
+} kAlignments[] = {
+    {{{"19040/29183/1", "none"}}, {"19040/29183/1"}},
+    {{{"19040/29183/2/angle1", "2"}}, {"19040/29183/2/angle1"}},
+    {{{"19040/29183/2/to", "60"}, {"19040/29183/3/from", "60"}}, {"19040/29183/2/to", "19040/29183/3/from"}},
+    {{{"19040/29183/1", "none"}, {"19040/29183/1/angle1", "2"}}, {"19040/29183/1", "19040/29183/2/angle1"}},
+    {{{"19040/29183/2", "present"},
+      {"19040/29183/1/to", "20"},
+      {"19040/29183/2/from", "20"},
+      {"19040/29183/2/to", "25.4"},
+      {"19040/29183/2/angle1", "3"},
+      {"19040/29183/2/angle2", "3"},
+      {"19040/29183/2/angle3", "3"}},
+     {"19040/29183/1/to", "19040/29183/2"}},
+    {{{"19020/Steel/band/1", "none"}}, {"19020/Steel/band/1"}},
+    {{{"19020/Steel/29120/1", "300"}, {"19020/Steel/29119/2", "300"}},
+     {"19020/Steel/29120/1", "19020/Steel/29119/2"}},
+};
+
+Assignments Band(const std::string& lastAngle) {
+    const std::string row = "19040/29183/5/";
+    return {{row + "from", "203"},
+            {row + "to", "300"},
+            {row + "angle1", "1"},
+            {row + "angle2", "1"},
+            {row + "angle3", lastAngle}};
+}
+const Assignments kBand = Band("1"), kOtherBand = Band("2");
+
+const struct {
+    Assignments mine, theirs;
+    std::string conflicts;
+    Assignments merged;  // what is changed in the base without a conflict
+} kMerges[] = {
+    {{{"19010/10067", "5"}}, {}, "", {{"19010/10067", "5"}}},
+    {{}, {{"19010/10067", "5"}}, "", {{"19010/10067", "5"}}},
+    {{{"19010/10067", "5"}}, {{"19010/10067", "5"}}, "", {{"19010/10067", "5"}}},
+    {{{"19010/10067", "5"}}, {{"19010/10067", "4"}}, "19010/10067: 6 mm | 5 mm | 4 mm\n", {}},
+    {{{"19040/29183/1", "none"}},
+     {{"19040/29183/3/angle1", "2"}},
+     "",
+     {{"19040/29183/3/angle1", "2"}, {"19040/29183/1", "none"}}},
+    {{{"19040/29183/1", "none"}},
+     {{"19040/29183/1/angle1", "2"}},
+     "19040/29183/1: present | (none) | present, changed\n",
+     {}},
+    {{{"19040/29183/1/angle1", "2"}},
+     {{"19040/29183/1", "none"}},
+     "19040/29183/1: present | present, but 19040/29183/1/angle1 is 2 deg | (none)\n",
+     {}},
+    {{{"19010/Steel", "none"}}, {}, "", {{"19010/Steel", "none"}}},
+    {{}, {{"19010/Steel", "none"}}, "", {{"19010/Steel", "none"}}},
+    {{{"19010/Steel", "none"}},
+     {{"19010/Steel/10067", "5"}},
+     "19010/Steel: present | (none) | present, changed\n",
+     {}},
+    {kBand, kBand, "", kBand},
+    {kBand, kOtherBand, "19040/29183/5: (none) | present, but 19040/29183/5/angle3 is 1 deg | present\n", {}},
+    {{{"19020/Steel/29118/1", "6"}},
+     {{"19020/Steel/29118/2", "8"}},
+     "",
+     {{"19020/Steel/29118/1", "6"}, {"19020/Steel/29118/2", "8"}}},
+};
+
 class PatchTest : public Test {
   protected:
     RuleDocument Read(const std::string& bytes) const { return RuleDocument(m_module, L"d.xml", bytes); }
@@ -126,37 +193,13 @@ std::string TextOf(const std::vector<Conflict>& conflicts) {
 }  // namespace
 
 TEST_F(PatchTest, AlignsBandsByTheirBounds) {
-    const std::string table = "19040/29183/";
-    const struct {
-        Assignments changes;
-        std::vector<std::string> keys;
-    } kCases[] = {
-        {{{table + "1", "none"}}, {"19040/29183/1"}},
-        {{{table + "2/angle1", "2"}}, {"19040/29183/2/angle1"}},
-        {{{table + "2/to", "60"}, {table + "3/from", "60"}}, {"19040/29183/2/to", "19040/29183/3/from"}},
-        {{{table + "1", "none"}, {table + "1/angle1", "2"}}, {"19040/29183/1", "19040/29183/2/angle1"}},
-        {{{table + "2", "present"},
-          {table + "1/to", "20"},
-          {table + "2/from", "20"},
-          {table + "2/to", "25.4"},
-          {table + "2/angle1", "3"},
-          {table + "2/angle2", "3"},
-          {table + "2/angle3", "3"}},
-         {"19040/29183/1/to", "19040/29183/2"}},
-        {{{"19020/Steel/band/1", "none"}}, {"19020/Steel/band/1"}},
-        {{{"19020/Steel/29120/1", "300"}, {"19020/Steel/29119/2", "300"}},
-         {"19020/Steel/29120/1", "19020/Steel/29119/2"}},
-    };
-    for (const auto& [changes, keys] : kCases)
+    for (const auto& [changes, keys] : kAlignments)
         EXPECT_EQ(KeysOfDifferences(m_all, Edited(m_all, changes)), keys);
     // A list that is shorter than the others says the same as one with marks for "not given".
     std::string ragged = m_all;
     const std::size_t list = ragged.find("Type=\"29121\"");
     ragged.erase(ragged.find("<Value>-1</Value>", list), 17);
     EXPECT_THAT(KeysOfDifferences(m_all, ragged), IsEmpty());
-    const std::string changed =
-        Edited(m_all, {{"19020/Steel/band/2", "none"}, {"19020/Steel/29119/2", "200"}});
-    EXPECT_THAT(KeysOfDifferences(Patched(ragged, m_all, changed), changed), IsEmpty());
 }
 
 TEST_F(PatchTest, MakesTheSecondDocumentOfTheFirst) {
@@ -197,49 +240,7 @@ TEST_F(PatchTest, AddsAndRemovesWholeRules) {
 }
 
 TEST_F(PatchTest, Merges) {
-    const Assignments none, band = {{"19040/29183/5/from", "203"},
-                                    {"19040/29183/5/to", "300"},
-                                    {"19040/29183/5/angle1", "1"},
-                                    {"19040/29183/5/angle2", "1"},
-                                    {"19040/29183/5/angle3", "1"}};
-    Assignments otherBand = band;
-    otherBand.back().second = "2";
-    const struct {
-        Assignments mine, theirs;
-        std::string conflicts;
-        Assignments merged;  // what is changed in the base without a conflict
-    } kCases[] = {
-        {{{"19010/10067", "5"}}, none, "", {{"19010/10067", "5"}}},
-        {none, {{"19010/10067", "5"}}, "", {{"19010/10067", "5"}}},
-        {{{"19010/10067", "5"}}, {{"19010/10067", "5"}}, "", {{"19010/10067", "5"}}},
-        {{{"19010/10067", "5"}}, {{"19010/10067", "4"}}, "19010/10067: 6 mm | 5 mm | 4 mm\n", none},
-        {{{"19040/29183/1", "none"}},
-         {{"19040/29183/3/angle1", "2"}},
-         "",
-         {{"19040/29183/3/angle1", "2"}, {"19040/29183/1", "none"}}},
-        {{{"19040/29183/1", "none"}},
-         {{"19040/29183/1/angle1", "2"}},
-         "19040/29183/1: present | (none) | present, changed\n",
-         none},
-        {{{"19040/29183/1/angle1", "2"}},
-         {{"19040/29183/1", "none"}},
-         "19040/29183/1: present | present, but 19040/29183/1/angle1 is 2 deg | (none)\n",
-         none},
-        {{{"19010/Steel", "none"}}, none, "", {{"19010/Steel", "none"}}},
-        {none, {{"19010/Steel", "none"}}, "", {{"19010/Steel", "none"}}},
-        {{{"19010/Steel", "none"}},
-         {{"19010/Steel/10067", "5"}},
-         "19010/Steel: present | (none) | present, changed\n",
-         none},
-        {band, band, "", band},
-        {band, otherBand, "19040/29183/5: (none) | present, but 19040/29183/5/angle3 is 1 deg | present\n",
-         none},
-        {{{"19020/Steel/29118/1", "6"}},
-         {{"19020/Steel/29118/2", "8"}},
-         "",
-         {{"19020/Steel/29118/1", "6"}, {"19020/Steel/29118/2", "8"}}},
-    };
-    for (const auto& [mine, theirs, conflicts, merged] : kCases) {
+    for (const auto& [mine, theirs, conflicts, merged] : kMerges) {
         SCOPED_TRACE(PrintToString(mine) + PrintToString(theirs));
         const RuleDocument base = Read(m_all);
         const std::string mineBytes = Edited(m_all, mine), theirBytes = Edited(m_all, theirs);
@@ -255,4 +256,17 @@ TEST_F(PatchTest, Merges) {
         MergeDocuments(base, mineDocument, theirDocument, MergeChoice::Theirs);
         EXPECT_THAT(KeysOfDifferences(theirDocument.ToUtf8(), theirBytes), IsEmpty());
     }
+}
+
+TEST_F(PatchTest, MergesDeletedRules) {
+    RuleDocument mine = Read(m_all), theirs = Read(Edited(m_all, {{"19030/29167", "20"}}));
+    mine.Remove(*mine.FindRule(19030));
+    const std::string without = mine.ToUtf8();
+    RuleDocument base = Read(m_all);
+    EXPECT_EQ(TextOf(MergeDocuments(base, mine, theirs, MergeChoice::None).conflicts),
+              "19030: present | (none) | present, changed\n");
+    EXPECT_EQ(TextOf(MergeDocuments(base, theirs, mine, MergeChoice::None).conflicts),
+              "19030: present | present, but 19030/29167 is 20 | (none)\n");
+    RuleDocument unchanged = Read(m_all);
+    EXPECT_EQ(MergeDocuments(base, unchanged, mine, MergeChoice::None).merged->ToUtf8(), without);
 }

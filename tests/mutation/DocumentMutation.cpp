@@ -46,7 +46,7 @@ class DocumentRounds {
         for (const Arguments& arguments : {Arguments{"check", m_path},
                                            {"check", m_path, "--json"},
                                            {"show", m_path, "--json"},
-                                           {"diff", m_path, sample},
+                                           {"diff", m_path, sample, "--json"},
                                            {"diff", m_path, "--defaults", "--json"}})
             Run(arguments);
         const ExitCode same = shown == ExitCode::UnreadableInput ? shown : ExitCode::Done;
