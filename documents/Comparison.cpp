@@ -1,7 +1,5 @@
 #include "Comparison.h"
 
-#include "Text.h"
-
 #include <algorithm>
 #include <map>
 #include <set>

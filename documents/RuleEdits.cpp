@@ -22,13 +22,25 @@ std::pair<std::string, std::string> SplitKey(const std::string& key) {
     return {key.substr(0, end), end == std::string::npos ? "" : key.substr(end + 1)};
 }
 
+// What makes the values of one list those of another, but for what stands in tables of bands.
+std::vector<RuleEdits::Value> ValueEdits(const std::vector<RuleValue>& from,
+                                         const std::vector<RuleValue>& to) {
+    std::vector<RuleEdits::Value> edits;
+    const RuleValueIndex index(to);
+    for (const RuleValue& value : from)
+        if (value.table.empty() && !index.FindCounterpart(value)) edits.push_back({value.key, std::nullopt});
+    for (const RuleValue& value : to)
+        if (value.table.empty()) edits.push_back({value.key, value});
+    return edits;
+}
+
 class EditApplier {
   public:
     EditApplier(RuleDocument& document, const RuleDocument::Entry& entry, const RuleEdits& edits)
         : m_document(document), m_entry(entry), m_edits(edits) {}
 
     void Apply() {
-        SetValues();
+        SetValues(m_edits.values);
         ChangeRows(m_edits.rows);
         RemoveConstraints();
         for (const std::vector<RuleValue>& values : m_edits.addedConstraints) AddConstraint(values);
@@ -64,12 +76,12 @@ class EditApplier {
     }
 
     // The mass unit comes first: it converts the weights.
-    void SetValues() {
+    void SetValues(const std::vector<RuleEdits::Value>& values) {
         const std::vector<RuleValue> places = ListRuleValues(Rule());
         const RuleValueIndex index(places);
         std::map<std::string, std::optional<double>> optional;
         for (const bool isMassUnit : {true, false})
-            for (const RuleEdits::Value& edit : m_edits.values) {
+            for (const RuleEdits::Value& edit : values) {
                 const RuleValue* place = index.FindCounterpart({.key = edit.key});
                 if ((edit.key == std::to_string(kMassUnitId)) != isMassUnit) continue;
                 if (place && edit.value)
@@ -118,15 +130,11 @@ class EditApplier {
         for (const auto& [table, bands] : TablesOf(values))
             for (const BandRow& band : bands) rows.push_back({key + "/band", 0, true, band});
         ChangeRows(rows);
-        const std::vector<RuleValue> places = ListRuleValues(Rule());
-        const RuleValueIndex index(places);
-        for (const RuleValue& value : values) {
-            if (!value.table.empty()) continue;
-            const std::string name = key + "/" + SplitKey(value.key).second;
-            const RuleValue* place = index.FindCounterpart({.key = name});
-            if (!place) throw EditError(name + ": there is no such value");
-            Set(*place, value);
-        }
+        std::vector<RuleValue> renamed = values;
+        for (RuleValue& value : renamed) value.key = key + "/" + SplitKey(value.key).second;
+        std::vector<RuleValue> places = ListRuleValues(Rule());
+        std::erase_if(places, [&](const RuleValue& place) { return SplitKey(place.key).first != key; });
+        SetValues(ValueEdits(places, renamed));
     }
 
     RuleDocument& m_document;
@@ -142,16 +150,19 @@ RuleEdits EditsTo(const CMfxRule& rule, const std::vector<RuleValue>& values, co
         for (const BandRow& row : rows)
             if (ConstraintOfTable(table).empty()) edits.rows.push_back({table, row[0].row});
     std::map<std::string, std::size_t> constraints;
+    std::vector<RuleValue> before = ListRuleValues(rule), after;
+    std::erase_if(before, [](const RuleValue& value) { return IsConstraintKey(SplitKey(value.key).first); });
     for (const RuleValue& value : values) {
         const std::string constraint = SplitKey(value.key).first;
-        if (IsConstraintKey(constraint)) {
-            const auto [found, isNew] = constraints.emplace(constraint, edits.addedConstraints.size());
-            if (isNew) edits.addedConstraints.emplace_back();
-            edits.addedConstraints[found->second].push_back(value);
-        } else if (value.table.empty()) {
-            edits.values.push_back({value.key, value});
+        if (!IsConstraintKey(constraint)) {
+            after.push_back(value);
+            continue;
         }
+        const auto [found, isNew] = constraints.emplace(constraint, edits.addedConstraints.size());
+        if (isNew) edits.addedConstraints.emplace_back();
+        edits.addedConstraints[found->second].push_back(value);
     }
+    edits.values = ValueEdits(before, after);
     for (const auto& [table, rows] : TablesOf(values))
         for (const BandRow& row : rows)
             if (ConstraintOfTable(table).empty()) edits.rows.push_back({table, 0, true, row});
