@@ -130,11 +130,14 @@ class DocumentMaker {
     int Below(int limit) { return static_cast<int>(m_random() % static_cast<unsigned>(limit)); }
 
     // Changes that a dialog would take, mostly.
-    Assignments MakeChange() {
+    Assignments MakeChange() { return Below(2) ? MakeChangeOfBands() : MakeOtherChange(); }
+
+  private:
+    Assignments MakeChangeOfBands() {
         const std::string row = std::to_string(1 + Below(4)), next = std::to_string(row[0] - '0' + 1);
         const std::string table = "19040/29183/", band = "19020/Steel/band/", number = Number(1, 9);
-        const std::string joint = Number(26, 100), material = std::string(1, "ABC"[Below(3)]);
-        switch (Below(12)) {
+        const std::string joint = Number(26, 100);
+        switch (Below(7)) {
             case 0:
                 return {{table + row + "/angle" + std::to_string(1 + Below(3)), number}};
             case 1:
@@ -152,29 +155,34 @@ class DocumentMaker {
             case 5:
                 return {{band + "4", "present"},
                         {"19020/Steel/29119/4", "1500"},
-                        {"19020/Steel/29120/4", joint + "00"},
+                        {"19020/Steel/29120/4", Number(1501, 2000)},
                         {"19020/Steel/29118/4", number}};
-            case 6:
+            default:
                 return {{"19020/Steel/29120/1", joint}, {"19020/Steel/29119/2", joint}};
-            case 7:
-                return {{"19010/" + material, Below(2) ? "present" : "none"},
+        }
+    }
+
+    Assignments MakeOtherChange() {
+        const std::string number = Number(1, 9), material = std::string(1, "ABC"[Below(3)]);
+        switch (Below(5)) {
+            case 0:
+                return {{"19010/" + material, "present"},
                         {"19010/" + material + "/10067", number},
                         {"19010/" + material + "/10068", Number(10, 20)}};
-            case 8:
+            case 1:
                 return {{"19010/Steel", "none"}};
-            case 9:
+            case 2:
                 return {{"19020/" + material, "present"},
                         {"19020/" + material + "/29121/1", "0.5"},
-                        {"19020/" + material + "/29122/1", joint},
+                        {"19020/" + material + "/29122/1", number},
                         {"19020/" + material + "/29118/1", number}};
-            case 10:
+            case 3:
                 return {{"19020/10165", Below(2) ? "g" : "t"}};
             default:
                 return {{"19010/10067", number}, {"19010/severity", std::to_string(Below(4))}};
         }
     }
 
-  private:
     std::string Number(int from, int to) {
         return std::to_string(from + Below(to - from)) + "." + std::to_string(1 + Below(99));
     }
