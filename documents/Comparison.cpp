@@ -1,88 +1,13 @@
 #include "Comparison.h"
 
-#include "RecordNames.h"
-#include "Text.h"
-
 #include <algorithm>
 #include <map>
 #include <set>
 
 namespace {
 
-// A rule's values in the units in which both sides are shown.
-struct RuleContent {
-    std::string name;
-    int ruleId = 0;  // 0 of a record that the module does not know
-    std::vector<RuleValue> values = {};
-    std::string key = {};
-};
-
-// The units in which values are compared: masses in kilograms, whatever unit a rule keeps them in.
-RuleUnits ComparedUnits(const RuleDocument& left) {
-    return {left.GetUnits().m_nLengthUnit, left.GetUnits().m_nAngleUnit};
-}
-
-RuleContent ContentOf(const CMfxRule& rule, const RuleUnits& to) {
-    RuleContent content{ToUtf8(rule.m_strDisplayName), rule.GetRuleId(), ListRuleValues(rule)};
-    for (RuleValue& value : content.values) value = ConvertValue(std::move(value), UnitsOf(rule), to);
-    return content;
-}
-
-// The texts of a record that the module does not know, each with its path as label: "Parameter (2)/Value".
-void ListTexts(const MfxXMLNode& element, const std::string& path, std::vector<RuleValue>& values) {
-    const auto add = [&](const std::string& label, const CString& text) {
-        if (!text.IsEmpty()) values.push_back({.key = label, .label = label, .content = ToUtf8(text)});
-    };
-    add(path, element.GetNodeValue().Trim());
-    const std::string prefix = path.empty() ? "" : path + "/";
-    for (const CString& name : element.GetAttributeNames())
-        add(prefix + ToUtf8(name), element.GetAttribute(name));
-    std::map<std::string, int> counts;
-    element.ForEachChild(CString(), [&](const MfxXMLNode& child) {
-        const std::string tag = ToUtf8(child.GetNodeName());
-        const int count = ++counts[tag];
-        ListTexts(child, prefix + tag + (count > 1 ? " (" + std::to_string(count) + ")" : ""), values);
-    });
-}
-
-RuleContent ContentOf(const MfxXMLNode& unknownRecord) {
-    RuleContent content{ToUtf8(unknownRecord.GetAttribute(kNameAttribute))};
-    ListTexts(unknownRecord, "", content.values);
-    return content;
-}
-
-std::vector<RuleContent> ContentsOf(const RuleDocument& document, const RuleUnits& to) {
-    std::vector<RuleContent> contents;
-    for (const RuleDocument::Entry& entry : document.GetEntries()) {
-        contents.push_back(entry.rule ? ContentOf(*entry.rule, to) : ContentOf(*entry.record));
-        contents.back().key = entry.key;
-    }
-    return contents;
-}
-
-// A fresh rule for every rule of the document, in its order.
-std::vector<RuleContent> DefaultsFor(const RuleDocument& document, const RuleUnits& to) {
-    const std::vector<RulePtr> fresh = document.GetModule().CreateAllRules();
-    std::vector<RuleContent> contents;
-    for (const RuleDocument::Entry& entry : document.GetEntries())
-        for (const RulePtr& rule : fresh)
-            if (entry.rule && rule->GetRuleId() == entry.rule->GetRuleId()) {
-                contents.push_back(ContentOf(*rule, to));
-                contents.back().key = entry.key;
-            }
-    return contents;
-}
-
-// Stands for all values of a constraint or a rule that only one side has.
+// Stands for all values of a row, a constraint or a rule that only one side has.
 const RuleValue kWhole{.content = "present"};
-
-// The constraints that only the first rule has; their values are not compared one by one.
-std::set<std::string> ConstraintsOnlyIn(const RuleContent& first, const RuleContent& second) {
-    std::set<std::string> constraints;
-    for (const RuleValue& value : first.values) constraints.insert(value.constraint);
-    for (const RuleValue& value : second.values) constraints.erase(value.constraint);
-    return constraints;
-}
 
 // In the order of rule ids; records that the module does not know come first.
 using ContentsByKey = std::map<std::pair<int, std::string>, const RuleContent*>;
@@ -91,6 +16,14 @@ ContentsByKey SortByKey(const std::vector<RuleContent>& contents) {
     ContentsByKey sorted;
     for (const RuleContent& content : contents) sorted[{content.ruleId, content.key}] = &content;
     return sorted;
+}
+
+// The values of each constraint of a rule, by its key. Those of the rule itself are not among them.
+std::map<std::string, std::vector<RuleValue>> ConstraintsOf(const RuleContent& content) {
+    std::map<std::string, std::vector<RuleValue>> constraints;
+    for (const RuleValue& value : content.values)
+        if (!value.constraint.empty()) constraints[value.key.substr(0, value.key.find('/'))].push_back(value);
+    return constraints;
 }
 
 class Comparer {
@@ -105,71 +38,136 @@ class Comparer {
             if (found != rights.end())
                 CompareRules(*content, *found->second);
             else
-                AddWhole("", "rule", kWhole, std::nullopt);
+                AddWholeRule(true);
         }
         for (const auto& [key, content] : rights) {
             m_rule = content;
-            if (!lefts.contains(key)) AddWhole("", "rule", std::nullopt, kWhole);
+            if (!lefts.contains(key)) AddWholeRule(false);
         }
         return std::move(m_differences);
     }
 
   private:
-    void AddWhole(const std::string& constraint, const std::string& label, std::optional<RuleValue> left,
-                  std::optional<RuleValue> right) {
-        m_differences.push_back({.rule = m_rule->name,
-                                 .ruleId = m_rule->ruleId,
-                                 .key = m_rule->key + (constraint.empty() ? "" : "/" + constraint),
-                                 .constraint = constraint,
-                                 .label = label,
-                                 .left = std::move(left),
-                                 .right = std::move(right)});
+    // The key is the rest behind the rule's own.
+    Difference& Add(DifferenceScope scope, const std::string& key, const std::string& label) {
+        return m_differences.emplace_back(Difference{.scope = scope,
+                                                     .rule = m_rule->name,
+                                                     .ruleId = m_rule->ruleId,
+                                                     .key = m_rule->key + (key.empty() ? "" : "/" + key),
+                                                     .label = label,
+                                                     .left = std::nullopt,
+                                                     .right = std::nullopt});
     }
 
-    void AddValue(const RuleValue* left, const RuleValue* right) {
+    Difference& AddWhole(DifferenceScope scope, const std::string& key, const std::string& label, bool isLeft,
+                         const std::vector<RuleValue>& values) {
+        Difference& difference = Add(scope, key, label);
+        (isLeft ? difference.left : difference.right) = kWhole;
+        difference.values = values;
+        return difference;
+    }
+
+    void AddWholeRule(bool isLeft) {
+        AddWhole(DifferenceScope::Rule, "", "rule", isLeft,
+                 m_rule->ruleId ? m_rule->values : std::vector<RuleValue>());
+    }
+
+    Difference& AddValue(const RuleValue* left, const RuleValue* right) {
         const RuleValue& value = left ? *left : *right;
-        m_differences.push_back({.rule = m_rule->name,
-                                 .ruleId = m_rule->ruleId,
-                                 .key = m_rule->key + "/" + value.key,
-                                 .paramId = value.location.paramId,
-                                 .constraint = value.constraint,
-                                 .label = value.label,
-                                 .row = value.row,
-                                 .left = left ? std::optional(*left) : std::nullopt,
-                                 .right = right ? std::optional(*right) : std::nullopt});
+        Difference& difference = Add(DifferenceScope::Value, value.key, value.label);
+        difference.paramId = value.location.paramId;
+        difference.constraint = value.constraint;
+        difference.row = value.row;
+        if (left) difference.left = *left;
+        if (right) difference.right = *right;
+        return difference;
     }
 
     void CompareRules(const RuleContent& left, const RuleContent& right) {
-        std::set<std::string> onlyOnOneSide = ConstraintsOnlyIn(left, right);
-        for (const std::string& constraint : onlyOnOneSide)
-            AddWhole(constraint, "constraint", kWhole, std::nullopt);
-        for (const std::string& constraint : ConstraintsOnlyIn(right, left)) {
-            AddWhole(constraint, "constraint", std::nullopt, kWhole);
-            onlyOnOneSide.insert(constraint);
+        const auto lefts = ConstraintsOf(left), rights = ConstraintsOf(right);
+        m_onOneSide.clear();
+        AddConstraintsOnlyIn(lefts, rights, true);
+        AddConstraintsOnlyIn(rights, lefts, false);
+        CompareValues(left.values, right.values);
+        auto rightTables = TablesOf(right.values), leftTables = TablesOf(left.values);
+        for (const auto& [table, rows] : rightTables) leftTables[table];
+        for (const auto& [table, rows] : leftTables)
+            if (!m_onOneSide.contains(ConstraintOfTable(table)))
+                CompareTables(table, rows, rightTables[table]);
+    }
+
+    template <class Constraints>
+    void AddConstraintsOnlyIn(const Constraints& constraints, const Constraints& others, bool isLeft) {
+        for (const auto& [key, values] : constraints) {
+            if (others.contains(key)) continue;
+            AddWhole(DifferenceScope::Constraint, key, "constraint", isLeft, values).constraint =
+                values.front().constraint;
+            m_onOneSide.insert(key);
         }
-        const RuleValueIndex lefts(left.values), rights(right.values);
-        for (const RuleValue& value : left.values) {
+    }
+
+    // All but what stands in tables of bands.
+    void CompareValues(const std::vector<RuleValue>& left, const std::vector<RuleValue>& right) {
+        const RuleValueIndex lefts(left), rights(right);
+        for (const RuleValue& value : left) {
             const RuleValue* other = rights.FindCounterpart(value);
-            if (!onlyOnOneSide.contains(value.constraint) && !(other && IsSameValue(value, *other)))
-                AddValue(&value, other);
+            if (IsCompared(value) && !(other && IsSameValue(value, *other))) AddValue(&value, other);
         }
-        for (const RuleValue& value : right.values)
-            if (!onlyOnOneSide.contains(value.constraint) && !lefts.FindCounterpart(value))
-                AddValue(nullptr, &value);
+        for (const RuleValue& value : right)
+            if (IsCompared(value) && !lefts.FindCounterpart(value)) AddValue(nullptr, &value);
+    }
+
+    bool IsCompared(const RuleValue& value) const {
+        return value.table.empty() && !m_onOneSide.contains(value.key.substr(0, value.key.find('/')));
+    }
+
+    void CompareTables(const std::string& table, const std::vector<BandRow>& left,
+                       const std::vector<BandRow>& right) {
+        int after = 0;
+        for (const RowPair& pair : AlignRows(left, right)) {
+            const BandRow none;
+            const BandRow& leftRow = pair.left ? left[static_cast<std::size_t>(pair.left - 1)] : none;
+            const BandRow& rightRow = pair.right ? right[static_cast<std::size_t>(pair.right - 1)] : none;
+            if (pair.left && pair.right)
+                CompareRows(leftRow, rightRow);
+            else
+                AddWholeRow(table, pair.left ? leftRow : rightRow, pair.left != 0, after);
+            if (pair.left) after = pair.left;
+        }
+    }
+
+    void CompareRows(const BandRow& left, const BandRow& right) {
+        for (std::size_t i = 0; i < std::min(left.size(), right.size()); ++i) {
+            if (IsSameValue(left[i], right[i])) continue;
+            Difference& difference = AddValue(&left[i], &right[i]);
+            difference.table = left[i].table;
+            difference.bounds = BoundsOf(left);
+        }
+    }
+
+    void AddWholeRow(const std::string& table, const BandRow& row, bool isLeft, int after) {
+        Difference& difference =
+            AddWhole(DifferenceScope::Row, RowKey(table, row[0].row), "band", isLeft, row);
+        difference.constraint = row[0].constraint;
+        difference.table = table;
+        difference.row = row[0].row;
+        difference.bounds = BoundsOf(row);
+        if (!isLeft) difference.after = after;
+        if (ConstraintOfTable(table).empty()) difference.paramId = row[0].location.paramId;
     }
 
     const RuleContent* m_rule = nullptr;  // the one being compared
+    std::set<std::string> m_onOneSide;    // keys of its constraints that only one side has
     std::vector<Difference> m_differences;
 };
 
 }  // namespace
 
-std::vector<Difference> CompareDocuments(const RuleDocument& left, const RuleDocument& right) {
-    const RuleUnits units = ComparedUnits(left);
-    return Comparer().Compare(ContentsOf(left, units), ContentsOf(right, units));
+std::vector<Difference> CompareContents(const std::vector<RuleContent>& left,
+                                        const std::vector<RuleContent>& right) {
+    return Comparer().Compare(left, right);
 }
 
-std::vector<Difference> CompareWithDefaults(const RuleDocument& document) {
-    const RuleUnits units = ComparedUnits(document);
-    return Comparer().Compare(DefaultsFor(document, units), ContentsOf(document, units));
+std::vector<Difference> CompareDocuments(const RuleDocument& left, const RuleDocument& right) {
+    return CompareContents(ContentsOf(left, left.GetUnits()), ContentsOf(right, left.GetUnits()));
 }

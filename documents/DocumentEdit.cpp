@@ -26,11 +26,6 @@ std::vector<std::string> KeysOf(const RuleDocument& document) {
     return keys;
 }
 
-[[noreturn]] void RefuseKey(const RuleDocument& document, const std::string& key) {
-    throw EditError(key + ": there is no such value; the nearest keys are " +
-                    NearestKeys(KeysOf(document), key));
-}
-
 template <class Row>
 std::vector<CString> NamesOf(const std::vector<Row>& rows) {
     std::vector<CString> names;
@@ -45,17 +40,31 @@ const RuleValue* FindByKey(const std::vector<RuleValue>& values, const std::stri
 
 }  // namespace
 
+void RefuseKey(const RuleDocument& document, const std::string& key) {
+    throw EditError(key + ": there is no such value; the nearest keys are " +
+                    NearestKeys(KeysOf(document), key));
+}
+
 const RuleDocument::Entry& DocumentEdit::RequireEntry(const std::string& key) const {
-    const std::string ruleKey = key.substr(0, key.find('/'));
-    for (const RuleDocument::Entry& entry : m_document.GetEntries())
-        if (entry.rule && entry.key == ruleKey) return entry;
-    RefuseKey(m_document, key);
+    const RuleDocument::Entry* const entry = m_document.FindEntry(key.substr(0, key.find('/')));
+    if (!entry || !entry->rule) RefuseKey(m_document, key);
+    return *entry;
+}
+
+const RuleDocument::Entry& DocumentEdit::ChangeEntry(const std::string& key) {
+    const RuleDocument::Entry& entry = RequireEntry(key);
+    if (!m_changed.insert(entry.key).second) return entry;
+    const std::vector<Finding> ignored = FindIgnoredContent(m_document, entry);
+    if (!ignored.empty())
+        throw EditError(LinePrefix(m_document.GetPath(), ignored[0].line) + DescribeFinding(ignored[0]) +
+                        "; the rule can't be changed without losing it");
+    return entry;
 }
 
 void DocumentEdit::Set(const std::string& key, const std::string& text) {
-    const RuleDocument::Entry& entry = RequireEntry(key);
+    const RuleDocument::Entry& entry = ChangeEntry(key);
     const std::string rest = RestOf(entry, key);
-    m_changed.insert(&entry);
+    m_typed.insert(entry.key);
     if (const std::optional<WholePlace> whole = FindWholePlace(*entry.rule, rest)) {
         SetWhole(entry, *whole, key, text);
         return;
@@ -71,9 +80,27 @@ void DocumentEdit::Set(const std::string& key, const std::string& text) {
     }
 }
 
+void DocumentEdit::Change(const std::string& ruleKey, const RuleEdits& edits) {
+    ApplyEdits(m_document, ChangeEntry(ruleKey), edits);
+}
+
+void DocumentEdit::AddRule(int ruleId, const std::vector<RuleValue>& values, const UnitPair& units) {
+    for (RulePtr& rule : m_document.GetModule().CreateAllRules()) {
+        if (rule->GetRuleId() != ruleId) continue;
+        const UnitPair to = m_document.GetUnits(), from{rule->m_nLengthUnit, rule->m_nAngleUnit};
+        if (!(from == to)) rule->ConvertUnits(from, to);
+        rule->m_nLengthUnit = to.m_nLengthUnit;
+        rule->m_nAngleUnit = to.m_nAngleUnit;
+        const RuleEdits edits = EditsTo(*rule, values, units);
+        m_document.Append(std::move(rule));
+        Change(m_document.GetEntries().back().key, edits);
+        return;
+    }
+}
+
 void DocumentEdit::SetDraftBands(const std::string& ruleKey, const std::vector<MfxTableRow>& bands) {
-    const RuleDocument::Entry& entry = RequireEntry(ruleKey);
-    m_changed.insert(&entry);
+    const RuleDocument::Entry& entry = ChangeEntry(ruleKey);
+    m_typed.insert(entry.key);
     MfxArray<MfxTableRow>& rows =
         FindParameter(entry.rule->m_paramArray, kDraftAngleTableId)->GetValues<MfxTableRow>();
     rows.RemoveAll();
@@ -98,8 +125,8 @@ void DocumentEdit::SetGroups(const std::string& ruleKey, const std::vector<Group
 
 // Gives the rule just these constraints, in this order. Those that were there keep what they have.
 const CMfxRule& DocumentEdit::SetConstraints(const std::string& ruleKey, const std::vector<CString>& names) {
-    const RuleDocument::Entry& entry = RequireEntry(ruleKey);
-    m_changed.insert(&entry);
+    const RuleDocument::Entry& entry = ChangeEntry(ruleKey);
+    m_typed.insert(entry.key);
     std::set<CString> present;
     for (const CMFXConstraint* constraint : entry.rule->m_constraintArray)
         present.insert(constraint->m_strName);
@@ -118,6 +145,7 @@ void DocumentEdit::SetWhole(const RuleDocument::Entry& entry, const WholePlace& 
         throw EditError(key + ": it is a whole row or constraint; \"present\" adds it, \"none\" removes it");
     if (place.row == 0 && isPresent == (place.constraint >= 0))
         throw EditError(key + (isPresent ? ": it is there already" : ": it is not there"));
+    if (place.row == 0 && isPresent && !HasConstraints(*entry.rule)) RefuseKey(m_document, key);
     if (place.row == 0 && isPresent)
         m_document.AddConstraints(entry, {FromUtf8(place.name)});
     else
@@ -125,8 +153,9 @@ void DocumentEdit::SetWhole(const RuleDocument::Entry& entry, const WholePlace& 
 }
 
 void DocumentEdit::Finish() {
-    for (const RuleDocument::Entry* entry : m_changed) {
-        CloseLastBand(*entry->rule);
+    for (const std::string& key : m_changed) {
+        const RuleDocument::Entry* entry = m_document.FindEntry(key);
+        if (m_typed.contains(key)) CloseLastBand(*entry->rule);
         const CString refusal = FindRefusal(*entry->rule);
         if (!refusal.IsEmpty())
             throw EditError(ToUtf8(entry->rule->m_strDisplayName) + " (" + entry->key +

@@ -1,6 +1,7 @@
 #include "RuleDocument.h"
 
 #include "DocumentError.h"
+#include "EditError.h"
 #include "ParameterXml.h"
 #include "RecordNames.h"
 #include "RuleParameters.h"
@@ -192,6 +193,43 @@ void RuleDocument::Append(RulePtr rule) {
     Add(std::move(entry));
 }
 
+RuleDocument::Entry RuleDocument::MakeEntry(const std::string& xml) {
+    MfxXMLDocument parsed;
+    if (!parsed.Parse(xml).bOk ||
+        std::unique_ptr<MfxXMLNode>(parsed.GetRootNode())->GetNodeName() != kRuleTag)
+        throw EditError("a record is no XML of a rule");
+    Entry entry;
+    entry.record.reset(parsed.GetRootNode());
+    GetRoot().AppendNode(entry.record.get());
+    entry.rule = MakeRule(*entry.record);
+    return entry;
+}
+
+void RuleDocument::AppendRecord(const std::string& xml) {
+    Add(MakeEntry(xml));
+}
+
+void RuleDocument::ReplaceRecord(const Entry& entry, const std::string& xml) {
+    Entry& old = m_entries[static_cast<std::size_t>(&entry - m_entries.data())];
+    Entry updated = MakeEntry(xml);
+    MfxXMLNode root = GetRoot();
+    root.InsertAfter(updated.record.get(), old.record.get());
+    m_entryOfRecord.erase(*old.record);
+    m_entryOfRecord.emplace(*updated.record, &old - m_entries.data());
+    root.RemoveNode(*old.record);
+    updated.key = old.key;
+    old = std::move(updated);
+}
+
+void RuleDocument::Remove(const Entry& entry) {
+    GetRoot().RemoveNode(*entry.record);
+    std::vector<Entry> entries = std::exchange(m_entries, {});
+    entries.erase(entries.begin() + (&entry - entries.data()));
+    m_entryOfRecord.clear();
+    m_keys = KeyCounter();
+    for (Entry& other : entries) Add(std::move(other));
+}
+
 void RuleDocument::UpdateRecordOf(const Entry& entry, ConstraintStatus status) const {
     UpdateRecord(*entry.record, *WriteRecord(*entry.rule), status);
 }
@@ -257,5 +295,10 @@ void RuleDocument::Save(const CString& path) {
 const RuleDocument::Entry* RuleDocument::FindRule(int ruleId) const {
     const auto found = std::ranges::find_if(
         m_entries, [=](const Entry& entry) { return entry.rule && entry.rule->GetRuleId() == ruleId; });
+    return found != m_entries.end() ? &*found : nullptr;
+}
+
+const RuleDocument::Entry* RuleDocument::FindEntry(const std::string& ruleKey) const {
+    const auto found = std::ranges::find(m_entries, ruleKey, &Entry::key);
     return found != m_entries.end() ? &*found : nullptr;
 }

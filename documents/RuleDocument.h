@@ -60,6 +60,14 @@ class RuleDocument {
     // its record. Conversion.h does so with its checks. After an exception the document is of no use.
     void ConvertUnits(const UnitPair& units);
 
+    // Appends the record that the XML says, or puts it in the place of another one. Throws EditError when it
+    // is no XML of a record.
+    void AppendRecord(const std::string& xml);
+    void ReplaceRecord(const Entry& entry, const std::string& xml);
+
+    // The other entries move up and may get other keys.
+    void Remove(const Entry& entry);
+
     // Runs the dialog of one of the document's rules, then brings the rule back to the document's units and
     // its record up to date. Whether anything changed.
     bool ConfigureRule(const Entry& entry);
@@ -85,6 +93,9 @@ class RuleDocument {
     // The first rule with that id, or null.
     const Entry* FindRule(int ruleId) const;
 
+    // The entry of a rule's key, or null.
+    const Entry* FindEntry(const std::string& ruleKey) const;
+
     // The entry in whose record the element stands, or null.
     const Entry* FindEntry(const MfxXMLNode& element) const;
 
@@ -105,6 +116,7 @@ class RuleDocument {
                                  const std::function<bool(int)>& isKnown, const std::string& known) const;
     void ReadRules(const MfxXMLNode& root, const ReadingProgress& progress);
     void Add(Entry entry);
+    Entry MakeEntry(const std::string& xml);
     RulePtr MakeRule(MfxXMLNode& record) const;
     void UpdateRecordOf(const Entry& entry, ConstraintStatus status) const;
 

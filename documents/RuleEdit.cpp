@@ -11,16 +11,8 @@
 #include <iterator>
 #include <map>
 #include <set>
-#include <sstream>
 
 namespace {
-
-std::vector<std::string> PartsOf(const std::string& key) {
-    std::vector<std::string> parts;
-    std::istringstream stream(key);
-    for (std::string part; std::getline(stream, part, '/');) parts.push_back(part);
-    return parts;
-}
 
 // 0 for a text that is no whole number above zero.
 int ToNumber(const std::string& text) {
@@ -49,13 +41,6 @@ std::vector<MfxArray<double>*> BandLists(const CMfxRule& rule, int constraint) {
     return lists;
 }
 
-int CountBands(const CMfxRule& rule, int constraint) {
-    int count = 0;
-    for (const MfxArray<double>* list : BandLists(rule, constraint))
-        count = std::max(count, list->GetCount());
-    return count;
-}
-
 template <class Value>
 void InsertAt(MfxArray<Value>& values, int index, const Value& value) {
     std::vector<Value> all(values.begin(), values.end());
@@ -66,6 +51,17 @@ void InsertAt(MfxArray<Value>& values, int index, const Value& value) {
 
 MfxTableRow EmptyRow() {
     return {std::vector<CString>(DraftCell::Count)};
+}
+
+// The element of a list of bands that may be shorter than the others.
+double& ElementAt(MfxArray<double>& values, int index) {
+    while (values.GetCount() <= index) values.Add(kValueNotGiven);
+    return values[index];
+}
+
+CString& CellAt(MfxTableRow& row, std::size_t cell) {
+    if (row.cells.size() <= cell) row.cells.resize(cell + 1);
+    return row.cells[cell];
 }
 
 CMfxParamStorage& StorageOf(CMfxRule& rule, const RecordLocation& location) {
@@ -108,10 +104,10 @@ void SetOfParameter(CMfxRule& rule, const RuleValue& place, const ValueContent& 
             storage.m_bStatus = content == ValueContent("yes");
             break;
         case ValueKind::Number:
-            storage.GetValues<double>()[index] = StoredNumber(content);
+            ElementAt(storage.GetValues<double>(), index) = StoredNumber(content);
             break;
         case ValueKind::Cell:
-            storage.GetValues<MfxTableRow>()[index].cells[place.cell] = CellOf(content);
+            CellAt(storage.GetValues<MfxTableRow>()[index], place.cell) = CellOf(content);
             break;
         case ValueKind::Deviation:
             SetDeviation(storage, place, StoredNumber(content));
@@ -125,7 +121,7 @@ void SetOfParameter(CMfxRule& rule, const RuleValue& place, const ValueContent& 
 }  // namespace
 
 std::optional<WholePlace> FindWholePlace(const CMfxRule& rule, const std::string& key) {
-    const std::vector<std::string> parts = PartsOf(key);
+    const std::vector<std::string> parts = KeyParts(key);
     if (parts.empty()) return std::nullopt;
     const int constraint = FindConstraint(rule, parts[0]);
     if (parts.size() == 1 && parts[0] != "status" && parts[0] != "severity" && ToNumber(parts[0]) == 0)
@@ -135,9 +131,13 @@ std::optional<WholePlace> FindWholePlace(const CMfxRule& rule, const std::string
         if (const auto* table = FindTable(rule, ToNumber(parts[0])); table && row <= table->GetCount() + 1)
             return WholePlace{.paramId = ToNumber(parts[0]), .row = row};
     if (parts.size() == 3 && parts[1] == "band" && row && constraint >= 0 &&
-        row <= CountBands(rule, constraint) + 1)
+        row <= CountBands(*rule.m_constraintArray[constraint]) + 1)
         return WholePlace{.constraint = constraint, .row = row};
     return std::nullopt;
+}
+
+bool HasConstraints(const CMfxRule& rule) {
+    return rule.GetRuleId() == kUniformThicknessRuleId || rule.GetRuleId() == kSizeAndWeightRuleId;
 }
 
 void ChangeWhole(CMfxRule& rule, const WholePlace& place, bool isPresent) {
@@ -150,16 +150,19 @@ void ChangeWhole(CMfxRule& rule, const WholePlace& place, bool isPresent) {
         else if (index < table->GetCount())
             table->RemoveAt(index);
     } else {
-        for (MfxArray<double>* list : BandLists(rule, place.constraint))
+        const int count = CountBands(*rule.m_constraintArray[place.constraint]);
+        for (MfxArray<double>* list : BandLists(rule, place.constraint)) {
+            if (count > 0) ElementAt(*list, count - 1);
             if (isPresent)
                 InsertAt(*list, index, kValueNotGiven);
-            else if (index < list->GetCount())
+            else if (index < count)
                 list->RemoveAt(index);
+        }
     }
 }
 
 bool AppendRowFor(CMfxRule& rule, const std::string& key) {
-    const std::vector<std::string> parts = PartsOf(key);
+    const std::vector<std::string> parts = KeyParts(key);
     if (parts.size() != 3) return false;
     if (MfxArray<MfxTableRow>* table = FindTable(rule, ToNumber(parts[0]))) {
         if (ToNumber(parts[1]) != table->GetCount() + 1) return false;
@@ -167,7 +170,8 @@ bool AppendRowFor(CMfxRule& rule, const std::string& key) {
         return true;
     }
     const int constraint = FindConstraint(rule, parts[0]);
-    if (constraint < 0 || ToNumber(parts[2]) != CountBands(rule, constraint) + 1) return false;
+    if (constraint < 0 || ToNumber(parts[2]) != CountBands(*rule.m_constraintArray[constraint]) + 1)
+        return false;
     ChangeWhole(rule, {.constraint = constraint, .row = ToNumber(parts[2])}, true);
     return true;
 }

@@ -32,6 +32,9 @@ struct GroupRows {
 // one after the last.
 std::optional<WholePlace> FindWholePlace(const CMfxRule& rule, const std::string& key);
 
+// Whether the rule's values may differ by material or by group.
+bool HasConstraints(const CMfxRule& rule);
+
 // Inserts an empty row, or removes the row or the constraint.
 void ChangeWhole(CMfxRule& rule, const WholePlace& place, bool isPresent);
 

@@ -1,5 +1,6 @@
 #include "RuleValues.h"
 
+#include "CastSizeAndWeightBand.h"
 #include "DraftTableCheck.h"
 #include "Text.h"
 #include "ValueKey.h"
@@ -31,6 +32,7 @@ class ValueLister {
             m_constraint = NumberedName(*constraint);
             m_constraintKey = keys[static_cast<std::size_t>(++m_location.constraint)];
             AddWord("active", "active", constraint->m_bActive ? "yes" : "no", ValueKind::ConstraintActive);
+            m_bandCount = CountBands(*constraint);
             AddParameters(constraint->m_paramArray);
         }
         return std::move(m_values);
@@ -98,11 +100,15 @@ class ValueLister {
     void AddNumbers(const CMfxParamStorage& storage, const std::string& label) {
         const MfxArray<double>& values = storage.GetValues<double>();
         const bool isOfBand = IsBandParameter(storage.m_nParamId);
-        for (int i = 0; i < values.GetCount(); ++i) {
+        const int count = isOfBand ? std::max(values.GetCount(), m_bandCount) : values.GetCount();
+        for (int i = 0; i < count; ++i) {
             const int row = isOfBand || i > 0 ? i + 1 : 0;
             m_location.row = i + 1;
-            AddNumber(row ? std::to_string(row) : "", label, row, QuantityOfParameter(storage.m_nParamId),
-                      ContentOfNumber(values[i], isOfBand), ValueKind::Number);
+            RuleValue& value =
+                AddNumber(row ? std::to_string(row) : "", label, row, QuantityOfParameter(storage.m_nParamId),
+                          ContentOfNumber(i < values.GetCount() ? values[i] : kValueNotGiven, isOfBand),
+                          ValueKind::Number);
+            if (isOfBand) PutIntoTable(value, m_constraintKey + "/band", std::to_string(storage.m_nParamId));
         }
         m_location.row = 0;
     }
@@ -110,11 +116,13 @@ class ValueLister {
     void AddBands(const MfxArray<MfxTableRow>& rows) {
         for (int i = 0; i < rows.GetCount(); ++i) {
             m_location.row = i + 1;
-            const std::size_t cells = std::min<std::size_t>(rows[i].cells.size(), DraftCell::Count);
-            for (std::size_t cell = 0; cell < cells; ++cell)
-                AddNumber(std::to_string(i + 1) + "/" + kBandColumnKeys[cell], kBandColumnNames[cell], i + 1,
-                          QuantityOfDraftCell(cell), ContentOfCell(rows[i], cell), ValueKind::Cell)
-                    .cell = cell;
+            for (std::size_t cell = 0; cell < DraftCell::Count; ++cell) {
+                RuleValue& value = AddNumber(std::to_string(i + 1) + "/" + kBandColumnKeys[cell],
+                                             kBandColumnNames[cell], i + 1, QuantityOfDraftCell(cell),
+                                             ContentOfCell(rows[i], cell), ValueKind::Cell);
+                value.cell = cell;
+                PutIntoTable(value, std::to_string(m_location.paramId), kBandColumnKeys[cell]);
+            }
         }
         m_location.row = 0;
     }
@@ -158,16 +166,64 @@ class ValueLister {
         }
     }
 
+    static void PutIntoTable(RuleValue& value, const std::string& table, const std::string& column) {
+        value.table = table;
+        value.column = column;
+    }
+
     const CMfxRule& m_rule;
     const RuleUnits m_units;
     std::string m_constraint;  // the one being listed
     std::string m_constraintKey;
+    int m_bandCount = 0;        // of the constraint being listed
     RecordLocation m_location;  // of the value being listed
     std::map<std::string, int> m_constraintCounts;
     std::vector<RuleValue> m_values;
 };
 
+// These give the value of a table its place; false where there is no such table or column.
+bool LocateBandCell(const CMfxRule& rule, RuleValue& cell) {
+    const std::vector<std::string> keys = ConstraintKeys(rule);
+    const auto constraint = std::ranges::find(keys, ConstraintOfTable(cell.table));
+    const auto paramId =
+        std::ranges::find(kBandParameterIds, cell.column, [](long id) { return std::to_string(id); });
+    if (constraint == keys.end() || paramId == std::end(kBandParameterIds)) return false;
+    cell.location.constraint = static_cast<int>(constraint - keys.begin());
+    cell.location.paramId = *paramId;
+    cell.quantity = QuantityOfParameter(*paramId);
+    cell.kind = ValueKind::Number;
+    const CMFXConstraint& group = *rule.m_constraintArray[cell.location.constraint];
+    return group.FindParameterInArray(*paramId) != nullptr;
+}
+
+bool LocateDraftCell(RuleValue& cell) {
+    const auto column = std::ranges::find(kBandColumnKeys, cell.column);
+    if (cell.table != std::to_string(kDraftAngleTableId) || column == std::end(kBandColumnKeys)) return false;
+    cell.location.paramId = kDraftAngleTableId;
+    cell.cell = static_cast<std::size_t>(column - std::begin(kBandColumnKeys));
+    cell.quantity = QuantityOfDraftCell(cell.cell);
+    cell.kind = ValueKind::Cell;
+    return true;
+}
+
 }  // namespace
+
+std::optional<RuleValue> FindCell(const CMfxRule& rule, const std::string& table, int row,
+                                  const std::string& column) {
+    RuleValue cell{.key = CellKey(table, row, column), .row = row, .table = table, .column = column};
+    cell.location.row = row;
+    const bool isThere =
+        ConstraintOfTable(table).empty() ? LocateDraftCell(cell) : LocateBandCell(rule, cell);
+    return isThere ? std::optional(cell) : std::nullopt;
+}
+
+int CountBands(const CMFXConstraint& group) {
+    int count = 0;
+    for (const long paramId : kBandParameterIds)
+        if (const CMfxParamStorage* storage = group.FindParameterInArray(paramId))
+            count = std::max(count, storage->GetValues<double>().GetCount());
+    return count;
+}
 
 std::vector<std::string> ConstraintKeys(const CMfxRule& rule) {
     KeyCounter counter;

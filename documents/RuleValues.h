@@ -6,6 +6,7 @@
 
 #include <array>
 #include <map>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -17,9 +18,11 @@ enum class ValueKind { Status, Severity, ConstraintActive, ParameterActive, Numb
 struct RuleValue {
     std::string key = {};  // names the value in its rule, without the rule's own key: ValueKey.h
     std::string constraint =
-        {};                  // the constraint's name, numbered if not the only one; empty for the rule's own
-    std::string label = {};  // in the user's language: "Minimum wall thickness", "angle 1"
-    int row = 0;             // from 1; 0 outside lists and tables
+        {};                   // the constraint's name, numbered if not the only one; empty for the rule's own
+    std::string label = {};   // in the user's language: "Minimum wall thickness", "angle 1"
+    int row = 0;              // from 1; 0 outside lists and tables
+    std::string table = {};   // of a value in a table of bands its key: "29183", "Steel/band"
+    std::string column = {};  // of that table: "to", "29120"
     Quantity quantity = Quantity::None;
     std::string unit = {};  // symbol; empty for what is no number or has no unit
     ValueContent content = {};
@@ -29,8 +32,16 @@ struct RuleValue {
     std::size_t cell = 0;  // of a Cell its column, of a Deviation its map and member
 };
 
-// What a user sets in a rule, in the rule's order: status, severity, parameters and constraints.
+// What a user sets in a rule, in the rule's order: status, severity, parameters and constraints. What a row
+// of bands lacks is listed as not given.
 std::vector<RuleValue> ListRuleValues(const CMfxRule& rule);
+
+// The value of a table of bands without its content; nothing where the rule has no such table or column.
+std::optional<RuleValue> FindCell(const CMfxRule& rule, const std::string& table, int row,
+                                  const std::string& column);
+
+// The number of bands of a group; its lists may have different lengths.
+int CountBands(const CMFXConstraint& group);
 
 // The keys of a rule's constraints, in their order.
 std::vector<std::string> ConstraintKeys(const CMfxRule& rule);

@@ -18,8 +18,8 @@ ValueContent ContentOfNumber(double number, bool isOfBand) {
 }
 
 ValueContent ContentOfCell(const MfxTableRow& row, std::size_t cell) {
+    if (cell >= row.cells.size() || row.cells[cell].IsEmpty()) return std::monostate();
     const CString& text = row.cells[cell];
-    if (text.IsEmpty()) return std::monostate();
     if (!IsNumericText(text) || !IsReal(text)) return ToUtf8(text);
     return ContentOfNumber(ParseDouble(text), QuantityOfDraftCell(cell) == Quantity::Length);
 }

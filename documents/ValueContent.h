@@ -12,7 +12,7 @@ using ValueContent = std::variant<std::monostate, double, std::string>;
 // What a rule means by a stored number; in a band it may be a mark for "not given" or "no limit".
 ValueContent ContentOfNumber(double number, bool isOfBand);
 
-// What a rule means by a cell of its draft angle table.
+// What a rule means by a cell of its draft angle table; a cell that the row lacks is not given.
 ValueContent ContentOfCell(const MfxTableRow& row, std::size_t cell);
 
 // The number or mark that rules store for a content of bands: the reverse of ContentOfNumber.

@@ -3,10 +3,12 @@
 #include <algorithm>
 #include <charconv>
 #include <cctype>
+#include <sstream>
 
 namespace {
 
 constexpr std::string_view kNoName = "%";
+constexpr std::string_view kBandTable = "/band";
 
 bool IsAmbiguous(std::string_view name) {
     return name == "status" || name == "severity" ||
@@ -36,6 +38,7 @@ std::string KeyOfName(std::string_view name) {
 
 std::string NameOfKey(std::string_view key) {
     std::string name;
+    key = key.substr(0, key.find('#'));
     while (!key.empty()) {
         unsigned code = 0;
         const bool isEscape = key.size() >= 3 && key[0] == '%' &&
@@ -44,4 +47,34 @@ std::string NameOfKey(std::string_view key) {
         key.remove_prefix(isEscape ? 3 : 1);
     }
     return name;
+}
+
+std::vector<std::string> KeyParts(const std::string& key) {
+    std::vector<std::string> parts;
+    std::istringstream stream(key);
+    for (std::string part; std::getline(stream, part, '/');) parts.push_back(part);
+    return parts;
+}
+
+bool IsConstraintKey(std::string_view part) {
+    return !IsAmbiguous(part);
+}
+
+std::string RowKey(const std::string& table, int row) {
+    return table + "/" + std::to_string(row);
+}
+
+std::string CellKey(const std::string& table, int row, const std::string& column) {
+    const std::string constraint = ConstraintOfTable(table);
+    return constraint.empty() ? RowKey(table, row) + "/" + column : RowKey(constraint + "/" + column, row);
+}
+
+std::string ColumnOfKey(const std::string& table, const std::string& key) {
+    const std::vector<std::string> parts = KeyParts(key);
+    const std::size_t fromEnd = ConstraintOfTable(table).empty() ? 1 : 2;
+    return parts.size() >= fromEnd ? parts[parts.size() - fromEnd] : "";
+}
+
+std::string ConstraintOfTable(const std::string& table) {
+    return table.ends_with(kBandTable) ? table.substr(0, table.size() - kBandTable.size()) : "";
 }

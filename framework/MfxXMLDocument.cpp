@@ -1,5 +1,6 @@
 #include "MfxXMLDocument.h"
 
+#include "ElementXml.h"
 #include "MfxXMLInternal.h"
 
 #include <algorithm>
@@ -291,6 +292,12 @@ std::string MfxXMLDocument::ToUtf8() const {
     for (const pugi::xml_node child : m_pDocument->children())
         if (!IsDetachedHolder(child)) child.print(writer, kIndent, pugi::format_indent, pugi::encoding_utf8);
     if (!writer.text.ends_with('\n')) writer.text += '\n';
+    return writer.text;
+}
+
+std::string ElementToUtf8(const MfxXMLNode& element) {
+    Utf8Writer writer;
+    mfx_xml::Access::Element(element).print(writer, kIndent, pugi::format_indent, pugi::encoding_utf8);
     return writer.text;
 }
 

@@ -9,6 +9,8 @@ void AddShow(CommandLine& commandLine);
 void AddCheck(CommandLine& commandLine);
 void AddDiff(CommandLine& commandLine);
 void AddSet(CommandLine& commandLine);
+void AddApply(CommandLine& commandLine);
+void AddMerge(CommandLine& commandLine);
 void AddExport(CommandLine& commandLine);
 void AddImport(CommandLine& commandLine);
 void AddLimits(CommandLine& commandLine);
@@ -24,6 +26,8 @@ inline void AddCommands(CommandLine& commandLine) {
     AddShow(commandLine);
     AddCheck(commandLine);
     AddDiff(commandLine);
+    AddApply(commandLine);
+    AddMerge(commandLine);
     AddSet(commandLine);
     AddExport(commandLine);
     AddImport(commandLine);

@@ -1,8 +1,10 @@
 #include "Commands.h"
+#include "Console.h"
 #include "DifferenceOutput.h"
 #include "DocumentCheck.h"
 #include "DocumentFiles.h"
 #include "DocumentOutput.h"
+#include "PatchJson.h"
 #include "Text.h"
 
 #include <algorithm>
@@ -26,18 +28,25 @@ std::vector<std::string> PrintIgnored(const RuleDocument& document) {
     return texts;
 }
 
+// Whether there are differences.
+bool PrintPatch(const Patch& patch, const std::string& left, const std::string& right, bool isJson) {
+    if (isJson)
+        Print(FormatPatch(patch, left, right));
+    else
+        PrintDifferences(patch.differences, left, right);
+    return !patch.differences.empty();
+}
+
 bool DiffWithDefaults(const RuleModule& module, const DiffOptions& options) {
     const RuleDocument document = ReadDocument(module, options.left);
-    const bool differs =
-        PrintDifferences({"default", options.left, CompareWithDefaults(document)}, options.isJson);
+    const bool differs = PrintPatch(MakePatchFromDefaults(document), "default", options.left, options.isJson);
     return !PrintIgnored(document).empty() || differs;
 }
 
 bool DiffDocuments(const RuleModule& module, const DiffOptions& options) {
     const RuleDocument right = ReadDocument(module, options.right);
     const RuleDocument left = ReadDocument(module, options.left);
-    const bool differs =
-        PrintDifferences({options.left, options.right, CompareDocuments(left, right)}, options.isJson);
+    const bool differs = PrintPatch(MakePatch(left, right), options.left, options.right, options.isJson);
     const std::vector<std::string> leftIgnored = PrintIgnored(left), rightIgnored = PrintIgnored(right);
     return leftIgnored != rightIgnored || differs;
 }
@@ -65,5 +74,5 @@ void AddDiff(CommandLine& commandLine) {
         AddFile(command, "B", options->right, "Rule document to compare with; - for standard input");
     command.add_flag("--defaults", options->withDefaults, "Compare A with its rules as they are by default")
         ->excludes(right);
-    command.add_flag("--json", options->isJson, "Print the differences as JSON");
+    command.add_flag("--json", options->isJson, "Print the differences as JSON, which is a patch for apply");
 }

@@ -1,15 +1,16 @@
 #pragma once
 
-#include "Comparison.h"
+#include "PatchApplication.h"
 
 #include <string>
 #include <vector>
 
-// The two sides as the output names them, and where they differ.
-struct DiffResult {
-    std::string left, right;
-    std::vector<Difference> differences;
-};
+// Prints differences as a table of one line each, with the names of the two sides.
+void PrintDifferences(const std::vector<Difference>& differences, const std::string& left,
+                      const std::string& right);
 
-// Prints the differences as a table or as docs/diff.schema.json says; whether there are any.
-bool PrintDifferences(const DiffResult& result, bool isJson);
+// Prints conflicts to standard error, a line each, with the names of what is expected, found and wanted.
+struct ConflictNames {
+    std::string expected, found, wanted;
+};
+void PrintConflicts(const std::vector<Conflict>& conflicts, const ConflictNames& names);

@@ -1,9 +1,7 @@
 #include "EditedDocument.h"
 
 #include "DifferenceOutput.h"
-#include "DocumentCheck.h"
 #include "DocumentFiles.h"
-#include "DocumentOutput.h"
 #include "Text.h"
 
 void AddEditOptions(CLI::App& command, EditOptions& options) {
@@ -13,22 +11,26 @@ void AddEditOptions(CLI::App& command, EditOptions& options) {
 }
 
 ExitCode EditDocument(const RuleModule& module, const EditOptions& options,
-                      const std::function<void(DocumentEdit&, const RuleDocument&)>& change) {
+                      const std::function<void(RuleDocument&)>& change) {
     RuleDocument document = ReadDocument(module, options.input);
-    // Saving a rule would drop what the module ignores of it.
-    if (PrintFindings(document, FindIgnoredContent(document)))
-        throw EditError(options.input + " has content that the module ignores");
     const RuleDocument before(module, document.GetPath(), document.ToUtf8());
-    DocumentEdit edit(document);
-    change(edit, document);
-    edit.Finish();
+    change(document);
     const std::vector<Difference> differences = CompareDocuments(before, document);
     if (options.isDryRun) {
-        PrintDifferences({options.input, "changed", differences}, false);
+        PrintDifferences(differences, options.input, "changed");
         return ExitCode::Done;
     }
     const std::string& output = options.output.empty() ? options.input : options.output;
     SaveDocument(document, output);
     PrintOutcome(output, output + ": " + Count(differences.size(), "difference") + " from before\n");
     return ExitCode::Done;
+}
+
+ExitCode EditValues(const RuleModule& module, const EditOptions& options,
+                    const std::function<void(DocumentEdit&)>& change) {
+    return EditDocument(module, options, [&](RuleDocument& document) {
+        DocumentEdit edit(document);
+        change(edit);
+        edit.Finish();
+    });
 }

@@ -19,4 +19,8 @@ void AddEditOptions(CLI::App& command, EditOptions& options);
 
 // Changes the document, and saves it or prints what would change. Nothing is saved when the change throws.
 ExitCode EditDocument(const RuleModule& module, const EditOptions& options,
-                      const std::function<void(DocumentEdit&, const RuleDocument&)>& change);
+                      const std::function<void(RuleDocument&)>& change);
+
+// The same by values, with the checks of the rules' dialogs.
+ExitCode EditValues(const RuleModule& module, const EditOptions& options,
+                    const std::function<void(DocumentEdit&)>& change);

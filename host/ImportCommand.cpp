@@ -14,9 +14,11 @@ struct ImportOptions : EditOptions {
 };
 
 ExitCode Import(const RuleModule& module, const ImportOptions& options) {
-    return EditDocument(module, options, [&](DocumentEdit& edit, const RuleDocument& document) {
-        const CMfxRule& rule = *RequireRule(document, options.ruleKey).rule;
-        ImportTable(edit, options.ruleKey, ReadTable(options.book, SheetColumnsOf(rule.GetRuleId())));
+    return EditDocument(module, options, [&](RuleDocument& document) {
+        const int ruleId = RequireRule(document, options.ruleKey).rule->GetRuleId();
+        DocumentEdit edit(document);
+        ImportTable(edit, options.ruleKey, ReadTable(options.book, SheetColumnsOf(ruleId)));
+        edit.Finish();
     });
 }
 

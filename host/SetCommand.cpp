@@ -29,9 +29,8 @@ void AddSet(CommandLine& commandLine) {
          "mfxhost set rules.xml 19010/Bronze=present 19010/Bronze/10067=3mm \\",
          "    19010/Bronze/10068=\"0.5 in\" --dry-run"},
         [options](const RuleModule& module) {
-            return EditDocument(module, *options, [&](DocumentEdit& edit, const RuleDocument&) {
-                SetAll(edit, options->assignments);
-            });
+            return EditValues(module, *options,
+                              [&](DocumentEdit& edit) { SetAll(edit, options->assignments); });
         });
     AddEditOptions(command, *options);
     command

@@ -185,7 +185,8 @@ class SchemaTest(unittest.TestCase):
         outputs.append(self.run_host(1, "diff", "draft-angle-inches.xml", "--defaults", "--json"))
         self.validate_json("diff.schema.json", outputs, [
             ("version", 0), ("differences", None), ("ruleId", 0), ("constraint", 1), ("row", 0), ("unit", "lb"),
-            ("left", 1), ("right", ["-"]), ("value", ""), ("key", None)])
+            ("left", 1), ("right", 1), ("value", ""), ("key", None),
+            ("kind", "band"), ("after", -1), ("bounds", 1), ("values", [1]), ("rows", [1]), ("columns", [""])])
 
     def test_limits(self):
         casting = ["--material", "steel", "--size", "700 mm", "--weight", "1lb"]

@@ -57,7 +57,7 @@ TEST_F(HostTest, ComparesWithDefaults) {
     Run({L"diff", L"--defaults", L"d.xml"}, 0, "", "");
     m_folder.Write(L"d.xml", Replaced(m_inches, "Severity=\"1\"", "Severity=\"2\""));
     Run({L"diff", L"d.xml", L"--defaults", L"--json"}, 1,
-        AllOf(HasSubstr("\"version\": 2"), HasSubstr("\"left\": \"default\""), HasSubstr("\"unit\": \"in\""),
+        AllOf(HasSubstr("\"version\": 3"), HasSubstr("\"left\": \"default\""), HasSubstr("\"unit\": \"in\""),
               HasSubstr("\"right\": \"no limit\""), Not(HasSubstr("severity"))),
         "");
     Run({L"diff", L"d.xml"}, 2, "", HasSubstr("--defaults"));

@@ -55,6 +55,7 @@ TEST_F(HostTest, RefusesWhatADialogRefuses) {
         {L"19020/10165=stone", "is not a mass unit"},
         {L"19010/status=high", "is not a whole number"},
         {L"19010/Steel=present", "it is there already"},
+        {L"19040/Steel=present", "there is no such value"},
     };
     for (const auto& [assignment, reason] : kCases)
         Run({L"set", L"d.xml", L"19010/10068=17", assignment}, 1, "", HasSubstr(reason));

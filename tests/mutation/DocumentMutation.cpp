@@ -1,11 +1,14 @@
 // Runs the host's commands on mutated sample documents:
 //     mfx_document_mutation [ROUNDS [SEED]]
 // Every command ends with one of its exit codes. A conversion that is refused leaves the file alone, one that
-// is done keeps the values.
+// is done keeps the values. A patch makes the second document of the first, or is refused.
 
 #include "Commands.h"
 #include "DocumentMutator.h"
+#include "EditError.h"
 #include "MutationRun.h"
+#include "PatchApplication.h"
+#include "PatchJson.h"
 #include "support/Process.h"
 #include "support/TempFolder.h"
 
@@ -32,7 +35,9 @@ class DocumentRounds {
         m_document = mutator.MakeDocument();
         m_folder.Write(L"document.xml", m_document);
         m_folder.Write(L"converted.xml", m_document);
-        Compare(mutator.OneOf(m_samplePaths));
+        const std::string& sample = mutator.OneOf(m_samplePaths);
+        Compare(sample);
+        MakePatches(sample);
         const char* const kUnits[][2] = {{"mm", "deg"}, {"in", "rad"}, {"yd", "arcmin"}, {"um", "deg"}};
         const auto& [length, angle] = mutator.OneOf(kUnits);
         Convert(length, angle);
@@ -47,12 +52,33 @@ class DocumentRounds {
                                            {"check", m_path, "--json"},
                                            {"check", m_path, "--format", "sarif"},
                                            {"show", m_path, "--json"},
-                                           {"diff", m_path, sample},
+                                           {"diff", m_path, sample, "--json"},
                                            {"diff", m_path, "--defaults", "--json"},
                                            {"limits", m_path, "--material", "Steel", "--size", "100"}})
             Run(arguments);
         const ExitCode same = shown == ExitCode::UnreadableInput ? shown : ExitCode::Done;
         if (Run({"diff", m_path, m_path}) != same) FailRound("a document differs from itself");
+    }
+
+    void MakePatches(const std::string& sample) {
+        try {
+            CheckPatch(m_path, sample);
+            CheckPatch(sample, m_path);
+        } catch (const DocumentError& error) {
+            if (error.GetKind() != DocumentError::Kind::Unreadable) FailRound(error.what());
+        } catch (const EditError&) {  // what the rules' dialogs refuse
+        }
+    }
+
+    void CheckPatch(const std::string& leftPath, const std::string& rightPath) {
+        RuleDocument left(m_module, Wide(leftPath).c_str()), right(m_module, Wide(rightPath).c_str());
+        const Patch patch = ParsePatch("patch", FormatPatch(MakePatch(left, right), "", ""));
+        if (!ApplyPatch(left, patch, ConflictChoice::None).empty()) FailRound("a patch has conflicts");
+        for (const RuleDocument::Entry& entry : right.GetEntries())  // older forms become the present one
+            if (entry.rule) right.StoreRule(entry);
+        const std::vector<Difference> differences = CompareDocuments(left, right);
+        if (!differences.empty())
+            FailRound("a patch does not make the second document: " + differences.front().key);
     }
 
     void Convert(const char* length, const char* angle) {
