@@ -4,7 +4,7 @@ cmake_policy(VERSION 3.25)
 set(git git -C "${CMAKE_CURRENT_LIST_DIR}")
 execute_process(COMMAND ${git} rev-parse --short=10 HEAD
   OUTPUT_VARIABLE commit OUTPUT_STRIP_TRAILING_WHITESPACE ERROR_QUIET)
-execute_process(COMMAND ${git} status --porcelain --untracked-files=no OUTPUT_VARIABLE changes ERROR_QUIET)
+execute_process(COMMAND ${git} status --porcelain OUTPUT_VARIABLE changes ERROR_QUIET)
 if(changes)
   string(APPEND commit "+")
 endif()

@@ -89,9 +89,11 @@ bool IsOnLocalDisk(const CString& path) {
     return GetVolumePathNameW(path, root, MAX_PATH) && GetDriveTypeW(root) == DRIVE_FIXED;
 }
 
-void UseWriteAheadLog(const Connection& connection) {
+// A file keeps its kind of journal when it is copied to another disk.
+void ChooseJournal(const Connection& connection, const CString& path) {
     try {
-        Statement(connection, "PRAGMA journal_mode = WAL").Step();
+        const bool isLocal = IsOnLocalDisk(path);
+        Statement(connection, isLocal ? "PRAGMA journal_mode = WAL" : "PRAGMA journal_mode = DELETE").Step();
     } catch (const DatabaseError&) {
         // The journal that the file has does as well. Another program may be switching it at this moment.
     }
@@ -139,7 +141,7 @@ DatabaseFile OpenDatabase(const CString& path) {
             name + (IsReadOnlyFile(fullPath) ? " is read-only" : ": its folder or its disk can't be written");
         return file;
     }
-    if (IsOnLocalDisk(fullPath)) UseWriteAheadLog(*file.connection);
+    ChooseJournal(*file.connection, fullPath);
     if (state != SchemaState::Current) BringUpToDate(*file.connection);
     WaitForOthers(*file.connection, kLongestWaitToReadMs);
     return file;

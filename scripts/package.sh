@@ -10,12 +10,13 @@ packages=build/mingw/packages
 (cd "$packages" && sha256sum ./*.zip ./*.exe && du -b ./*.zip ./*.exe)
 
 if [[ ${1:-} == --twice ]]; then
-  [[ -z $(git status --porcelain --untracked-files=no) ]] || { echo "Commit the changes first" >&2; exit 1; }
+  [[ -z $(git status --porcelain) ]] || { echo "Commit the changes first" >&2; exit 1; }
   second=$(mktemp -d)
   trap 'rm -rf "$second"' EXIT
   git clone -q . "$second/another folder"
   "$second/another folder/scripts/package.sh"
   for zip in "$packages"/*.zip; do
-    cmp "$zip" "$second/another folder/$packages/${zip##*/}" && echo "${zip##*/}: the same bytes"
+    cmp "$zip" "$second/another folder/$packages/${zip##*/}"
+    echo "${zip##*/}: the same bytes"
   done
 fi

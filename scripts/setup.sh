@@ -20,7 +20,7 @@ if [[ ${1:-} == --build ]]; then
 fi
 
 packages=(
-  g++-mingw-w64-x86-64-posix cmake ninja-build librsvg2-bin libxml2-utils fp-utils nsis
+  g++-mingw-w64-x86-64-posix cmake ninja-build librsvg2-bin libxml2-utils fp-utils nsis fakeroot
   python3 python3-attr python3-jsonschema python3-pil python3-sarif-python-om
   dpkg-dev ca-certificates googletest libcli11-dev nlohmann-json3-dev
   libz-mingw-w64-dev tcl
@@ -30,9 +30,9 @@ packages=(
   "${checks[@]}"
 )
 # A library is added by its name here and a function make_NAME below.
-libraries=(pugixml googletest cli11 json benchmark libzip libxlsxwriter sqlite runtime)
+libraries=(pugixml googletest cli11 json benchmark libzip libxlsxwriter sqlite)
 
-steps=$((3 + ${#libraries[@]}))
+steps=$((4 + ${#libraries[@]}))
 [[ -z $preset ]] || steps=$((steps + 2))
 step=0
 log=
@@ -163,7 +163,7 @@ use_package() {
   keep_notice "$1" "/usr/share/doc/$1/copyright"
 }
 
-# keep_notice PACKAGE FILES...: version and notice of what is linked or shipped; cmake/Packaging.cmake collects them.
+# keep_notice PACKAGE FILES...: version and notice of what is linked or shipped; packaging/ collects them.
 keep_notice() {
   mkdir -p "$deps/share/$1"
   cat "${@:2}" >"$deps/share/$1/copyright"
@@ -219,6 +219,7 @@ make_libzip() {
 
 make_libxlsxwriter() {
   fetch_source libxlsxwriter
+  keep_notice libxlsxwriter ./*/debian/copyright /usr/share/common-licenses/MPL-2.0
   cd libxlsxwriter-*/
   # With MinGW, too, names of files are UTF-8, as they are with Visual Studio.
   sed -i '/__MINGW32__/,/#endif/d' src/packager.c
@@ -243,8 +244,10 @@ make_sqlite() {
   cp sqlite3.h "$deps/include"
 }
 
-# Of the packages whose files the compiler links: notices alone.
-make_runtime() {
+# Of the packages whose files are linked or shipped as they are, and of the installer's: notices alone.
+keep_notices_of_packages() {
+  local version
+  use_package nsis-common
   use_package libz-mingw-w64-dev
   use_package mingw-w64-x86-64-dev
   use_package gcc-mingw-w64-x86-64-posix-runtime
@@ -335,6 +338,8 @@ if ((${#missing[@]})); then logged packages install_packages "${missing[@]}"; el
 for library in "${libraries[@]}"; do
   once "Library $library" "$library" "$deps/stamps/$library"
 done
+announce "Notices of packages"
+logged notices keep_notices_of_packages
 once "Wine prefix" wineprefix "$build/wineprefix/.stamp"
 once "Locales" locales "$build/locales/.stamp"
 

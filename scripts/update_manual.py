@@ -8,7 +8,7 @@ import subprocess
 import sys
 
 PAGES = pathlib.Path(__file__).resolve().parents[1] / "docs/commands"
-HELP = re.compile(r"(<!-- mfxhost help (.+) -->\n```\n)(.*?)(```\n)", re.DOTALL)
+HELP = re.compile(r"(<!-- mfxhost help ([^\n]+) -->\n```\n)(.*?)(```\n)", re.DOTALL)
 
 
 def help_of(topic):

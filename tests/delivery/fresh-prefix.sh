@@ -5,9 +5,9 @@ root=$(cd -- "$(dirname -- "${BASH_SOURCE[0]}")/../.." && pwd)
 base=$root/build/wineprefix
 work=$(mktemp -d "$root/build/fresh-prefix.XXXXXX")
 trap 'rm -rf "$work"' EXIT
-# Files are shared by links, since nobody writes to those of Windows; Wine replaces the registry's as a whole.
-cp -al "$base"/. "$work"
-rm -rf "$work"/{*.reg,wineserver,drive_c/users}
-cp -a "$base"/*.reg "$work"
-cp -a "$base/drive_c/users" "$work/drive_c"
+# Files of Windows are shared by links, since nobody writes to them. Other tests may write to Temp at this moment.
+mkdir "$work/drive_c"
+cp -a "$base"/{dosdevices,.update-timestamp,*.reg} "$work"
+cp -al "$base"/drive_c/{windows,Program*} "$work/drive_c"
+tar -c -C "$base/drive_c" --exclude=Temp --exclude=MfxKit users | tar -x -C "$work/drive_c"
 MFX_WINEPREFIX=$work "$root/scripts/with-wine.sh" "$@"

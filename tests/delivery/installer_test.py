@@ -12,8 +12,9 @@ import unittest
 import zlib
 
 ROOT = pathlib.Path(__file__).resolve().parents[2]
-DRIVE = pathlib.Path(os.environ["MFX_WINEPREFIX"]) / "drive_c"
+DRIVE = pathlib.Path(os.environ["MFX_WINEPREFIX"]).resolve() / "drive_c"
 PLACE = r"C:\Prüfungen 鋳物 (neu)"  # blanks, accents, Japanese
+UNINSTALLER = "uninstall-sand-casting-rules.exe"
 DONE, REFUSED = 0, 2
 
 
@@ -59,14 +60,14 @@ class InstallerTest(unittest.TestCase):
 
     def uninstall(self, place=PLACE):
         """A copy of the uninstaller does the work, and nobody waits for it."""
-        wine(on_disk(place) / "uninstall.exe", "/S")
+        wine(on_disk(place) / UNINSTALLER, "/S")
         end = time.monotonic() + 30
-        while (on_disk(place) / "uninstall.exe").exists():
+        while (on_disk(place) / UNINSTALLER).exists():
             self.assertLess(time.monotonic(), end)
             time.sleep(0.1)
 
     def refuse_to_uninstall(self):
-        result = wine(on_disk(PLACE) / "uninstall.exe", "/S", *f"_?={PLACE}".split())
+        result = wine(on_disk(PLACE) / UNINSTALLER, "/S", *f"_?={PLACE}".split())
         self.assertEqual(result.returncode, REFUSED, result.stderr)
 
     def run_installed(self, *arguments, exit_code=0, place=PLACE, **variables):
@@ -79,8 +80,10 @@ class InstallerTest(unittest.TestCase):
         """The installed program with the dialog of a rule; then the dialog is photographed and cancelled."""
         program = subprocess.Popen([ROOT / "scripts/wine-run", on_disk(PLACE) / "bin/mfxhost.exe", "configure",
                                     "rules.xml", "--rule", "19020", "--lang", "english"], cwd=DRIVE)
+        end = time.monotonic() + 60
         while not self.is_loaded(on_disk(PLACE) / "bin/MFXSandCastingRulesu.dll"):
             self.assertIsNone(program.poll())
+            self.assertLess(time.monotonic(), end)
             time.sleep(0.1)
         yield
         picture = BUILD / "tests/delivery/installed-dialog.png"
@@ -130,7 +133,7 @@ class InstallerTest(unittest.TestCase):
         self.assertEqual(new, mine)
         self.assertEqual(before - after, set())
         self.assertEqual([path.name for path, _ in after if path.suffix == ".db"], ["materials.db"])
-        self.assertEqual(registry() - keys, set())
+        self.assertEqual(registry() ^ keys, set())
 
     def run_main_job_before(self):
         """What Windows has, and what Wine writes when programs run for the first time, is there already."""
@@ -149,7 +152,7 @@ class InstallerTest(unittest.TestCase):
         with open(DRIVE / "mine.csv", "a") as table:
             table.write("Sand Casting,,Steel,My Steel,7800,,\n")
         self.run_installed("materials", "import", "mine.csv")
-        with self.open_dialog():
+        with self.open_dialog():  # which has libraries open, also one of lang
             before = files(on_disk(PLACE))
             self.install(exit_code=REFUSED)
             self.refuse_to_uninstall()
@@ -157,22 +160,45 @@ class InstallerTest(unittest.TestCase):
         self.install()
         self.assertFalse(gone.exists())
         self.assertIn("My Steel", self.run_installed("materials", "find", "My"))
-        self.assertIn("0.9.0", wine("reg", "query", r"HKCU\Software\Microsoft\Windows\CurrentVersion\Uninstall\SandCastingRules",
+        self.assertIn(self.installer.stem.rpartition("-")[2], wine("reg", "query", r"HKCU\Software\Microsoft\Windows\CurrentVersion\Uninstall\SandCastingRules",
                                     "/v", "DisplayVersion").stdout)
 
-    def test_leaves_other_programs_alone(self):
-        theirs = on_disk(PLACE) / "bin/MfxKitu.dll"
-        theirs.parent.mkdir(parents=True)
-        theirs.write_bytes(b"of the CAD system")
-        before = files()
-        self.install(exit_code=REFUSED)
-        self.assertEqual(files(), before)
+    def test_leaves_files_of_others_alone(self):
+        """Of a CAD system, with an uninstaller of its own, and of the user."""
+        for name in ("bin/MfxKitu.dll", "uninstall.exe"), ("README.md", "notes.txt"):
+            for file in (on_disk(PLACE) / part for part in name):
+                file.parent.mkdir(parents=True, exist_ok=True)
+                file.write_text("of another program")
+            before = files()
+            self.install(exit_code=REFUSED)
+            self.assertEqual(files(), before)
+            shutil.rmtree(on_disk(PLACE))
+
+    def test_keeps_samples_that_were_changed(self):
+        self.install()
+        mine = on_disk(PLACE) / "samples/all-rules.xml"
+        self.run_installed("set", PLACE + r"\samples\all-rules.xml", "19010/10067=5mm")
+        changed = mine.read_bytes()
+        self.install()
+        self.assertEqual(mine.read_bytes(), changed)
+        self.uninstall()
+        self.assertEqual([path for path in on_disk(PLACE).rglob("*") if path.is_file()], [mine])
+        self.install()
+        self.run_installed("show", PLACE + r"\samples\draft-angle.xml")
+
+    def test_moves_to_another_folder(self):
+        self.install()
+        self.install(place=r"C:\Other")
+        self.assertFalse(on_disk(PLACE).exists())
+        self.run_installed("list", place=r"C:\Other")
 
     def test_installs_for_all_users(self):
         self.install(None, "/AllUsers", place=None)
         place = r"C:\Program Files\Sand casting rules"
         self.run_installed("list", place=place)
         self.assertTrue(list((DRIVE / "ProgramData").rglob("Sand casting rules console.lnk")))
+        self.install(exit_code=REFUSED, place=None)  # a second one, for the user
+        self.install(exit_code=REFUSED, place=place)
         self.uninstall(place)
         self.assertFalse(on_disk(place).exists())
         self.assertFalse(list((DRIVE / "ProgramData").rglob("Sand casting rules console.lnk")))

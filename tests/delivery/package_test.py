@@ -52,7 +52,8 @@ class PackageTest(unittest.TestCase):
             name = folder.parent.name
             self.assertEqual(f"\n{name} {folder.read_text().strip()}\n" in notices,
                              name not in ("googletest", "benchmark"), name)
-        for terms in ("GNU GENERAL PUBLIC LICENSE", "GCC RUNTIME LIBRARY EXCEPTION", "mingw-w64 project"):
+        for terms in ("GNU GENERAL PUBLIC LICENSE", "GCC RUNTIME LIBRARY EXCEPTION", "mingw-w64 project",
+                      "Mozilla Public License Version 2.0", "\nnsis-common "):
             self.assertIn(terms.lower(), notices.lower())
 
     def test_needs_only_what_is_there(self):
@@ -63,7 +64,7 @@ class PackageTest(unittest.TestCase):
                     self.assertIn(name.lower().removesuffix(".dll").removesuffix(".drv"), SYSTEM, binary.name)
 
     def test_is_hardened(self):
-        for binary in self.binaries:
+        for binary in [*self.binaries, *(BUILD / "packages").glob("*.exe")]:
             headers = output_of(TOOL + "objdump", "-p", binary)
             for mark in ("HIGH_ENTROPY_VA", "DYNAMIC_BASE", "NX_COMPAT"):
                 self.assertIn(mark, headers, binary.name)
