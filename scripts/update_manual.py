@@ -27,7 +27,7 @@ def main():
             faults.append(f"{page.name} is not as the program tells: scripts/update_manual.py")
         elif current != text:
             page.write_text(current, "utf-8")
-    sys.exit("\n".join(faults))
+    sys.exit("\n".join(faults) or 0)
 
 
 if __name__ == "__main__":
