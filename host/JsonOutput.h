@@ -2,22 +2,8 @@
 #pragma once
 
 #include "Console.h"
+#include "JsonValues.h"
 #include "Units.h"
-
-#include <nlohmann/json.hpp>
-
-using Json = nlohmann::ordered_json;
-
-template <class Range, class Convert>
-Json ToArray(const Range& range, Convert toJson) {
-    Json array = Json::array();
-    for (const auto& element : range) array.push_back(toJson(element));
-    return array;
-}
-
-inline Json TextOrNull(const std::string& text) {
-    return text.empty() ? Json(nullptr) : Json(text);
-}
 
 inline Json UnitsToJson(const UnitPair& units) {
     return {{"length", LengthUnitSymbol(units.m_nLengthUnit)},

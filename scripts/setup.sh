@@ -231,8 +231,12 @@ make_libxlsxwriter() {
 
 make_sqlite() {
   local options=(-DSQLITE_THREADSAFE=1 -DSQLITE_OMIT_LOAD_EXTENSION -DSQLITE_DQS=0)
+  local folder
   fetch_source sqlite3
-  cd sqlite3-*/
+  # Its makefile takes no path with blanks.
+  folder=$(mktemp -d)
+  mv sqlite3-*/ "$folder/sqlite3"
+  cd "$folder/sqlite3"
   # The sources in one file are made by the machine's own tools; Tcl generates parts of them.
   ./configure --disable-tcl
   make sqlite3.c shell.c
@@ -242,6 +246,7 @@ make_sqlite() {
   # The benchmark of imports compares with SQLite's own program.
   x86_64-w64-mingw32-gcc -O2 "${options[@]}" -municode shell.c sqlite3.o -o "$deps/bin/sqlite3.exe"
   cp sqlite3.h "$deps/include"
+  rm -rf "$folder"
 }
 
 # Of the packages whose files are linked or shipped as they are, and of the installer's: notices alone.

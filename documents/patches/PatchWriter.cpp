@@ -1,21 +1,8 @@
 #include "PatchJson.h"
 
-#include <nlohmann/json.hpp>
+#include "JsonValues.h"
 
 namespace {
-
-using Json = nlohmann::ordered_json;
-
-template <class Range, class Convert>
-Json ToArray(const Range& range, Convert toJson) {
-    Json array = Json::array();
-    for (const auto& element : range) array.push_back(toJson(element));
-    return array;
-}
-
-Json TextOrNull(const std::string& text) {
-    return text.empty() ? Json(nullptr) : Json(text);
-}
 
 template <class Number>
 Json NumberOrNull(Number number) {
