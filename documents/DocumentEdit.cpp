@@ -1,6 +1,7 @@
 #include "DocumentEdit.h"
 
 #include "DocumentCheck.h"
+#include "DraftTableCheck.h"
 #include "NearestKeys.h"
 #include "RuleEdit.h"
 #include "RuleRefusal.h"
@@ -31,6 +32,18 @@ std::vector<CString> NamesOf(const std::vector<Row>& rows) {
     std::vector<CString> names;
     for (const Row& row : rows) names.push_back(row.name);
     return names;
+}
+
+// The limits of a material are on or off with it, as in the dialog.
+void SwitchLimits(CMfxRule& rule, int material) {
+    if (rule.GetRuleId() != kUniformThicknessRuleId) return;
+    for (const MfxParamRecord& limit : rule.m_constraintArray[material]->m_paramArray)
+        limit.m_pStorage->m_bStatus = rule.m_constraintArray[material]->m_bActive;
+}
+
+bool IsUpperSize(const RuleValue& place) {
+    return place.kind == ValueKind::Cell ? place.cell == DraftCell::UpperBound
+                                         : place.location.paramId == kSizeMaxId;
 }
 
 const RuleValue* FindByKey(const std::vector<RuleValue>& values, const std::string& key) {
@@ -74,7 +87,14 @@ void DocumentEdit::Set(const std::string& key, const std::string& text) {
     const RuleValue* place = FindByKey(values, rest);
     if (!place) RefuseKey(m_document, key);
     try {
-        SetContent(*entry.rule, *place, ParseTypedValue(text, *place, UnitsOf(*entry.rule)));
+        const ValueContent content = ParseTypedValue(text, *place, UnitsOf(*entry.rule));
+        if (content == ValueContent("no limit") && !IsUpperSize(*place))
+            throw EditError("only an upper size may have no limit");
+        SetContent(*entry.rule, *place, content);
+        if (place->kind == ValueKind::ByMaterial &&
+            IsFirstConstraint(*entry.rule, true) != (content == ValueContent("yes")))
+            throw EditError("no material is " + std::string(text == "yes" ? "active" : "inactive"));
+        if (place->kind == ValueKind::ConstraintActive) SwitchLimits(*entry.rule, place->location.constraint);
     } catch (const EditError& error) {
         throw EditError(key + ": " + error.what());
     }
@@ -145,6 +165,8 @@ void DocumentEdit::SetWhole(const RuleDocument::Entry& entry, const WholePlace& 
         throw EditError(key + ": it is a whole row or constraint; \"present\" adds it, \"none\" removes it");
     if (place.row == 0 && isPresent == (place.constraint >= 0))
         throw EditError(key + (isPresent ? ": it is there already" : ": it is not there"));
+    if (std::ranges::any_of(place.name, [](unsigned char ch) { return ch < 0x20 || ch == 0x7F; }))
+        throw EditError(key + ": a name has no control characters");
     if (place.row == 0 && isPresent && !HasConstraints(*entry.rule)) RefuseKey(m_document, key);
     if (place.row == 0 && isPresent)
         m_document.AddConstraints(entry, {FromUtf8(place.name)});

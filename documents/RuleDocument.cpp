@@ -250,6 +250,7 @@ void RuleDocument::ConvertUnits(const UnitPair& units) {
 void RuleDocument::StoreRule(const Entry& entry) {
     const WritingScope writing(m_module, *m_pXml);
     UpdateRecordOf(entry, ConstraintStatus::OfRule);
+    UpdateRecordOf(entry, ConstraintStatus::OfRule);  // writing a record brings the rule's summary up to date
 }
 
 void RuleDocument::AddConstraints(const Entry& entry, const std::vector<CString>& names) {

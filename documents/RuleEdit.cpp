@@ -124,7 +124,7 @@ std::optional<WholePlace> FindWholePlace(const CMfxRule& rule, const std::string
     const std::vector<std::string> parts = KeyParts(key);
     if (parts.empty()) return std::nullopt;
     const int constraint = FindConstraint(rule, parts[0]);
-    if (parts.size() == 1 && parts[0] != "status" && parts[0] != "severity" && ToNumber(parts[0]) == 0)
+    if (parts.size() == 1 && IsConstraintKey(parts[0]))
         return WholePlace{.name = NameOfKey(parts[0]), .constraint = constraint};
     const int row = ToNumber(parts.back());
     if (parts.size() == 2 && row)
@@ -184,6 +184,9 @@ void SetContent(CMfxRule& rule, const RuleValue& place, const ValueContent& cont
         case ValueKind::Severity:
             rule.m_nSeverity = std::stoi(std::get<std::string>(content));
             break;
+        case ValueKind::ByMaterial:
+            PutFirst(rule, content == ValueContent("yes"));
+            break;
         case ValueKind::ConstraintActive:
             rule.m_constraintArray[place.location.constraint]->m_bActive = content == ValueContent("yes");
             break;
@@ -191,6 +194,14 @@ void SetContent(CMfxRule& rule, const RuleValue& place, const ValueContent& cont
             SetOfParameter(rule, place, content);
             break;
     }
+}
+
+bool PutFirst(CMfxRule& rule, bool isActive) {
+    auto& constraints = rule.m_constraintArray;
+    const auto found = std::ranges::find(constraints, isActive, &CMFXConstraint::m_bActive);
+    if (found == constraints.end()) return constraints.IsEmpty() && !isActive;
+    std::rotate(constraints.begin(), found, std::next(found));
+    return true;
 }
 
 void SelectConstraints(CMfxRule& rule, const std::vector<CString>& names) {
@@ -228,7 +239,10 @@ void FillGroup(CMFXConstraint& group, const GroupRows& rows) {
 
 void CloseLastBand(CMfxRule& rule) {
     MfxArray<MfxTableRow>* const table = FindTable(rule, kDraftAngleTableId);
-    if (!table || table->IsEmpty()) return;
+    if (!table) return;
+    for (int i = table->GetCount(); i-- > 0;)
+        if (std::ranges::all_of((*table)[i].cells, &CString::IsEmpty)) table->RemoveAt(i);
+    if (table->IsEmpty()) return;
     CString& upperBound = (*table)[table->GetCount() - 1].cells[DraftCell::UpperBound];
     if (upperBound.IsEmpty()) upperBound = FormatDouble(NoUpperLimitValue);
 }

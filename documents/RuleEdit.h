@@ -51,5 +51,9 @@ void SelectConstraints(CMfxRule& rule, const std::vector<CString>& names);
 void FillMaterial(CMFXConstraint& material, const MaterialRow& row);
 void FillGroup(CMFXConstraint& group, const GroupRows& rows);
 
-// A last band of draft angles without an upper bound has no upper limit.
+// Makes the first constraint that is active, or is not, the first of all, since it decides which limits are
+// in force. False when there is none.
+bool PutFirst(CMfxRule& rule, bool isActive);
+
+// Empty rows of draft angles go. A last band without an upper bound has no upper limit.
 void CloseLastBand(CMfxRule& rule);

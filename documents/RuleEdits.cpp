@@ -8,6 +8,7 @@
 #include "TypedValue.h"
 
 #include <algorithm>
+#include <set>
 
 namespace {
 
@@ -34,6 +35,10 @@ std::vector<RuleEdits::Value> ValueEdits(const std::vector<RuleValue>& from,
     return edits;
 }
 
+bool IsYes(const RuleValue& value) {
+    return value.content == ValueContent("yes");
+}
+
 class EditApplier {
   public:
     EditApplier(RuleDocument& document, const RuleDocument::Entry& entry, const RuleEdits& edits)
@@ -43,7 +48,10 @@ class EditApplier {
         SetValues(m_edits.values);
         ChangeRows(m_edits.rows);
         RemoveConstraints();
-        for (const std::vector<RuleValue>& values : m_edits.addedConstraints) AddConstraint(values);
+        if (!m_edits.addedConstraints.empty()) AddConstraints();
+        // Where no material is as the first one is to be, the limits that are in force stay so.
+        for (const RuleEdits::Value& edit : m_edits.values)
+            if (edit.key == kByMaterialKey && edit.value) PutFirst(Rule(), IsYes(*edit.value));
     }
 
   private:
@@ -83,6 +91,7 @@ class EditApplier {
         for (const bool isMassUnit : {true, false})
             for (const RuleEdits::Value& edit : values) {
                 const RuleValue* place = index.FindCounterpart({.key = edit.key});
+                if (edit.key == kByMaterialKey) continue;  // when all materials are there
                 if ((edit.key == std::to_string(kMassUnitId)) != isMassUnit) continue;
                 if (place && edit.value)
                     Set(*place, *edit.value);
@@ -122,18 +131,39 @@ class EditApplier {
                 ChangeWhole(Rule(), {.constraint = static_cast<int>(i)}, false);
     }
 
-    void AddConstraint(const std::vector<RuleValue>& values) {
-        if (!HasConstraints(Rule())) throw EditError(values.front().key + ": the rule has no constraints");
-        m_document.AddConstraints(m_entry, {FromUtf8(NameOfKey(SplitKey(values.front().key).first))});
-        const std::string key = ConstraintKeys(Rule()).back();
+    // All at once, since the rule is made again for it.
+    void AddConstraints() {
+        if (!HasConstraints(Rule()))
+            throw EditError(m_edits.addedConstraints[0][0].key + ": the rule has no constraints");
+        std::vector<CString> names;
+        for (const std::vector<RuleValue>& values : m_edits.addedConstraints)
+            names.push_back(FromUtf8(NameOfKey(SplitKey(values.front().key).first)));
+        m_document.AddConstraints(m_entry, names);
+        const std::vector<std::string> all = ConstraintKeys(Rule());
+        const std::vector<std::string> keys(all.end() - static_cast<std::ptrdiff_t>(names.size()), all.end());
+        for (std::size_t i = 0; i < keys.size(); ++i) AddBands(keys[i], m_edits.addedConstraints[i]);
+        FillConstraints(keys);
+    }
+
+    void AddBands(const std::string& key, const std::vector<RuleValue>& values) {
         std::vector<RuleEdits::Row> rows;
         for (const auto& [table, bands] : TablesOf(values))
             for (const BandRow& band : bands) rows.push_back({key + "/band", 0, true, band});
         ChangeRows(rows);
-        std::vector<RuleValue> renamed = values;
-        for (RuleValue& value : renamed) value.key = key + "/" + SplitKey(value.key).second;
+    }
+
+    // The values outside bands. The keys are those of the new constraints.
+    void FillConstraints(const std::vector<std::string>& keys) {
+        std::vector<RuleValue> renamed;
+        for (std::size_t i = 0; i < keys.size(); ++i)
+            for (RuleValue value : m_edits.addedConstraints[i]) {
+                value.key = keys[i] + "/" + SplitKey(value.key).second;
+                renamed.push_back(std::move(value));
+            }
+        const std::set<std::string> added(keys.begin(), keys.end());
         std::vector<RuleValue> places = ListRuleValues(Rule());
-        std::erase_if(places, [&](const RuleValue& place) { return SplitKey(place.key).first != key; });
+        std::erase_if(places,
+                      [&](const RuleValue& place) { return !added.contains(SplitKey(place.key).first); });
         SetValues(ValueEdits(places, renamed));
     }
 

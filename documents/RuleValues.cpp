@@ -26,6 +26,10 @@ class ValueLister {
     std::vector<RuleValue> List() {
         AddWord("status", "status", std::to_string(m_rule.m_nStatus), ValueKind::Status);
         AddWord("severity", "severity", std::to_string(m_rule.m_nSeverity), ValueKind::Severity);
+        // The first material decides, so the order of materials counts.
+        if (m_rule.GetRuleId() == kUniformThicknessRuleId)
+            AddWord(kByMaterialKey, "limits by material in force",
+                    IsFirstConstraint(m_rule, true) ? "yes" : "no", ValueKind::ByMaterial);
         AddParameters(m_rule.m_paramArray);
         const std::vector<std::string> keys = ConstraintKeys(m_rule);
         for (const CMFXConstraint* constraint : m_rule.m_constraintArray) {
@@ -235,6 +239,10 @@ std::vector<std::string> ConstraintKeys(const CMfxRule& rule) {
 
 std::vector<RuleValue> ListRuleValues(const CMfxRule& rule) {
     return ValueLister(rule).List();
+}
+
+bool IsFirstConstraint(const CMfxRule& rule, bool isActive) {
+    return !rule.m_constraintArray.IsEmpty() && rule.m_constraintArray[0]->m_bActive == isActive;
 }
 
 RuleValue ConvertValue(RuleValue value, const RuleUnits& from, const RuleUnits& to) {

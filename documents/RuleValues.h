@@ -12,7 +12,17 @@
 #include <vector>
 
 // What kind of place a value has in its rule.
-enum class ValueKind { Status, Severity, ConstraintActive, ParameterActive, Number, Text, Cell, Deviation };
+enum class ValueKind {
+    Status,
+    Severity,
+    ByMaterial,
+    ConstraintActive,
+    ParameterActive,
+    Number,
+    Text,
+    Cell,
+    Deviation
+};
 
 // One value of a rule: what it is, and what it is set to.
 struct RuleValue {
@@ -45,6 +55,9 @@ int CountBands(const CMFXConstraint& group);
 
 // The keys of a rule's constraints, in their order.
 std::vector<std::string> ConstraintKeys(const CMfxRule& rule);
+
+// Whether the rule's first constraint is there, and active or not.
+bool IsFirstConstraint(const CMfxRule& rule, bool isActive);
 
 // The same value in other units.
 RuleValue ConvertValue(RuleValue value, const RuleUnits& from, const RuleUnits& to);

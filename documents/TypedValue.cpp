@@ -39,6 +39,7 @@ double ParseNumber(std::string_view text, Quantity quantity, const RuleUnits& un
     if (isNegative) Refuse(text, "is negative");
     const std::string unit(WithoutBlanks(std::string_view(parsed.ptr, text.data() + text.size())));
     if (unit.empty()) return number;
+    if (unit.starts_with(',')) Refuse(text, "is not a number with a decimal point");
     const std::optional<int> code = FindUnitOf(quantity, unit);
     if (!code)
         Refuse(text, "does not fit: the value is " + std::string(NounOf(quantity)) + KnownUnits(quantity));
@@ -74,6 +75,7 @@ ValueContent ParseTypedValue(const std::string& typed, const RuleValue& place, c
         case ValueKind::Status:
         case ValueKind::Severity:
             return RequireWholeNumber(text);
+        case ValueKind::ByMaterial:
         case ValueKind::ConstraintActive:
         case ValueKind::ParameterActive:
             return RequireOneOf(text, {"yes", "no"});

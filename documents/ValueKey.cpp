@@ -8,12 +8,13 @@
 namespace {
 
 constexpr std::string_view kNoName = "%";
-constexpr std::string_view kBandTable = "/band";
 
+// Whether it could be taken for a value of the rule's own.
 bool IsAmbiguous(std::string_view name) {
-    return name == "status" || name == "severity" ||
+    return name == "status" || name == "severity" || name == kByMaterialKey ||
            std::ranges::all_of(name, [](unsigned char ch) { return std::isdigit(ch); });
 }
+constexpr std::string_view kBandTable = "/band";
 
 std::string Escaped(char ch) {
     constexpr char kDigits[] = "0123456789ABCDEF";

@@ -2,6 +2,7 @@
 //
 //   19010                  a rule by its id; 19010#2 is the second one of that id
 //   19010/status           the rule's own status
+//   19010/by-material      whether the limits by material are in force: whether the first material is active
 //   19010/10067            the number of a parameter, by the parameter's id; 19010/10067/2 is the second one
 //   19010/10067/active     whether the parameter is active
 //   19010/Steel            a constraint by its name; Steel#2 is the second one of that name
@@ -12,13 +13,15 @@
 //
 // Names are written as they are, but for the characters / # % = and control characters, which become %2F and
 // the like. So does the first character of a name that could be taken for something else: of a number,
-// "status" or "severity". A constraint without a name is called %.
+// "status", "severity" or "by-material". A constraint without a name is called %.
 #pragma once
 
 #include <map>
 #include <string>
 #include <string_view>
 #include <vector>
+
+inline constexpr char kByMaterialKey[] = "by-material";
 
 // A name as it stands in keys.
 std::string KeyOfName(std::string_view name);

@@ -74,7 +74,7 @@ std::unique_ptr<CheckOutput> MakeCheckOutput(CheckFormat format, const CheckSeve
         case CheckFormat::Json:
             return std::make_unique<JsonOutput>(severities);
         case CheckFormat::Sarif:
-            return std::make_unique<SarifOutput>();
+            return std::make_unique<SarifOutput>(severities);
         case CheckFormat::Text:
             break;
     }

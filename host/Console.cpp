@@ -11,6 +11,8 @@
 
 namespace {
 
+bool isSaved = false;
+
 UINT codePageBefore = 0;  // 0: there is no console
 
 void RestoreCodePage() {
@@ -49,6 +51,14 @@ void Print(const std::string& text) {
 
 void PrintError(const std::string& text) {
     fwrite(text.data(), 1, text.size(), stderr);
+}
+
+void SetSaved() {
+    isSaved = true;
+}
+
+bool IsSaved() {
+    return isSaved;
 }
 
 bool FlushOutput() {

@@ -10,6 +10,10 @@ std::string Escaped(const std::string& text);
 void Print(const std::string& text);
 void PrintError(const std::string& text);
 
+// Told that a file was saved: nobody shall take the work as undone when the output can't be written after it.
+void SetSaved();
+bool IsSaved();
+
 // Ends the output; false when not all of it could be written.
 bool FlushOutput();
 

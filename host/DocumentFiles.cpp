@@ -23,10 +23,9 @@ std::string ReadBytes(const std::string& file) {
 }
 
 void WriteBytes(const std::string& file, const std::string& bytes) {
-    if (file == kStandardStream)
-        Print(bytes);
-    else
-        ReplaceFileBytes(FromUtf8(file), bytes);
+    if (file == kStandardStream) return Print(bytes);
+    ReplaceFileBytes(FromUtf8(file), bytes);
+    SetSaved();
 }
 
 RuleDocument ReadDocument(const RuleModule& module, const std::string& file) {
@@ -35,10 +34,9 @@ RuleDocument ReadDocument(const RuleModule& module, const std::string& file) {
 }
 
 void SaveDocument(RuleDocument& document, const std::string& file) {
-    if (file == kStandardStream)
-        Print(document.ToUtf8());
-    else
-        document.Save(FromUtf8(file));
+    if (file == kStandardStream) return Print(document.ToUtf8());
+    document.Save(FromUtf8(file));
+    SetSaved();
 }
 
 void PrintOutcome(const std::string& file, const std::string& text) {

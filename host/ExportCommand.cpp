@@ -28,7 +28,7 @@ ExportedTable MakeTable(const CMfxRule& rule) {
 }
 
 ExitCode Export(const RuleModule& module, const ExportOptions& options) {
-    const TableKind kind = options.table == kStandardStream ? TableKind::Csv : KindOfTable(options.table);
+    const TableKind kind = KindOfTable(options.table);
     if (kind == TableKind::OtherWorkbook)
         throw CommandError(ExitCode::WrongUsage,
                            "export: " + options.table + " is not a name that ends in .csv or .xlsx");

@@ -37,7 +37,7 @@ void AddImport(CommandLine& commandLine) {
         command, "BOOK", options->book,
         "Workbook (.xlsx, .xls) or .csv with the headings that export writes; numbers are in the units "
         "that stand in the headings, or else in those of the document. Materials and groups that it lacks "
-        "are removed")
+        "are removed. - for comma-separated values from standard input")
         ->required();
     AddRuleOption(command, options->ruleKey);
 }

@@ -51,7 +51,6 @@ ExitCode AnswerCasting(const CastingLimits& limits, const LimitsOptions& options
 }
 
 ExitCode AnswerTable(const CastingLimits& limits, const LimitsOptions& options) {
-    RequireFile(options.castings);
     CastingTable table;
     try {
         table = AnswerCastings(limits, ReadCsvTable(options.castings));
@@ -122,7 +121,7 @@ void AddLimits(CommandLine& commandLine) {
     AddFile(
         command, "--csv", options->castings,
         "Table of castings instead, with the columns name, material, group, size and weight; it is printed "
-        "with the limits added, and what could not be answered")
+        "with the limits added, and what could not be answered; - for standard input")
         ->type_name("CASTINGS");
     AddFile(command, "-o,--output", options->output, "File to write that table to; replaces an existing one")
         ->type_name("OUT");

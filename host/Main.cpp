@@ -25,7 +25,10 @@ ExitCode Run(int argc, wchar_t** argv) {
     std::vector<const char*> pointers;
     for (const std::string& argument : arguments) pointers.push_back(argument.c_str());
     const ExitCode exitCode = commandLine.Run(argc, pointers.data());
-    if (!FlushOutput()) throw CommandError(ExitCode::NotPossible, "standard output can't be written");
+    if (!FlushOutput())
+        throw CommandError(ExitCode::NotPossible, IsSaved()
+                                                      ? "standard output can't be written; the file was saved"
+                                                      : "standard output can't be written");
     return exitCode;
 }
 

@@ -110,9 +110,12 @@ void SarifOutput::Add(const CheckedFile& file) {
 
 void SarifOutput::Finish(const std::vector<const AcceptedFinding*>& unmatched) {
     const Json driver{{"name", "mfxhost"}, {"version", MFX_VERSION}, {"rules", m_rules}};
-    const Json invocation{{"executionSuccessful", m_unreadable.empty()},
-                          {"toolExecutionNotifications", m_unreadable},
-                          {"toolConfigurationNotifications", ToArray(unmatched, Unmatched)}};
+    const Json invocation{
+        {"executionSuccessful", m_unreadable.empty()},
+        {"properties",
+         {{"severity", SeverityName(m_severities.shown)}, {"failOn", FailingName(m_severities)}}},
+        {"toolExecutionNotifications", m_unreadable},
+        {"toolConfigurationNotifications", ToArray(unmatched, Unmatched)}};
     const Json run{
         {"tool", {{"driver", driver}}}, {"invocations", Json::array({invocation})}, {"results", m_results}};
     PrintJson({{"$schema", kSchemaUri}, {"version", "2.1.0"}, {"runs", Json::array({run})}});

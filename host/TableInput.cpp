@@ -1,7 +1,6 @@
 #include "TableInput.h"
 
 #include "DocumentFiles.h"
-#include "ExitCode.h"
 #include "Text.h"
 #include "WorkbookInput.h"
 
@@ -15,17 +14,11 @@ bool HasEnding(const std::string& file, std::string_view ending) {
 }  // namespace
 
 TableKind KindOfTable(const std::string& file) {
-    if (HasEnding(file, ".csv")) return TableKind::Csv;
+    if (file == kStandardStream || HasEnding(file, ".csv")) return TableKind::Csv;
     return HasEnding(file, ".xlsx") ? TableKind::Xlsx : TableKind::OtherWorkbook;
 }
 
-void RequireFile(const std::string& table) {
-    if (table == kStandardStream)
-        throw CommandError(ExitCode::WrongUsage, "a table can't be read from standard input; name a file");
-}
-
 TableTexts ReadTable(const std::string& file, const WorkbookColumns& columns) {
-    RequireFile(file);
     if (KindOfTable(file) == TableKind::Csv) return ReadCsvTable(file);
     WorkbookSheet sheet;
     return TableOfSheet(file, ReadWorkbookTable(FromUtf8(file), columns, sheet));

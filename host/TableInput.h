@@ -5,11 +5,8 @@
 
 enum class TableKind { Csv, Xlsx, OtherWorkbook };
 
-// By the ending of the name.
+// By the ending of the name; "-" is comma-separated values.
 TableKind KindOfTable(const std::string& file);
-
-// Throws CommandError (WrongUsage) for standard input: tables are read from files alone.
-void RequireFile(const std::string& table);
 
 // Reads a file of comma-separated values, or these columns of a workbook. Throws DocumentError or
 // CommandError that names the file and the reason.

@@ -17,6 +17,10 @@ std::string RuleKeyOf(const Difference& difference) {
     return difference.key.substr(0, difference.key.find('/'));
 }
 
+bool IsByMaterial(const Difference& difference) {
+    return difference.key.ends_with("/" + std::string(kByMaterialKey));
+}
+
 // A patch that only adds rules fits every document.
 void RefuseOtherDocument(const RuleDocument& document, const Patch& patch) {
     std::set<std::string> keys;
@@ -35,7 +39,10 @@ class PatchApplier {
 
     std::vector<Conflict> Apply() {
         for (const Difference& difference : m_patch.differences)
-            if (difference.ruleId) Add(difference);
+            if (difference.ruleId && !IsByMaterial(difference)) Add(difference);
+        // It follows from the materials, and stays where some of them do.
+        for (const Difference& difference : m_patch.differences)
+            if (IsByMaterial(difference) && !m_conflicts.KeepsPartOf(RuleKeyOf(difference))) Add(difference);
         for (const Patch::Record& record : m_patch.records) AddRecord(record);
         RefuseUnknownKeys();
         if (!m_conflicts.AreOpen()) Change();
@@ -120,6 +127,8 @@ class PatchApplier {
                 m_document.ReplaceRecord(*entry, record->right);
             else
                 m_document.AppendRecord(record->right);
+            if (!entry) entry = &m_document.GetEntries().back();
+            if (entry->rule) throw EditError(record->key + ": the record is of a rule that has values");
         }
     }
 
@@ -139,8 +148,26 @@ std::vector<Conflict> ApplyPatch(RuleDocument& document, const Patch& patch, Con
     return PatchApplier(document, patch, choice).Apply();
 }
 
+// Rules that only one side has changed are taken whole, with what the module does not see in them.
+void TakeChangedRecords(const RuleDocument& base, RuleDocument& mine, const RuleDocument& theirs) {
+    const auto hasUnits = [&](const RuleDocument& document) {
+        return document.GetUnits() == base.GetUnits();
+    };
+    if (!hasUnits(mine) || !hasUnits(theirs)) return;
+    for (const RuleDocument::Entry& before : base.GetEntries()) {
+        const RuleDocument::Entry *own = mine.FindEntry(before.key), *other = theirs.FindEntry(before.key);
+        if (!own || !other) continue;
+        const std::string changed = ElementToUtf8(*other->record), old = ElementToUtf8(*before.record);
+        if (ElementToUtf8(*own->record) == old && changed != old) mine.ReplaceRecord(*own, changed);
+    }
+}
+
 MergeResult MergeDocuments(const RuleDocument& base, RuleDocument& mine, RuleDocument& theirs,
                            MergeChoice choice) {
+    if (choice == MergeChoice::Theirs)
+        TakeChangedRecords(base, theirs, mine);
+    else
+        TakeChangedRecords(base, mine, theirs);
     const Patch patch = MakePatch(base, theirs);
     MergeResult result{PatchApplier(mine, patch, ConflictChoice::None).Apply(), &mine};
     if (result.conflicts.empty() || choice == MergeChoice::None) return result;

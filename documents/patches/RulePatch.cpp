@@ -69,6 +69,12 @@ void ConflictList::AddMissing(const std::string& key) {
         throw EditError(key + " is not there, so that nothing in it can be changed");
 }
 
+bool ConflictList::KeepsPartOf(const std::string& ruleKey) const {
+    return m_choice == ConflictChoice::Document && std::ranges::any_of(m_keys, [&](const std::string& key) {
+               return key.starts_with(ruleKey + "/");
+           });
+}
+
 RulePatch::RulePatch(const Patch& patch, const std::string& ruleKey, std::vector<RuleValue> values,
                      ConflictList& conflicts)
     : m_patch(patch),

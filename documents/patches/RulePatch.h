@@ -20,6 +20,9 @@ class ConflictList {
     // What is to be changed is not there: nothing can be taken from the patch.
     void AddMissing(const std::string& key);
 
+    // Whether something in the rule stays as the document has it.
+    bool KeepsPartOf(const std::string& ruleKey) const;
+
     const std::vector<Conflict>& Get() const { return m_conflicts; }
     bool AreOpen() const { return !m_conflicts.empty() && m_choice == ConflictChoice::None; }
 

@@ -16,6 +16,22 @@ constexpr std::size_t kMostBytes = 1 << 16;
     throw CsvError(ToUtf8(path) + ": can't be read: " + WindowsErrorText(GetLastError()));
 }
 
+// Of its own, so that closing it leaves standard input open.
+HANDLE OpenStandardInput() {
+    HANDLE file = INVALID_HANDLE_VALUE;
+    const HANDLE process = GetCurrentProcess();
+    if (!DuplicateHandle(process, GetStdHandle(STD_INPUT_HANDLE), process, &file, 0, FALSE,
+                         DUPLICATE_SAME_ACCESS))
+        return INVALID_HANDLE_VALUE;
+    return file;
+}
+
+HANDLE OpenFileOf(const CString& path) {
+    if (path == L"-") return OpenStandardInput();
+    return CreateFileW(path, GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
+                       OPEN_EXISTING, FILE_FLAG_SEQUENTIAL_SCAN, nullptr);
+}
+
 bool IsUtf8(const std::string& text) {
     if (std::ranges::all_of(text, [](char ch) { return static_cast<unsigned char>(ch) < 0x80; })) return true;
     return MultiByteToWideChar(CP_UTF8, MB_ERR_INVALID_CHARS, text.data(), static_cast<int>(text.size()),
@@ -24,13 +40,10 @@ bool IsUtf8(const std::string& text) {
 
 }  // namespace
 
-CsvReader::CsvReader(const CString& path)
-    : m_path(path),
-      m_file(CreateFileW(path, GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
-                         OPEN_EXISTING, FILE_FLAG_SEQUENTIAL_SCAN, nullptr)),
-      m_buffer(1 << 16) {
+CsvReader::CsvReader(const CString& path) : m_path(path), m_file(OpenFileOf(path)), m_buffer(1 << 16) {
     LARGE_INTEGER size{};
-    if (m_file.get() == INVALID_HANDLE_VALUE || !GetFileSizeEx(m_file.get(), &size)) ThrowUnreadable(path);
+    const bool isOpen = m_file.get() != INVALID_HANDLE_VALUE;
+    if (!isOpen || (!GetFileSizeEx(m_file.get(), &size) && path != L"-")) ThrowUnreadable(path);
     m_bytesOfFile = static_cast<std::uint64_t>(size.QuadPart);
     Fill();
     if (std::string_view(m_buffer.data(), m_filled).starts_with(kByteOrderMark))
@@ -125,8 +138,9 @@ int CsvReader::Take() {
 
 bool CsvReader::Fill() {
     DWORD read = 0;
-    if (!ReadFile(m_file.get(), m_buffer.data(), static_cast<DWORD>(m_buffer.size()), &read, nullptr))
-        ThrowUnreadable(m_path);
+    const bool isRead =
+        ReadFile(m_file.get(), m_buffer.data(), static_cast<DWORD>(m_buffer.size()), &read, nullptr);
+    if (!isRead && GetLastError() != ERROR_BROKEN_PIPE) ThrowUnreadable(m_path);  // a pipe ends so
     m_bytesRead += read;
     m_filled = read;
     m_position = 0;

@@ -17,7 +17,7 @@ class CsvError : public std::runtime_error {
 // length. A byte-order mark and empty lines are passed over.
 class CsvReader {
   public:
-    // Throws CsvError when the file can't be opened or read.
+    // "-" is standard input. Throws CsvError when the file can't be opened or read.
     explicit CsvReader(const CString& path);
 
     // Goes to the next record; false at the end of the file.

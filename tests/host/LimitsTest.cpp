@@ -90,7 +90,7 @@ TEST_F(LimitsTest, AnswersATableOfCastings) {
               "\"\"Aluminium Alloys\"\" holds a casting of this size and weight; they are of size from "
               "0 to 400 mm, weight from 0.1 to 10 kg; 19040: no band of the table holds a casting of "
               "this size; they are of size from 0 to 203 mm\"\r\n"));
-    Run({L"limits", L"a.xml", L"--csv", L"-"}, 2, "", HasSubstr("standard input"));
+    Run({L"limits", L"a.xml", L"--csv", L"-"}, 3, "", HasSubstr("- is empty"));
     m_folder.Write(L"c.csv", "name,wieght\nA,1\n");
     Run({L"limits", L"a.xml", L"--csv", L"c.csv"}, 1, "", HasSubstr("c.csv:1: \"wieght\" is not a heading"));
 }

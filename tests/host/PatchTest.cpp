@@ -55,6 +55,10 @@ TEST_F(HostPatchTest, RefusesBadPatches) {
         {"\"right\": 5.0", "\"right\": 50", 1, "The maximum is below the minimum."},
         {"\"unit\": \"mm\",\n      \"left\": 6.0", "\"unit\": \"kg\",\n      \"left\": 6.0", 1,
          "\"kg\" instead of \"mm\""},
+        {"\"records\": []",
+         "\"records\": [{\"key\": \"19010#2\", \"left\": null, \"right\": \"<Rule Name=\\\"Uniform Wall "
+         "Thickness\\\" Module=\\\"MFXSandCastingRulesValidator\\\"/>\"}]",
+         1, "the record is of a rule that has values"},
         {"19010/10067\"", "19010/1067\"", 1, "there is no such value; the nearest keys are 19010/10067,"},
     };
     for (const auto& [part, by, exitCode, message] : kCases) {
@@ -76,4 +80,20 @@ TEST_F(HostPatchTest, MergesInPlace) {
     const std::string mine = m_folder.Read(L".merge_file_m");
     Run(merge, 1, "", HasSubstr("conflict: 19010/10067: base 6 mm, mine 5 mm, theirs 7 mm\n"));
     EXPECT_EQ(m_folder.Read(L".merge_file_m"), mine);
+}
+
+// The first material decides which limits are in force.
+TEST_F(HostPatchTest, SeesTheOrderOfMaterials) {
+    Run({L"set", L"a.xml", L"19010/by-material=no", L"-o", L"b.xml"}, 0, _, "");
+    Run({L"diff", L"a.xml", L"b.xml"}, 1, ContainsRegex("limits by material in force +yes +no\n"), "");
+    m_folder.Write(L"p.json", Run({L"diff", L"a.xml", L"b.xml", L"--json"}).out);
+    Run({L"apply", L"a.xml", L"p.json"}, 0, _, "");
+    Run({L"limits", L"a.xml", L"--material", L"Steel"}, 0, HasSubstr("6 mm  19010/10067\n"), "");
+}
+
+TEST_F(HostPatchTest, MergesWhatIsNotCompared) {
+    const std::string base = m_folder.Read(L"a.xml");
+    m_folder.Write(L"t.xml", Replaced(base, "<Remarks />", "<Remarks>by the foundry</Remarks>"));
+    Run({L"merge", L"a.xml", L"a.xml", L"t.xml", L"-o", L"m.xml"}, 0, _, "");
+    EXPECT_THAT(m_folder.Read(L"m.xml"), HasSubstr("by the foundry"));
 }

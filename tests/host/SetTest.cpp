@@ -55,6 +55,9 @@ TEST_F(HostTest, RefusesWhatADialogRefuses) {
         {L"19020/10165=stone", "is not a mass unit"},
         {L"19010/status=high", "is not a whole number"},
         {L"19010/Steel=present", "it is there already"},
+        {L"19010/a%01b=present", "no control characters"},
+        {L"19010/by-material=maybe", "is not yes or no"},
+        {L"19020/Steel/29118/1=no limit", "only an upper size may have no limit"},
         {L"19040/Steel=present", "there is no such value"},
     };
     for (const auto& [assignment, reason] : kCases)
