@@ -4,6 +4,9 @@
 #include "Text.h"
 #include "UnitNames.h"
 
+#include <algorithm>
+#include <cctype>
+
 namespace {
 
 int ShownLengthUnit(int code) {
@@ -58,7 +61,10 @@ std::string UnitSymbol(Quantity quantity, const RuleUnits& units) {
 std::optional<int> FindUnitOf(Quantity quantity, const std::string& name) {
     if (quantity == Quantity::Length) return FindLengthUnit(name);
     if (quantity == Quantity::Angle) return FindAngleUnit(name);
-    const int mass = quantity == Quantity::Mass ? FindMassUnit(FromUtf8(name)) : 0;
+    std::string label = name;
+    std::ranges::transform(label, label.begin(),
+                           [](unsigned char ch) { return static_cast<char>(std::tolower(ch)); });
+    const int mass = quantity == Quantity::Mass ? FindMassUnit(FromUtf8(label)) : 0;
     return mass ? std::optional(mass) : std::nullopt;
 }
 
