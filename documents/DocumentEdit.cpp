@@ -93,7 +93,8 @@ void DocumentEdit::Set(const std::string& key, const std::string& text) {
         SetContent(*entry.rule, *place, content);
         if (place->kind == ValueKind::ByMaterial &&
             IsFirstConstraint(*entry.rule, true) != (content == ValueContent("yes")))
-            throw EditError("no material is " + std::string(text == "yes" ? "active" : "inactive"));
+            throw EditError(text == "yes" ? "no material is active; set one's active to yes first"
+                                          : "no material is inactive; set one's active to no first");
         if (place->kind == ValueKind::ConstraintActive) SwitchLimits(*entry.rule, place->location.constraint);
     } catch (const EditError& error) {
         throw EditError(key + ": " + error.what());

@@ -48,13 +48,14 @@ CommandLine::CommandLine()
     m_cli.footer(
         "mfxhost help COMMAND tells the usage of a command. Every command takes --lang too. A file name - "
         "stands for standard input, or for standard output.\n \n"
-        "Exit codes: 0 done, 1 findings, 2 wrong usage, 3 input that can't be read, 4 something missing on "
+        "Exit codes: 0 done, 1 something in the input needs attention, 2 wrong usage, 3 input that can't be "
+        "read, 4 something missing on "
         "the "
-        "machine, or a file that can't be written or was changed meanwhile.\n");
+        "machine, or a file that can't be written or was changed meanwhile, 70 a crash.\n");
     m_cli
         .add_option("--lang", m_language,
                     "Language of the rules' texts, also of those that are saved: " + Joined(LanguageWords()) +
-                        " (english unless told otherwise; in dialogs the user's)")
+                        " (english unless told otherwise; in dialogs that of Windows)")
         ->type_name("LANGUAGE")
         ->check(CLI::IsMember(LanguageWords(), CLI::ignore_case).description(""));
     AddHelpCommand();

@@ -6,7 +6,9 @@ if(NOT DEFINED ENV{SOURCE_DATE_EPOCH})
   set(ENV{SOURCE_DATE_EPOCH} "${seconds}")
 endif()
 if(NOT "$ENV{SOURCE_DATE_EPOCH}" STREQUAL "")
-  execute_process(COMMAND find "${CPACK_TEMPORARY_DIRECTORY}" -exec touch --date "@$ENV{SOURCE_DATE_EPOCH}" {} +
+  # The installer keeps times in steps of two seconds. By them the uninstaller tells samples that were not changed.
+  math(EXPR seconds "$ENV{SOURCE_DATE_EPOCH} / 2 * 2")
+  execute_process(COMMAND find "${CPACK_TEMPORARY_DIRECTORY}" -exec touch --date "@${seconds}" {} +
     COMMAND_ERROR_IS_FATAL ANY)
 endif()
 

@@ -26,13 +26,16 @@ shown 0 list
 shown 0 new company.xml
 shown 0 set company.xml 19010/10067=5mm 19010/Steel=present 19010/Steel/10067=0.2in 19010/Steel/10068=12mm
 shown 1 set company.xml 19010/10067=20mm
+printf '\n$ copy samples\\draft-angles.xlsx .\n'
 shown 0 import company.xml draft-angles.xlsx --rule 19040
 shown 0 check company.xml
+printf '\n$ copy samples\\legacy-three-numbers.xml .\n'
 shown 1 check . --severity error
 shown 1 diff company.xml --defaults
 
 cp company.xml plant.xml
 cp company.xml next.xml
+printf '\n$ copy company.xml plant.xml\n$ copy company.xml next.xml\n'
 shown 0 set plant.xml 19010/10067=6mm
 shown 0 set next.xml 19030/29167=20 "19040/29183/2/angle1=2 deg"
 shown 1 diff company.xml next.xml
