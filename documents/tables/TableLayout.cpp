@@ -26,17 +26,17 @@ TableLayout::TableLayout(const TableTexts& table, std::span<const TableColumn> c
 void TableLayout::ReadHeading(std::size_t place) {
     const std::string& text = m_table.headings.cells[place];
     const int line = m_table.headings.number;
-    const auto [name, unit] = SplitCsvHeading(text);
+    const CsvHeading heading = SplitCsvHeading(text);
     if (WithoutBlanks(text).empty()) return;  // spreadsheet programs write empty columns
     const auto found = std::ranges::find_if(
-        m_columns, [&](const TableColumn& column) { return IsSameWord(name, column.heading); });
+        m_columns, [&](const TableColumn& column) { return IsSameWord(heading.name, column.heading); });
     if (found == m_columns.end())
         RefuseCell(m_table, line, place, Quoted(FromUtf8(text)) + " is not a heading" + ExpectedHeadings());
     const auto column = static_cast<std::size_t>(found - m_columns.begin());
     if (Has(column))
         RefuseCell(m_table, line, place, Quoted(FromUtf8(text)) + " stands there twice" + ExpectedHeadings());
     m_places[column] = place;
-    if (!unit.empty()) ReadUnit(place, column, unit);
+    if (!heading.unit.empty()) ReadUnit(place, column, heading.unit);
 }
 
 void TableLayout::ReadUnit(std::size_t place, std::size_t column, std::string_view unit) {
