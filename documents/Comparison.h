@@ -29,6 +29,11 @@ struct Difference {
     std::optional<RuleValue> left, right;  // empty on the side without it; of a whole one "present"
 };
 
+// The key of the rule that the difference is in.
+inline std::string RuleKeyOf(const Difference& difference) {
+    return difference.key.substr(0, difference.key.find('/'));
+}
+
 // The differences, in the units that both contents are in. Rules and constraints are compared with those of
 // the same key, bands with those that they are aligned with (BandRows.h). Of records that the module does not
 // know the texts are compared.

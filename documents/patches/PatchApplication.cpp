@@ -13,10 +13,6 @@
 
 namespace {
 
-std::string RuleKeyOf(const Difference& difference) {
-    return difference.key.substr(0, difference.key.find('/'));
-}
-
 bool IsByMaterial(const Difference& difference) {
     return difference.key.ends_with("/" + std::string(kByMaterialKey));
 }

@@ -39,10 +39,6 @@ std::string UnitOf(const Difference& difference) {
     return {};
 }
 
-std::string RuleKeyOf(const Difference& difference) {
-    return difference.key.substr(0, difference.key.find('/'));
-}
-
 Json ValuesToJson(const Difference& difference) {
     return ToArray(difference.values, [&](const RuleValue& value) {
         return Json{{"key", RuleKeyOf(difference) + "/" + value.key},
