@@ -50,7 +50,8 @@ function(mfx_version_resource target description)
 endfunction()
 
 # Puts the symbols of a program or DLL into a file of its own, bin/.debug/NAME.debug, where addr2line and gdb find it.
-# With them inside, Windows' loader and Wine's map up to a hundred megabytes at each start.
+# With them inside, Windows' loader and Wine's map up to a hundred megabytes at each start. Without --preserve-dates
+# the files would hold the current time, and differ from build to build.
 function(mfx_split_symbols target)
   if(NOT MINGW)
     return()
@@ -58,8 +59,8 @@ function(mfx_split_symbols target)
   set(symbols "${MFX_BIN_DIR}/.debug/$<TARGET_FILE_NAME:${target}>.debug")
   add_custom_command(TARGET ${target} POST_BUILD
     COMMAND ${CMAKE_COMMAND} -E make_directory "${MFX_BIN_DIR}/.debug"
-    COMMAND ${CMAKE_OBJCOPY} --only-keep-debug $<TARGET_FILE:${target}> "${symbols}"
-    COMMAND ${CMAKE_OBJCOPY} --strip-all --add-gnu-debuglink=${symbols} $<TARGET_FILE:${target}>
+    COMMAND ${CMAKE_OBJCOPY} --preserve-dates --only-keep-debug $<TARGET_FILE:${target}> "${symbols}"
+    COMMAND ${CMAKE_OBJCOPY} --preserve-dates --strip-all --add-gnu-debuglink=${symbols} $<TARGET_FILE:${target}>
     VERBATIM)
 endfunction()
 
@@ -109,7 +110,8 @@ if(MINGW)
       set(path "${MFX_${runtime}}")
     endif()
     file(MAKE_DIRECTORY "${MFX_BIN_DIR}")
-    execute_process(COMMAND ${CMAKE_STRIP} -o "${MFX_BIN_DIR}/${runtime}" "${path}" COMMAND_ERROR_IS_FATAL ANY)
+    execute_process(COMMAND ${CMAKE_STRIP} --preserve-dates -o "${MFX_BIN_DIR}/${runtime}" "${path}"
+      COMMAND_ERROR_IS_FATAL ANY)
     install(PROGRAMS "${MFX_BIN_DIR}/${runtime}" DESTINATION bin)
   endforeach()
 endif()

@@ -8,6 +8,7 @@ import shutil
 import struct
 import subprocess
 import sys
+import zlib
 
 # Windows language id, and the encoding that the help window takes project and contents to have.
 LANGUAGES = {"english": (0x409, "cp1252"), "japanese": (0x411, "cp932"), "korean": (0x412, "cp949"),
@@ -44,16 +45,32 @@ def write_context_numbers(sections, folder):
     sections["FILES"] += ["#IVB", "#STRINGS"]
 
 
-def hide_empty_strings(compiled):
+def only_match(pattern, data, what):
+    found = list(re.finditer(pattern, data, re.DOTALL))
+    if len(found) != 1:
+        sys.exit(f"make_help: chmcmd has written other {what} than expected")
+    return found[0]
+
+
+def hide_empty_strings(data):
     """chmcmd adds a table of strings of its own, one byte long. No name may be in the file twice, so this one gets
     another, in the order of the alphabet."""
-    data = compiled.read_bytes()
-    found = list(re.finditer(rb"/#STRINGS(?=\x01[\x80-\xff]*[\x00-\x7f]\x01)", data))
-    if len(found) != 1:
-        sys.exit("make_help: chmcmd has written other tables of strings than expected")
-    is_first = found[0].start() == data.find(b"/#STRINGS")
+    table = only_match(rb"/#STRINGS(?=\x01[\x80-\xff]*[\x00-\x7f]\x01)", data, "tables of strings")
+    is_first = table.start() == data.find(b"/#STRINGS")
     name = b"/#STRINGR" if is_first else b"/#STRINGT"
-    compiled.write_bytes(data[:found[0].start()] + name + data[found[0].end():])
+    data[slice(*table.span())] = name
+
+
+def replace_times(data):
+    """chmcmd writes the time of compiling, as a number of 32 bits, at byte 16 of the file and into entry 10 of the
+    table #SYSTEM. The same pages shall give the same file, so a check sum of the file replaces both."""
+    entry = only_match(rb"(?<=\x0a\0\x04\0)....(?=\x09\0\x16\0HHA Version)", data, "times")
+    places = [slice(16, 20), slice(*entry.span())]
+    for place in places:
+        data[place] = bytes(4)
+    stamp = struct.pack("<I", zlib.crc32(data))
+    for place in places:
+        data[place] = stamp
 
 
 def main():
@@ -77,8 +94,10 @@ def main():
     done = subprocess.run(["chmcmd", "--no-html-scan", "mfxkit.hhp"], cwd=work, capture_output=True, text=True)
     if done.returncode or not compiled.exists():
         sys.exit(done.stdout + done.stderr)
-    hide_empty_strings(compiled)
-    shutil.copy(compiled, result)
+    data = bytearray(compiled.read_bytes())
+    hide_empty_strings(data)
+    replace_times(data)
+    result.write_bytes(data)
 
 
 if __name__ == "__main__":

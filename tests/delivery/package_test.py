@@ -71,10 +71,17 @@ class PackageTest(unittest.TestCase):
         program = (self.root / "bin/mfxhost.exe").read_bytes()
         self.assertIn(b'<requestedExecutionLevel level="asInvoker" uiAccess="false"/>', program)
 
-    def test_tells_nothing_of_the_machine(self):
+    def test_tells_nothing_of_machine_and_time(self):
         for path in self.root.rglob("*"):
             if path.is_file():
                 self.assertNotIn(str(ROOT).encode(), path.read_bytes(), path.name)
+        for binary in self.binaries:
+            if not binary.name.startswith("lib"):  # the compiler's own
+                self.assertIn("Jan  1 00:00:00 1970", output_of("env", "TZ=UTC", TOOL + "objdump", "-p", binary))
+        again = self.folder / "again.chm"
+        output_of("/usr/bin/python3", ROOT / "scripts/make_help.py", "english", ROOT / "docs/help", self.folder / "work",
+                  again)
+        self.assertEqual(again.read_bytes(), (self.root / "lang/english/mfxkit.chm").read_bytes())
 
     def test_finds_lines_of_crashes(self):
         """The address of an export, by the symbols beside the library."""
