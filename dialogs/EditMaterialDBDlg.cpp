@@ -81,9 +81,9 @@ BOOL CEditMaterialDBDlg::OnInitDialog() {
     if (const MfxDatabaseResult result = m_edits.Load(*pDatabase); result.problem)
         return RefuseToEdit(GetProblemText(result.problem));
     const MfxDatabaseResult writing = pDatabase->GetWriteProblem();
-    m_bWritable = writing.problem == DatabaseNoProblem;
-    if (CWnd* const pReason = GetDlgItem(IDC_MATERIALS_REASON); pReason && !m_bWritable)
-        pReason->SetWindowText(LoadLocalizedString(GetProblemText(writing.problem)));
+    m_bWritable = true;
+    if (writing.problem) MakeReadOnly(writing);
+    m_editName.SetLimitText(kLongestName);
     ShowTree();
     m_tree.SetFocus();
     return FALSE;  // the focus is set
@@ -187,8 +187,15 @@ void CEditMaterialDBDlg::TakeUnits() {
 
 void CEditMaterialDBDlg::UpdateListCtrl() {
     const MfxDatabaseResult result = m_edits.Load(*mfx_db::MFXDataHelper::getInstance());
-    m_bWritable = m_bWritable && !result.problem;
+    if (result.problem) MakeReadOnly(result);
     ShowTree();
+}
+
+// The reason stands where the hint is otherwise.
+void CEditMaterialDBDlg::MakeReadOnly(const MfxDatabaseResult& reason) {
+    m_bWritable = false;
+    if (CWnd* const pReason = GetDlgItem(IDC_MATERIALS_REASON))
+        pReason->SetWindowText(LoadLocalizedString(GetProblemText(reason.problem)));
 }
 
 // With the groups of the first process in sight.
@@ -219,7 +226,6 @@ void CEditMaterialDBDlg::InsertItem(int nItem) {
 void CEditMaterialDBDlg::ShowItem(int nItem) {
     m_nShown = nItem;
     const MaterialTexts texts = nItem < 0 ? MaterialTexts() : m_edits.GetTexts(nItem);
-    m_editName.SetLimitText(kLongestName);
     m_editName.SetWindowText(texts.strName);
     m_editDensity.SetWindowText(texts.strDensity);
     m_editMinimum.SetWindowText(texts.strMinimumWall);

@@ -32,6 +32,7 @@ class CEditMaterialDBDlg : public CMFXRuleDlgBase {
     bool HasControls() const;
     void SetUpUnits();
     void TakeUnits();
+    void MakeReadOnly(const MfxDatabaseResult& reason);
     void ShowTree();
     void InsertItem(int nItem);
     void ShowItem(int nItem);

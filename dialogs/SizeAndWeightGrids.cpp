@@ -47,6 +47,9 @@ std::vector<BandTexts> ReadBandRows(const CMFXListCtrl& grid) {
     for (std::size_t row = 0; row < rows.size(); ++row)
         for (std::size_t cell = 0; cell < BandCell::Count; ++cell)
             rows[row][cell] = grid.GetItemText(static_cast<int>(row), BandCol(cell));
+    if (grid.IsEditorVisible())
+        rows[static_cast<std::size_t>(grid.GetEditRow())]
+            [static_cast<std::size_t>(grid.GetEditCol() - kFirstBandCol)] = grid.GetEditorText();
     return rows;
 }
 

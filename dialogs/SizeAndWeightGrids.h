@@ -14,7 +14,7 @@ void ShowBands(CMFXListCtrl& grid, const std::vector<BandTexts>& rows);
 // Writes into the rows that there are. Empty texts are left out: their cells are empty already.
 void WriteBands(CMFXListCtrl& grid, const std::vector<BandTexts>& rows);
 
-// The names in the list, and all rows of the grid.
+// The names in the list, and all rows of the grid with what is being typed.
 std::vector<CString> ReadGroups(const CMFXListCtrl& list);
 std::vector<BandTexts> ReadBandRows(const CMFXListCtrl& grid);
 

@@ -70,7 +70,8 @@ BOOL CMFXUniformThicknessDlg::PreTranslateMessage(MSG* pMsg) {
 
 // Deletes the selected rows, or else the row that is being edited.
 void CMFXUniformThicknessDlg::OnDeleteRows() {
-    if (!m_gridMaterials.DeleteSelectedRows()) DeleteRow(m_gridMaterials.GetEditRow());
+    if (!m_gridMaterials.DeleteSelectedRows() && m_gridMaterials.IsEditing())
+        DeleteRow(m_gridMaterials.GetEditRow());
 }
 
 void CMFXUniformThicknessDlg::OnEditMaterials() {

@@ -90,6 +90,8 @@ void CMFXWTBasedOnSizeAndWeightDlg::OnGridNotify(const CString& strText, int nCo
         case GridGroupSelected:
         case IDC_SIZE_WEIGHT_GROUPS:
             return SelectGroup(strText);
+        case GridCellTyped:
+            return UpdateOkButton();
         case GridCellCommitted:
         case IDC_SIZE_WEIGHT_BANDS:
             return ValidateWhileTyping();
@@ -102,7 +104,9 @@ void CMFXWTBasedOnSizeAndWeightDlg::SupplyMaterialGroups(CMFXListCtrl& grid) {
 }
 
 void CMFXWTBasedOnSizeAndWeightDlg::OnEditMaterials() {
-    if (m_listGroups.EndEditing() && m_gridBands.EndEditing()) EditMaterialsFrom(*this);
+    if (!m_listGroups.EndEditing()) return;
+    CommitPendingCell();
+    EditMaterialsFrom(*this);
 }
 
 void CMFXWTBasedOnSizeAndWeightDlg::UpdateListCtrl() {
@@ -128,13 +132,13 @@ void CMFXWTBasedOnSizeAndWeightDlg::OnMassUnitChange() {
 }
 
 void CMFXWTBasedOnSizeAndWeightDlg::OnOK() {
-    if (!m_bEditable || !LeaveCurrentGroup() || !EveryGroupHasBands()) return;
+    if (!m_bEditable || !LeaveCurrentGroup() || !m_listGroups.EndEditing() || !EveryGroupHasBands()) return;
     if (const CString strFlawed = m_groups.FindFlawedGroup(); !strFlawed.IsEmpty()) {
         m_groups.SetCurrent(strFlawed);
         ShowCurrentGroup();
         return ShowFlaw(m_groups.Check());
     }
-    if (!m_groups.HasUsableBand()) return ShowFlaw({SizeAndWeightFlaw::NoBands});
+    if (!m_groups.HasUsableBand({})) return ShowFlaw({SizeAndWeightFlaw::NoBands});
     m_groups.Store(*m_pRule);
     StoreLengthUnit(m_comboLengthUnit, m_pRule->m_nLengthUnit);
     CMFXRuleDlgBase::OnOK();
@@ -247,9 +251,9 @@ void CMFXWTBasedOnSizeAndWeightDlg::OnRowsDeleted(const CMFXListCtrl& grid) {
     }
 }
 
-// A line of text says what OK needs.
+// What is being typed counts, or OK would stay grey under the last value. A line of text says what OK needs.
 void CMFXWTBasedOnSizeAndWeightDlg::UpdateOkButton() {
-    const bool bUsable = m_groups.HasUsableBand();
+    const bool bUsable = m_groups.HasUsableBand(ReadBandRows(m_gridBands));
     m_buttonOk.EnableWindow(bUsable);
     m_staticOkHint.ShowWindow(bUsable ? SW_HIDE : SW_SHOW);
 }

@@ -8,6 +8,7 @@ class CMFXListCtrl;
 enum GridNotification {
     GridGroupSelected = 100,  // a group was selected by click or key; its name
     GridCellCommitted = 101,  // a cell of the band grid was committed; its text
+    GridCellTyped = 102,      // a text is being typed into such a cell, or was given up
     GridGroupNamed = 103,     // a group's name was chosen
 };
 

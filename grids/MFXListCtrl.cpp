@@ -1,5 +1,6 @@
 #include "MFXListCtrl.h"
 
+#include "CellEditors.h"
 #include "HandleMessage.h"
 #include "NumberText.h"
 #include "SandCastingRulesApp.h"
@@ -14,24 +15,7 @@ constexpr UINT kComboId = 10015;
 constexpr int kMinimumCol = 1;
 constexpr int kMaximumCol = 2;
 constexpr int kDropDownHeight = 160;  // pixels at 96 dpi
-constexpr int kTextMargin = 1;        // pixels
 constexpr wchar_t kCaption[] = L"MfxKit";
-
-// Half-way down, where the cell has its text; a multi-line box begins at the top.
-void PlaceLine(CEdit& editor, int nFontHeight) {
-    CRect line;
-    editor.GetClientRect(line);
-    line.InflateRect(-kTextMargin, -std::max(0, (line.Height() - nFontHeight) / 2));
-    editor.SetRectNP(line);
-}
-
-// A combo box takes its height from its font. It stands half-way down a rectangle of the given height.
-void PlaceBox(CComboBox& combo, CRect rect, int nHeight) {
-    CRect box;
-    combo.GetWindowRect(box);
-    const int nOffset = (nHeight - box.Height()) / 2;
-    combo.MoveWindow(CRect(rect.left, rect.top + nOffset, rect.right, rect.bottom + nOffset));
-}
 
 }  // namespace
 
@@ -39,27 +23,13 @@ BEGIN_MESSAGE_MAP(CMFXListCtrl, CListCtrl)
     ON_WM_DESTROY()
     ON_WM_KEYDOWN()
     ON_WM_VSCROLL()
+    ON_MESSAGE(WM_NEXTDLGCTL, &CMFXListCtrl::OnNextDialogControl)
 END_MESSAGE_MAP()
-
-int CMFXListCtrl::ScaleForDpi(int nPixels) const {
-    return MulDiv(nPixels, static_cast<int>(GetDpiForWindow(m_hWnd)), USER_DEFAULT_SCREEN_DPI);
-}
-
-int CMFXListCtrl::GetFontHeight() const {
-    const HDC hDC = ::GetDC(m_hWnd);
-    const HGDIOBJ hPrevious =
-        ::SelectObject(hDC, reinterpret_cast<HFONT>(::SendMessageW(m_hWnd, WM_GETFONT, 0, 0)));
-    TEXTMETRICW metrics{};
-    ::GetTextMetricsW(hDC, &metrics);
-    if (hPrevious) ::SelectObject(hDC, hPrevious);
-    ::ReleaseDC(m_hWnd, hDC);
-    return metrics.tmHeight;
-}
 
 // Dialogs make their edit boxes 14 units high; the font has 8. The pictures that rows make room for give them
 // their height. The list view owns the image list and adds a pixel.
 void CMFXListCtrl::SetRowHeight() {
-    const int nHeight = MulDiv(GetFontHeight(), 14, 8);
+    const int nHeight = MulDiv(GetFontHeight(*this), 14, 8);
     ListView_SetImageList(m_hWnd, ImageList_Create(1, nHeight - 1, ILC_COLOR, 0, 0), LVSIL_SMALL);
 }
 
@@ -69,8 +39,18 @@ bool CMFXListCtrl::GetEditorRect(int nRow, int nCol, CRect& rect) {
     if (nRow < 0 || nRow >= GetItemCount() || nCol < 0 || nCol >= nColumns) return false;
     EnsureVisible(nRow, FALSE);
     if (!GetSubItemRect(nRow, nCol, LVIR_LABEL, rect)) return false;
+    if (ScrollIntoView(rect)) GetSubItemRect(nRow, nCol, LVIR_LABEL, rect);
     rect.InflateRect(0, 2);
     return true;
+}
+
+// To the side; a column that is too wide shows its beginning. Whether there was anything to scroll.
+bool CMFXListCtrl::ScrollIntoView(const CRect& cell) {
+    CRect view;
+    GetClientRect(view);
+    const int nBeyond = std::max(0, static_cast<int>(cell.right - view.right));
+    const int nPixels = std::min(nBeyond, static_cast<int>(cell.left - view.left));
+    return nPixels != 0 && Scroll(CSize(nPixels, 0));
 }
 
 // The focus goes back to the grid.
@@ -121,7 +101,7 @@ void CMFXListCtrl::BeginCellEdit(int nRow, int nCol, int nTextLimit) {
         m_editCell.ShowWindow(SW_SHOW);
     }
     m_editCell.SetFont(GetFont());  // the list's font changes with the monitor's dpi
-    PlaceLine(m_editCell, GetFontHeight());
+    PlaceLine(m_editCell, GetFontHeight(*this));
     Record(nRow, nCol, strText);
     m_editCell.SetSel(0, -1);
     m_editCell.SetFocus();
@@ -160,7 +140,7 @@ void CMFXListCtrl::BeginComboEdit(int nRow, int nCol, int nTextLimit) {
     const CString strText = GetItemText(nRow, nCol);
     Hide(m_editCell);
     const int nHeight = rect.Height();
-    rect.bottom += ScaleForDpi(kDropDownHeight);
+    rect.bottom += ScaleForDpi(*this, kDropDownHeight);
     if (!m_comboCell.GetSafeHwnd()) {
         m_comboCell.Create(WS_CHILD | WS_VISIBLE | WS_VSCROLL | WS_TABSTOP | CBS_DROPDOWNLIST, rect, this,
                            kComboId);
@@ -274,7 +254,8 @@ BOOL CMFXListCtrl::HandleKey(WPARAM nKey) {
     if (IsComboVisible() && nKey != VK_ESCAPE) return HandleComboKey(nKey);
     switch (nKey) {
         case VK_TAB:
-            return m_nEditCol < m_nLastEditCol && CommitAndMove(0, 1);
+            return GetKeyState(VK_SHIFT) < 0 ? m_nEditCol > m_nFirstEditCol && CommitAndMove(0, -1)
+                                             : m_nEditCol < m_nLastEditCol && CommitAndMove(0, 1);
         case VK_RETURN:
             return CommitAndMove(0, 0, false);
         case VK_ESCAPE: {
@@ -297,7 +278,7 @@ BOOL CMFXListCtrl::HandleKey(WPARAM nKey) {
 // All other keys are the list's.
 BOOL CMFXListCtrl::HandleComboKey(WPARAM nKey) {
     if (nKey != VK_TAB && nKey != VK_RETURN) return FALSE;
-    if (CommitCombo() && nKey == VK_TAB && m_nEditCol < m_nLastEditCol)
+    if (CommitCombo() && nKey == VK_TAB && GetKeyState(VK_SHIFT) >= 0 && m_nEditCol < m_nLastEditCol)
         BeginCellEdit(m_nEditRow, m_nEditCol + 1, kTextLimit);
     return TRUE;
 }
@@ -357,6 +338,13 @@ void CMFXListCtrl::OnKeyDown(UINT nChar, UINT nRepCnt, UINT nFlags) {
         CListCtrl::OnKeyDown(nChar, nRepCnt, nFlags);
 }
 
+// The text editor asks its parent for the next control when Tab finds no further column. The cell is
+// committed as by Enter; then the dialog moves on, unless the cell is refused.
+LRESULT CMFXListCtrl::OnNextDialogControl(WPARAM bPrevious, LPARAM lParam) {
+    HandleKey(VK_RETURN);
+    return IsEditorVisible() ? 0 : GetParent()->SendMessage(WM_NEXTDLGCTL, bPrevious, lParam);
+}
+
 // An editor that is shown stays where it is.
 void CMFXListCtrl::OnVScroll(UINT nSBCode, UINT nPos, CScrollBar* pScrollBar) {
     CListCtrl::OnVScroll(nSBCode, nPos, pScrollBar);
@@ -372,7 +360,7 @@ void CMFXListCtrl::CreateColumns(const std::vector<CString>& headers, const std:
     SetRowHeight();
     for (std::size_t i = 0; i < headers.size(); ++i)
         InsertColumn(static_cast<int>(i), headers[i], nFormat,
-                     ScaleForDpi(widths[std::min(i, widths.size() - 1)]), static_cast<int>(i));
+                     ScaleForDpi(*this, widths[std::min(i, widths.size() - 1)]), static_cast<int>(i));
 }
 
 CMFXListCtrl::Cell CMFXListCtrl::FindCell(CPoint point) {
@@ -388,4 +376,14 @@ bool CMFXListCtrl::IsEditorVisible() const {
 
 bool CMFXListCtrl::IsComboVisible() const {
     return m_comboCell.GetSafeHwnd() && m_comboCell.IsWindowVisible();
+}
+
+CString CMFXListCtrl::GetEditorText() const {
+    CString strText;
+    m_editCell.GetWindowText(strText);
+    return strText;
+}
+
+bool CMFXListCtrl::IsEditing() const {
+    return IsEditorVisible() || IsComboVisible();
 }

@@ -43,6 +43,8 @@ class CMFXListCtrl : public CListCtrl {
     void MakeEmptyRows(int nRows);
 
     bool IsEditorVisible() const;  // the text editor
+    CString GetEditorText() const;
+    bool IsEditing() const;  // in the text editor or the drop-down list
     // Ends what is being edited as Enter does; false when a choice is refused.
     bool EndEditing();
     // Whether the keyboard is at the grid or one of its editors.
@@ -73,6 +75,7 @@ class CMFXListCtrl : public CListCtrl {
     LRESULT WindowProc(UINT nMessage, WPARAM wParam, LPARAM lParam) override;
     afx_msg void OnDestroy();
     afx_msg void OnKeyDown(UINT nChar, UINT nRepCnt, UINT nFlags);
+    afx_msg LRESULT OnNextDialogControl(WPARAM bPrevious, LPARAM lParam);
     afx_msg void OnVScroll(UINT nSBCode, UINT nPos, CScrollBar* pScrollBar);
     DECLARE_MESSAGE_MAP()
 
@@ -105,10 +108,9 @@ class CMFXListCtrl : public CListCtrl {
     CString m_strEditStartText;
 
   private:
-    int ScaleForDpi(int nPixels) const;
-    int GetFontHeight() const;
     void SetRowHeight();
     bool GetEditorRect(int nRow, int nCol, CRect& rect);
+    bool ScrollIntoView(const CRect& cell);
     void CreateEditor(int nCol, const CRect& rect, int nTextLimit);
     void Hide(CWnd& editor);
     void Record(int nRow, int nCol, const CString& strText);

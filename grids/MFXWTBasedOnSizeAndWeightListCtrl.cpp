@@ -82,9 +82,16 @@ bool CMFXWTBasedOnSizeAndWeightListCtrl::CanEdit(const Cell& cell) const {
 
 BOOL CMFXWTBasedOnSizeAndWeightListCtrl::HandleKey(WPARAM nKey) {
     const Cell edited{m_nEditRow, m_nEditCol};
-    const bool bCommits = IsBandGrid() && IsEditorVisible() && nKey != VK_DELETE && nKey != VK_ESCAPE;
+    const bool bEnds = IsBandGrid() && IsEditorVisible() && nKey != VK_DELETE;
     const BOOL bHandled = CMFXListCtrl::HandleKey(nKey);
-    if (bHandled && bCommits) Notify(GetItemText(edited.nRow, edited.nCol), GridCellCommitted);
+    if (bHandled && bEnds)
+        Notify(GetItemText(edited.nRow, edited.nCol), nKey == VK_ESCAPE ? GridCellTyped : GridCellCommitted);
+    return bHandled;
+}
+
+BOOL CMFXWTBasedOnSizeAndWeightListCtrl::OnCommand(WPARAM wParam, LPARAM lParam) {
+    const BOOL bHandled = CMFXListCtrl::OnCommand(wParam, lParam);
+    if (IsBandGrid() && HIWORD(wParam) == EN_CHANGE) Notify(GetEditorText(), GridCellTyped);
     return bHandled;
 }
 

@@ -20,6 +20,7 @@ class CMFXWTBasedOnSizeAndWeightListCtrl : public CMFXListCtrl {
 
   protected:
     BOOL HandleKey(WPARAM nKey) override;
+    BOOL OnCommand(WPARAM wParam, LPARAM lParam) override;
     BOOL CommitCombo() override;
     void BeginRowEdit(int nRow) override;
     afx_msg void OnDestroy();

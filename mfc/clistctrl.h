@@ -31,6 +31,7 @@ class MFX_MFC_API CListCtrl : public CWnd {
     int InsertItem(int nItem, LPCTSTR lpszItem);                      // index
     void SetItemCount(int nItems) { Ask(LVM_SETITEMCOUNT, nItems); }  // room for so many
     BOOL EnsureVisible(int nItem, BOOL bPartialOK) { return Ask(LVM_ENSUREVISIBLE, nItem, bPartialOK) != 0; }
+    BOOL Scroll(CSize size) { return Ask(LVM_SCROLL, size.cx, size.cy) != 0; }  // by pixels
     BOOL DeleteAllItems() { return Ask(LVM_DELETEALLITEMS) != 0; }
     BOOL DeleteItem(int nItem) { return Ask(LVM_DELETEITEM, nItem) != 0; }
 

@@ -7,6 +7,7 @@
 #include "WTBasedOnCastSizeAndWeightRule.h"
 
 #include <algorithm>
+#include <ranges>
 
 namespace {
 
@@ -18,6 +19,20 @@ CString TextOf(double value) {
 
 bool HasLowerBound(const CastSizeAndWeightBand& band) {
     return IsGiven(band.sizeMin) || IsGiven(band.weightMin);
+}
+
+// Rows without a lower bound are no bands.
+std::vector<NumberedBand> NumberRows(const Bands& rows) {
+    std::vector<NumberedBand> bands;
+    for (std::size_t row = 0; row < rows.size(); ++row)
+        if (HasLowerBound(rows[row])) bands.push_back({static_cast<int>(row) + 1, rows[row]});
+    return bands;
+}
+
+// The check itself calls an empty group a flaw. The dialog lists all empty groups at once instead, on OK.
+SizeAndWeightResult CheckRows(const Bands& rows) {
+    const std::vector<NumberedBand> bands = NumberRows(rows);
+    return bands.empty() ? SizeAndWeightResult() : CheckSizeAndWeightBands(bands);
 }
 
 bool HasAllLists(const CMFXConstraint& group) {
@@ -66,9 +81,9 @@ std::vector<CString> SizeAndWeightGroups::GetGroupsWithoutBands() const {
     return names;
 }
 
-bool SizeAndWeightGroups::HasUsableBand() const {
-    return std::ranges::any_of(m_groups,
-                               [](const auto& group) { return std::ranges::any_of(group.second, IsUsable); });
+bool SizeAndWeightGroups::HasUsableBand(std::span<const BandTexts> rows) const {
+    const auto hasUsable = [](const Bands& bands) { return std::ranges::any_of(bands, IsUsable); };
+    return std::ranges::any_of(m_groups | std::views::values, hasUsable) || hasUsable(ReadRows(rows));
 }
 
 // A band without a lower bound is not shown, since it would not be read again either.
@@ -88,20 +103,15 @@ std::vector<BandTexts> SizeAndWeightGroups::GetRows() const {
     return rows;
 }
 
-void SizeAndWeightGroups::ReadRows(std::span<const BandTexts> rows) {
-    m_rows.resize(rows.size());
+Bands SizeAndWeightGroups::ReadRows(std::span<const BandTexts> rows) const {
+    Bands bands = m_rows;
+    bands.resize(rows.size());
     for (std::size_t row = 0; row < rows.size(); ++row)
         for (std::size_t cell = 0; cell < BandCell::Count; ++cell) {
-            double& value = m_rows[row].*kBandValues[cell];
+            double& value = bands[row].*kBandValues[cell];
             const CString& strText = rows[row][cell];
             if (strText != TextOf(value)) value = strText.IsEmpty() ? kValueNotGiven : ParseDouble(strText);
         }
-}
-
-std::vector<NumberedBand> SizeAndWeightGroups::GetNumberedBands() const {
-    std::vector<NumberedBand> bands;
-    for (std::size_t row = 0; row < m_rows.size(); ++row)
-        if (HasLowerBound(m_rows[row])) bands.push_back({static_cast<int>(row) + 1, m_rows[row]});
     return bands;
 }
 
@@ -113,31 +123,24 @@ void SizeAndWeightGroups::StoreRows() {
 
 void SizeAndWeightGroups::TakeRows(std::span<const BandTexts> rows) {
     if (m_strCurrent.IsEmpty()) return;
-    ReadRows(rows);
+    m_rows = ReadRows(rows);
     StoreRows();
 }
 
-// The check calls an empty group a flaw. The dialog lists all empty groups at once instead, on OK.
 SizeAndWeightResult SizeAndWeightGroups::Check() const {
-    const std::vector<NumberedBand> bands = GetNumberedBands();
-    return bands.empty() ? SizeAndWeightResult() : CheckSizeAndWeightBands(bands);
+    return CheckRows(m_rows);
 }
 
 CString SizeAndWeightGroups::FindFlawedGroup() const {
-    for (const auto& [strGroup, bands] : m_groups) {
-        std::vector<NumberedBand> numbered;
-        for (const CastSizeAndWeightBand& band : bands)
-            numbered.push_back({static_cast<int>(numbered.size()) + 1, band});
-        if (!numbered.empty() && CheckSizeAndWeightBands(numbered).flaw != SizeAndWeightFlaw::None)
-            return strGroup;
-    }
+    for (const auto& [strGroup, bands] : m_groups)
+        if (CheckRows(bands).flaw != SizeAndWeightFlaw::None) return strGroup;
     return CString();
 }
 
 SizeAndWeightResult SizeAndWeightGroups::TakeRowsWhileTyping(std::span<const BandTexts> rows) {
     if (m_strCurrent.IsEmpty()) return {};
-    ReadRows(rows);
-    const SizeAndWeightResult result = CheckSizeAndWeightBandsWhileTyping(GetNumberedBands());
+    m_rows = ReadRows(rows);
+    const SizeAndWeightResult result = CheckSizeAndWeightBandsWhileTyping(NumberRows(m_rows));
     if (result.flaw == SizeAndWeightFlaw::None) StoreRows();
     return result;
 }

@@ -33,8 +33,9 @@ class SizeAndWeightGroups {
     const std::vector<CString>& GetLoadedNames() const { return m_loadedNames; }  // in the rule's order
     std::vector<CString> GetGroupsWithoutBands() const;
 
-    // Whether any group has a band by which a wall thickness can be found.
-    bool HasUsableBand() const;
+    // Whether a wall thickness can be found by a band of any group, or by one of the grid's rows, finished or
+    // not.
+    bool HasUsableBand(std::span<const BandTexts> rows) const;
 
     const CString& GetCurrent() const { return m_strCurrent; }  // empty for none
 
@@ -45,7 +46,7 @@ class SizeAndWeightGroups {
     std::vector<BandTexts> GetRows() const;
 
     // Takes over the grid's rows for the current group, if there is one. A cell whose text did not change
-    // keeps its value with all digits. Rows with neither lower bound are no bands.
+    // keeps its value with all digits. Rows without a lower bound are no bands.
     void TakeRows(std::span<const BandTexts> rows);
 
     // The check on leaving a group and on OK, of the rows taken last. An empty group passes.
@@ -74,8 +75,7 @@ class SizeAndWeightGroups {
     void ChangeMassUnit(int nMassUnit);              // converts the weights of every group
 
   private:
-    void ReadRows(std::span<const BandTexts> rows);
-    std::vector<NumberedBand> GetNumberedBands() const;
+    Bands ReadRows(std::span<const BandTexts> rows) const;
     void StoreRows();
 
     std::map<CString, Bands> m_groups;

@@ -1,6 +1,6 @@
 #!/bin/bash
 # package.sh [--twice]: set-up, build, then the packages in build/mingw/packages: the zip, its symbols, the installer.
-# --twice makes them once more from a clone of the last commit in another folder, and compares the zips byte by byte.
+# --twice makes them once more from a clone of the last commit in another folder, and compares them byte by byte.
 set -euo pipefail
 cd -- "$(dirname -- "${BASH_SOURCE[0]}")/.."
 export LC_ALL=C.UTF-8
@@ -15,8 +15,8 @@ if [[ ${1:-} == --twice ]]; then
   trap 'rm -rf "$second"' EXIT
   git clone -q . "$second/another folder"
   "$second/another folder/scripts/package.sh"
-  for zip in "$packages"/*.zip; do
-    cmp "$zip" "$second/another folder/$packages/${zip##*/}"
-    echo "${zip##*/}: the same bytes"
+  for package in "$packages"/*.{zip,exe}; do
+    cmp "$package" "$second/another folder/$packages/${package##*/}"
+    echo "${package##*/}: the same bytes"
   done
 fi

@@ -5,6 +5,7 @@
 #include "NumberText.h"
 
 #include <algorithm>
+#include <functional>
 #include <map>
 
 namespace {
@@ -116,7 +117,11 @@ void MaterialEdits::Delete(int nItem) {
         m_changes.push_back(MfxDeleteGroup{GroupKey(nItem)});
     else
         m_changes.push_back(MfxDeleteMaterial{{GroupKey(item.nParent), item.material.strName}});
-    for (Item& child : m_items) child.bDeleted |= child.nParent == nItem;
+    for (Item& child : m_items) {
+        if (child.nParent != nItem || child.bDeleted) continue;
+        KeepLoaded(child);
+        child.bDeleted = true;
+    }
 }
 
 MfxDatabaseResult MaterialEdits::Save(IDatabaseCollector& database) {
@@ -206,19 +211,25 @@ void MaterialEdits::KeepLoaded(Item& item) {
 
 // The database itself only sees that a material is gone.
 MfxDatabaseResult MaterialEdits::FindConflict(const IDatabaseCollector& database) const {
-    std::map<int, std::vector<MfxMaterial>> present;  // by group
-    for (const Item& item : m_items) {
-        if (item.kind != Kind::Material || !item.loaded) continue;
-        const Item& group = m_items[static_cast<std::size_t>(item.nParent)];
-        const auto [materials, bFirst] = present.try_emplace(item.nParent);
-        MfxGroupKey key = GroupKey(item.nParent);
+    std::map<int, std::vector<const MfxMaterial*>> loaded;  // by group
+    for (std::size_t i = 0; i < m_items.size(); ++i) {
+        const Item& item = m_items[i];
+        if (item.kind == Kind::Material && item.loaded) loaded[item.nParent].push_back(&*item.loaded);
+        if (item.kind == Kind::Group && item.loaded && item.bDeleted) loaded[static_cast<int>(i)];
+    }
+    const auto changedBefore = [](const CString& strName) {
+        return MfxDatabaseResult{DatabaseRefused, L"another program has changed \"" + strName + L"\""};
+    };
+    for (const auto& [nGroup, materials] : loaded) {
+        const Item& group = m_items[static_cast<std::size_t>(nGroup)];
+        MfxGroupKey key = GroupKey(nGroup);
         if (group.loaded) key.strGroup = group.loaded->strName;
-        if (bFirst)
-            if (const auto result = database.GetMaterials(key, materials->second); result.problem)
-                return result;
-        const auto isAsLoaded = [&](const MfxMaterial& material) { return IsSame(material, *item.loaded); };
-        if (std::ranges::none_of(materials->second, isAsLoaded))
-            return {DatabaseRefused, L"another program has changed \"" + item.loaded->strName + L"\""};
+        std::vector<MfxMaterial> present;
+        if (auto result = database.GetMaterials(key, present); result.problem) return result;
+        for (const MfxMaterial* const pMaterial : materials)
+            if (std::ranges::none_of(present, std::bind_front(IsSame, *pMaterial)))
+                return changedBefore(pMaterial->strName);
+        if (group.bDeleted && present.size() != materials.size()) return changedBefore(key.strGroup);
     }
     return {};
 }

@@ -137,6 +137,18 @@ TEST_F(MaterialEditsTest, NoticesAnotherEditor) {
     EXPECT_EQ(SetFigures(kGray, L"7.3", L"3.18", L"4.76"), MaterialFlaw::None);
     Save(m_edits);  // another material, and one saved before
     Save(other);
+
+    // A group goes only with the materials that were seen in it.
+    Load(m_edits);
+    other.AddMaterial(Find(other, L"Steel"), L"New");
+    EXPECT_EQ(Rename(other, L"B", L"C"), MaterialFlaw::None);
+    Save(other);
+    for (const auto& [pszGroup, pszChanged] : {std::pair(L"Iron", L"B"), std::pair(L"Steel", L"Steel")}) {
+        MaterialEdits late = m_edits;
+        late.Delete(Find(late, pszGroup));
+        EXPECT_EQ(late.Save(Database()).strText,
+                  L"another program has changed \"" + CString(pszChanged) + L"\"");
+    }
 }
 
 TEST_F(MaterialEditsTest, SavesNothingWhenOneChangeIsRefused) {

@@ -5,6 +5,8 @@
 #include <afxcmn.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 // A grid of an open dialog, as its user sees it and clicks into it. Rows and columns count from 0.
 class GridUser {
   public:
@@ -37,11 +39,17 @@ class GridUser {
     }
     // Opens the drop-down list of a row and takes a choice.
     void Choose(int nRow, LPCWSTR pszChoice) {
+        OpenList(nRow);
+        Select(pszChoice);
+        m_user.Press(VK_RETURN);
+    }
+    void OpenList(int nRow) {
         Click(nRow, 0);
         m_user.Press(VK_F2);
+    }
+    void Select(LPCWSTR pszChoice) {
         SendDlgItemMessageW(m_hGrid, kComboId, CB_SELECTSTRING, static_cast<WPARAM>(-1),
                             reinterpret_cast<LPARAM>(pszChoice));
-        m_user.Press(VK_RETURN);
     }
     int ChoiceCount() const {
         return static_cast<int>(SendDlgItemMessageW(m_hGrid, kComboId, CB_GETCOUNT, 0, 0));
@@ -56,6 +64,7 @@ class GridUser {
         EXPECT_EQ(editor.top, cell.top - 2);
         GetClientRect(m_hGrid, &grid);
         EXPECT_LE(editor.bottom, grid.bottom + 2) << "out of view";
+        EXPECT_LE(editor.right, grid.right) << "out of view";
     }
 
     // The drop-down list, half-way down the first cell of a row.
@@ -77,7 +86,8 @@ class GridUser {
     }
     void ClickOnce(int nRow, int nCol) {
         const CRect rect = PlaceOf(nRow, nCol);
-        m_user.ClickAt(m_hGrid, CPoint(rect.left + m_nOffset, rect.top + rect.Height() / 2));
+        const int nOffset = std::min(m_nOffset, rect.Width() - 2);
+        m_user.ClickAt(m_hGrid, CPoint(rect.left + nOffset, rect.top + rect.Height() / 2));
     }
     CRect PlaceOf(int nRow, int nCol) const {
         CRect rect;

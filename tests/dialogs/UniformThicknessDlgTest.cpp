@@ -120,6 +120,10 @@ TEST_F(UniformThicknessDlgTest, KeepsBothKindsOfLimits) {
     Open([&](DialogUser& user, GridUser& grid) {
         EXPECT_TRUE(IsChecked(user, IDC_UNIFORM_BY_MATERIAL));
         grid.Click(0, 1);
+        user.Press(VK_RETURN);
+        user.ClickOn(IDC_UNIFORM_DELETE_ROWS);
+        EXPECT_STRNE(grid.Cell(0, 0), L"") << "neither selected nor edited";
+        grid.Click(0, 1);
         user.ClickOn(IDC_UNIFORM_DELETE_ROWS);
         user.ClickOn(IDC_UNIFORM_COMMON);
         user.ClickOn(IDOK);

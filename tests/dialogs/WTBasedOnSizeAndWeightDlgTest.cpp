@@ -132,14 +132,20 @@ TEST_F(WTBasedOnSizeAndWeightDlgTest, EditsGroupsAndBands) {
             page.user.Press(VK_TAB);
             page.user.Type(pszText);
         }
+        page.user.Press(VK_TAB);
+        EXPECT_EQ(GetFocus(), page.user.Control(IDOK)) << "behind the last column";
         page.groups.Choose(5, L"Iron");
         EXPECT_STREQ(page.CurrentGroup(), L"Iron");
         EXPECT_STREQ(page.bands.Cell(0, 1), L"");
         page.bands.Type(0, 3, L"0.5");
+        ListView_SetColumnWidth(page.user.Control(IDC_SIZE_WEIGHT_BANDS), 1, 500);
         for (const LPCWSTR pszText : {L"1.5", L"6"}) {
             page.user.Press(VK_TAB);
             page.user.Type(pszText);
         }
+        page.bands.ExpectCursorIn(0, 5);
+        page.user.Press(VK_TAB, VK_SHIFT);
+        page.bands.ExpectCursorIn(0, 4);
         page.SelectUnit(IDC_SIZE_WEIGHT_LENGTH_UNIT, LengthInch - LengthMillimetre);
         page.user.ClickOn(IDOK);
         EXPECT_FALSE(page.user.IsOpen());
@@ -214,6 +220,7 @@ TEST_F(WTBasedOnSizeAndWeightDlgTest, RefusesBandsAndShowsWhere) {
 TEST_F(WTBasedOnSizeAndWeightDlgTest, ChecksTheGroupsThatWereNotShown) {
     AddGroup(L"Iron", {{0, 10, No, No, 3}, {12, 20, No, No, 4}});
     AddGroup(L"Zinc alloys", {{0, 10, No, No, 3}});
+    AddGroup(L"Aluminium", {{0, 10, No, No, 3}, {No, 20, No, No, 4}});  // what has no lower bound is no band
     Open([&](Page& page) {
         m_boxes.Expect(L"The lower size must be 10.0 mm, where the sizes before end. See row 2.",
                        MB_ICONINFORMATION);
@@ -255,11 +262,13 @@ TEST_F(WTBasedOnSizeAndWeightDlgTest, NamesRenamesAndDeletesGroups) {
         EXPECT_STREQ(page.groups.Cell(2, 0), L"");
         EXPECT_STREQ(page.CurrentGroup(), L"(no group selected)");
         EXPECT_FALSE(IsWindowEnabled(page.user.Control(IDC_SIZE_WEIGHT_BANDS)));
+        page.groups.OpenList(0);
+        page.groups.Select(L"Steel");
         page.user.ClickOn(IDOK);
     });
-    EXPECT_THAT(Stored(), ElementsAre(Pair(L"Iron", Bands{{No, No, 1, 2, 5}}),
+    EXPECT_THAT(Stored(), ElementsAre(Pair(L"Steel", Bands{{No, No, 1, 2, 5}}),
                                       Pair(L"Zinc", Bands{{0, 10, No, No, 3}, {10, 20, No, No, 4}})));
-    EXPECT_STREQ(ActiveGroups(), L"");
+    EXPECT_STREQ(ActiveGroups(), L"Steel") << "the choice that was still open";
 }
 
 TEST_F(WTBasedOnSizeAndWeightDlgTest, SaysWhatOkNeeds) {
@@ -275,9 +284,14 @@ TEST_F(WTBasedOnSizeAndWeightDlgTest, SaysWhatOkNeeds) {
         page.groups.Choose(0, L"Zinc");
         page.bands.SetCell(0, 1, L"0");
         page.bands.SetCell(0, 2, L"5");
-        page.bands.Type(0, 5, L"1");
         EXPECT_FALSE(page.CanOk());
-        page.user.Press(VK_RETURN);
+        page.bands.Type(0, 5, L"1");
+        EXPECT_TRUE(page.CanOk()) << "while it is typed";
+        page.user.Press(VK_ESCAPE);
+        EXPECT_FALSE(page.CanOk());
+        page.bands.Type(0, 5, L"1");
+        page.user.ClickOn(IDC_EDIT_MATERIALS);
+        page.user.InNextDialog([&] { page.user.Press(VK_ESCAPE); });
         EXPECT_TRUE(page.CanOk());
         EXPECT_FALSE(IsWindowVisible(hHint));
         page.bands.Click(0, 0);

@@ -140,6 +140,7 @@ class GridTest : public testing::Test {
             if (CWnd* const pFocus = CWnd::GetFocus()) pFocus->SendMessage(WM_CHAR, L"0123.x"[nCol], 1);
             m_grid.SendMessage(WM_VSCROLL, random() % 2 ? SB_LINEDOWN : SB_LINEUP);
             Press(kKeys[random() % std::size(kKeys)]);
+            EXPECT_TRUE(!m_grid.IsEditing() || m_grid.GetEditRow() >= 0);
         }
         EXPECT_EQ(m_grid.GetItemCount(), kRows);
     }
