@@ -16,11 +16,20 @@ namespace {
 constexpr long kHelpContext = 7010;
 constexpr UINT kLongestName = 260;  // that the database takes
 
-// What can't be used while the database can't be written.
-constexpr int kEditingControls[] = {
-    IDC_MATERIALS_NAME,         IDC_MATERIALS_DENSITY, IDC_MATERIALS_MINIMUM,
-    IDC_MATERIALS_MAXIMUM,      IDC_MATERIALS_DELETE,  IDC_MATERIALS_NEW_GROUP,
-    IDC_MATERIALS_NEW_MATERIAL, IDC_MATERIALS_IMPORT,  IDOK};
+// What can't be used while the database can't be written, and the items that must be shown for it.
+enum class Needs { Nothing, AnyItem, GroupOrMaterial, Material };
+constexpr struct {
+    int nControlId;
+    Needs needs;
+} kEditingControls[] = {{IDC_MATERIALS_NAME, Needs::GroupOrMaterial},
+                        {IDC_MATERIALS_DENSITY, Needs::Material},
+                        {IDC_MATERIALS_MINIMUM, Needs::Material},
+                        {IDC_MATERIALS_MAXIMUM, Needs::Material},
+                        {IDC_MATERIALS_DELETE, Needs::GroupOrMaterial},
+                        {IDC_MATERIALS_NEW_GROUP, Needs::AnyItem},
+                        {IDC_MATERIALS_IMPORT, Needs::Nothing},
+                        {IDC_MATERIALS_NEW_MATERIAL, Needs::GroupOrMaterial},
+                        {IDOK, Needs::Nothing}};
 
 UINT TextOf(MaterialFlaw flaw) {
     switch (flaw) {
@@ -236,19 +245,13 @@ void CEditMaterialDBDlg::ShowItem(int nItem) {
     EnableControls();
 }
 
-// Those that do something for the item that is shown.
 void CEditMaterialDBDlg::EnableControls() {
-    const bool bGroup = IsKind(m_nShown, MaterialEdits::Kind::Group);
-    const bool bMaterial = IsKind(m_nShown, MaterialEdits::Kind::Material);
-    for (const int nControlId : kEditingControls) {
-        bool bUsable = bMaterial;
-        if (nControlId == IDC_MATERIALS_NAME || nControlId == IDC_MATERIALS_DELETE ||
-            nControlId == IDC_MATERIALS_NEW_MATERIAL)
-            bUsable = bGroup || bMaterial;
-        if (nControlId == IDC_MATERIALS_NEW_GROUP) bUsable = m_nShown >= 0;
-        if (nControlId == IDC_MATERIALS_IMPORT || nControlId == IDOK) bUsable = true;
-        if (CWnd* const pControl = GetDlgItem(nControlId)) pControl->EnableWindow(m_bWritable && bUsable);
-    }
+    Needs met = m_nShown < 0 ? Needs::Nothing : Needs::AnyItem;
+    if (IsKind(m_nShown, MaterialEdits::Kind::Group)) met = Needs::GroupOrMaterial;
+    if (IsKind(m_nShown, MaterialEdits::Kind::Material)) met = Needs::Material;
+    for (const auto& [nControlId, needs] : kEditingControls)
+        if (CWnd* const pControl = GetDlgItem(nControlId))
+            pControl->EnableWindow(m_bWritable && needs <= met);
 }
 
 // False, after a message, when one of the texts is wrong.

@@ -2,6 +2,7 @@
 
 #include "MFXUnitConvertor.h"
 #include "SandCastingRulesApp.h"
+#include "UnitLabels.h"
 #include "resource.h"
 
 #include <iterator>
@@ -24,8 +25,10 @@ void FillLengthUnits(CComboBox& combo) {
     for (const UINT nLabel : kLabels) combo.AddString(LoadLocalizedString(nLabel));
 }
 
-CString GetLengthUnitName(int nLengthUnit) {
-    return IsOffered(nLengthUnit) ? LoadLocalizedString(kLabels[nLengthUnit - LengthMillimetre]) : CString();
+CString GetLengthUnitCaption(int nLengthUnit) {
+    const CString strLabel = GetLengthUnitLabel(nLengthUnit);
+    if (!strLabel.IsEmpty() || !IsOffered(nLengthUnit)) return strLabel;
+    return LoadLocalizedString(kLabels[nLengthUnit - LengthMillimetre]);
 }
 
 void SelectLengthUnit(CComboBox& combo, int nLengthUnit) {

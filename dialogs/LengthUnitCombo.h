@@ -5,8 +5,9 @@
 
 void FillLengthUnits(CComboBox& combo);
 
-// The name of an offered unit (MfxLengthUnit_e); empty for others. The foot has no label but this.
-CString GetLengthUnitName(int nLengthUnit);
+// How texts of dialogs call a unit (MfxLengthUnit_e): by its label, or the foot, which has none, as the combo
+// box does. Empty for an unknown one.
+CString GetLengthUnitCaption(int nLengthUnit);
 
 // Selects a unit (MfxLengthUnit_e), or none when dialogs do not offer it.
 void SelectLengthUnit(CComboBox& combo, int nLengthUnit);

@@ -2,6 +2,7 @@
 
 #include "MFXDataHelper.h"
 #include "MFXUnitConvertor.h"
+#include "MaterialEdits.h"
 #include "MaterialTables.h"
 #include "NumberText.h"
 
@@ -18,10 +19,9 @@ CString Converted(const std::optional<double>& value, int nFromUnit, int nToUnit
     return value ? Converted(*value, nFromUnit, nToUnit) : CString();
 }
 
-// The database does not tell upper from lower case.
 MaterialLimitTexts& FindOrAdd(std::vector<MaterialLimitTexts>& choices, const CString& strMaterial) {
     const auto found = std::ranges::find_if(choices, [&](const MaterialLimitTexts& choice) {
-        return choice.strMaterial.CompareNoCase(strMaterial) == 0;
+        return IsSameName(choice.strMaterial, strMaterial);
     });
     return found != choices.end() ? *found : choices.emplace_back(MaterialLimitTexts{strMaterial, L"", L""});
 }

@@ -4,17 +4,12 @@
 #include "FileDialogs.h"
 #include "MaterialGroups.h"
 #include "Text.h"
+#include "XmlNumber.h"
 #include "resource.h"
 
 namespace {
 
 constexpr int kLinesShown = 10;
-
-CString NumberOf(std::int64_t count) {
-    CString strNumber;
-    strNumber.Format(L"%I64d", count);
-    return strNumber;
-}
 
 bool WriteBytes(const CString& strPath, const std::string& bytes) {
     const HANDLE hFile = CreateFileW(strPath, GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, 0, nullptr);
@@ -49,16 +44,16 @@ CString ImportMaterials(IMaterialDatabase& database, const CString& strPath) {
     MaterialImportEvents events;
     events.badLine = [&](std::uint64_t line, const std::string& flaw) {
         if (++nLines <= kLinesShown)
-            strLines += NumberOf(static_cast<std::int64_t>(line)) + L": " + FromUtf8(flaw) + L"\r\n";
+            strLines += FormatInteger(static_cast<std::int64_t>(line)) + L": " + FromUtf8(flaw) + L"\r\n";
     };
     events.progress = [](std::uint64_t, std::uint64_t) {};
     MaterialImportCounts counts;
     const MfxDatabaseResult result = database.ImportCsv(strPath, false, events, counts);
     if (result.problem == DatabaseRefused) return FormattedText(IDS_MATERIALS_NOT_IMPORTED, result.strText);
     if (result.problem) return GetProblemText(result);
-    if (nLines > 0) return FormattedText(IDS_MATERIALS_BAD_LINES, NumberOf(nLines), strLines);
-    return FormattedText(IDS_MATERIALS_IMPORTED, NumberOf(counts.added), NumberOf(counts.changed),
-                         NumberOf(counts.unchanged));
+    if (nLines > 0) return FormattedText(IDS_MATERIALS_BAD_LINES, FormatInteger(nLines), strLines);
+    return FormattedText(IDS_MATERIALS_IMPORTED, FormatInteger(counts.added), FormatInteger(counts.changed),
+                         FormatInteger(counts.unchanged));
 }
 
 CString ExportMaterials(IMaterialDatabase& database, const CString& strPath) {

@@ -17,9 +17,9 @@
 
 namespace {
 
+using Grid = CMFXVariableDraftRuleListCtrl;
+
 constexpr int kImportKey = 1;  // id of the hot key
-constexpr int kFirstCol = 1;   // behind the blank column
-constexpr int kThirdAngleCol = kFirstCol + DraftCell::ThirdAngle;
 
 // The stored upper bound of a last band without limit is not shown.
 CString TextOfCell(const MfxTableRow& row, std::size_t cell) {
@@ -66,7 +66,6 @@ BOOL CMFXSCVariableDraftAngleDlg::OnInitDialog() {
     if (!m_comboLengthUnit.GetSafeHwnd()) return RefuseToEdit();
     FillLengthUnits(m_comboLengthUnit);
     SelectLengthUnit(m_comboLengthUnit, m_pRule->m_nLengthUnit);
-    if (m_strLengthUnit.IsEmpty()) OnLengthUnitChange();
     ShowPicture(m_picture, IDB_DRAFT_PICTURE);
     if (CWnd* const pImport = GetDlgItem(IDC_DRAFT_IMPORT))
         AddToolTip(*pImport, LoadLocalizedString(IDS_DRAFT_IMPORT_TIP));
@@ -113,7 +112,7 @@ void CMFXSCVariableDraftAngleDlg::OnLengthUnitChange() {
     LVCOLUMN column{};
     column.mask = LVCF_TEXT;
     column.pszText = strHeading.GetBuffer(0);
-    if (m_gridLegend.GetSafeHwnd()) m_gridLegend.SetColumn(kFirstCol, &column);
+    if (m_gridLegend.GetSafeHwnd()) m_gridLegend.SetColumn(Grid::kFirstBandCol, &column);
 }
 
 void CMFXSCVariableDraftAngleDlg::OnNcLButtonDown(UINT nHitTest, CPoint point) {
@@ -167,7 +166,7 @@ void CMFXSCVariableDraftAngleDlg::ShowBands(const std::vector<MfxTableRow>& rows
     m_gridBands.MakeEmptyRows(static_cast<int>(std::max(kMostDraftBands, rows.size())));
     for (std::size_t row = 0; row < rows.size(); ++row)
         for (std::size_t cell = 0; cell < rows[row].cells.size(); ++cell)
-            m_gridBands.SetCellText(static_cast<int>(row), kFirstCol + static_cast<int>(cell),
+            m_gridBands.SetCellText(static_cast<int>(row), Grid::kFirstBandCol + static_cast<int>(cell),
                                     TextOfCell(rows[row], cell));
 }
 
@@ -175,15 +174,15 @@ void CMFXSCVariableDraftAngleDlg::ShowBands(const std::vector<MfxTableRow>& rows
 void CMFXSCVariableDraftAngleDlg::EndBandEdit() {
     const bool bEditing = m_gridBands.IsEditorVisible();
     CString strText;
-    if (m_gridBands.EndCellEdit(strText) && bEditing && m_gridBands.GetEditCol() == kThirdAngleCol)
-        m_gridBands.SetCellText(m_gridBands.GetEditRow(), kThirdAngleCol, L"");
+    if (m_gridBands.EndCellEdit(strText) && bEditing && m_gridBands.GetEditCol() == Grid::kLastBandCol)
+        m_gridBands.SetCellText(m_gridBands.GetEditRow(), Grid::kLastBandCol, L"");
 }
 
 bool CMFXSCVariableDraftAngleDlg::StoreBands() {
     if (!m_gridBands.GetSafeHwnd()) return false;
     std::vector<MfxTableRow> rows(static_cast<std::size_t>(m_gridBands.GetItemCount()));
     for (std::size_t row = 0; row < rows.size(); ++row)
-        for (int nCol = kFirstCol; nCol <= kThirdAngleCol; ++nCol)
+        for (int nCol = Grid::kFirstBandCol; nCol <= Grid::kLastBandCol; ++nCol)
             rows[row].cells.push_back(m_gridBands.GetItemText(static_cast<int>(row), nCol));
     DraftTableResult result = CheckDraftTable(rows);
     if (result.flaw != DraftTableFlaw::None) {
@@ -203,8 +202,8 @@ bool CMFXSCVariableDraftAngleDlg::StoreBands() {
 // Then the cursor stands in the cell at fault.
 void CMFXSCVariableDraftAngleDlg::ShowFlaw(const DraftTableResult& result) {
     ShowMessage(DraftFlawText(result), MB_ICONINFORMATION);
-    m_gridBands.BeginCellEdit(std::max(0, result.nRow - 1), kFirstCol + static_cast<int>(result.cell),
-                              CMFXListCtrl::kTextLimit);
+    m_gridBands.BeginCellEdit(std::max(0, result.nRow - 1),
+                              Grid::kFirstBandCol + static_cast<int>(result.cell), CMFXListCtrl::kTextLimit);
 }
 
 // Fills the grid, or says why not and changes nothing.
@@ -231,7 +230,7 @@ void CMFXSCVariableDraftAngleDlg::ImportWorkbook(const CString& strPath) {
 
 void RunDraftAngleDialog(CMFXSCVariableDraftAngleRule& rule) {
     CMFXSCVariableDraftAngleDlg dialog(nullptr, &rule);
-    dialog.m_strLengthUnit = GetLengthUnitLabel(rule.m_nLengthUnit);
+    dialog.m_strLengthUnit = GetLengthUnitCaption(rule.m_nLengthUnit);
     dialog.m_strAngleUnit = GetAngleUnitLabel(rule.m_nAngleUnit);
     dialog.DoModal();
 }

@@ -2,10 +2,12 @@
 
 namespace {
 
+using Grid = CMFXWTBasedOnSizeAndWeightListCtrl;
+
 constexpr int kEmptyRows = 200;
 
 int BandCol(std::size_t cell) {
-    return kFirstBandCol + static_cast<int>(cell);
+    return Grid::kFirstBandCol + static_cast<int>(cell);
 }
 
 }  // namespace
@@ -13,7 +15,7 @@ int BandCol(std::size_t cell) {
 void ShowGroups(CMFXListCtrl& list, const std::vector<CString>& names) {
     list.MakeEmptyRows(static_cast<int>(names.size()) + kEmptyRows);
     for (int nRow = 0; nRow < static_cast<int>(names.size()); ++nRow)
-        list.SetCellText(nRow, kGroupCol, names[static_cast<std::size_t>(nRow)]);
+        list.SetCellText(nRow, Grid::kGroupCol, names[static_cast<std::size_t>(nRow)]);
 }
 
 void ShowBands(CMFXListCtrl& grid, const std::vector<BandTexts>& rows) {
@@ -36,7 +38,7 @@ void WriteBands(CMFXListCtrl& grid, const std::vector<BandTexts>& rows) {
 std::vector<CString> ReadGroups(const CMFXListCtrl& list) {
     std::vector<CString> names;
     for (int nRow = 0; nRow < list.GetItemCount(); ++nRow) {
-        const CString strName = list.GetItemText(nRow, kGroupCol);
+        const CString strName = list.GetItemText(nRow, Grid::kGroupCol);
         if (!strName.IsEmpty()) names.push_back(strName);
     }
     return names;
@@ -49,14 +51,14 @@ std::vector<BandTexts> ReadBandRows(const CMFXListCtrl& grid) {
             rows[row][cell] = grid.GetItemText(static_cast<int>(row), BandCol(cell));
     if (grid.IsEditorVisible())
         rows[static_cast<std::size_t>(grid.GetEditRow())]
-            [static_cast<std::size_t>(grid.GetEditCol() - kFirstBandCol)] = grid.GetEditorText();
+            [static_cast<std::size_t>(grid.GetEditCol() - Grid::kFirstBandCol)] = grid.GetEditorText();
     return rows;
 }
 
 void SelectGroupRow(CMFXListCtrl& list, const CString& strGroup) {
     constexpr UINT kStates = LVIS_SELECTED | LVIS_FOCUSED;
     for (int nRow = 0; !strGroup.IsEmpty() && nRow < list.GetItemCount(); ++nRow)
-        if (list.GetItemText(nRow, kGroupCol) == strGroup) {
+        if (list.GetItemText(nRow, Grid::kGroupCol) == strGroup) {
             list.SetItemState(nRow, kStates, kStates);
             list.EnsureVisible(nRow, FALSE);
             return;

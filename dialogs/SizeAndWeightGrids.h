@@ -1,11 +1,8 @@
 // What the grids of the size-and-weight dialog show.
 #pragma once
 
-#include "MFXListCtrl.h"
+#include "MFXWTBasedOnSizeAndWeightListCtrl.h"
 #include "SizeAndWeightGroups.h"
-
-inline constexpr int kGroupCol = 0;
-inline constexpr int kFirstBandCol = 1;  // behind the blank column
 
 // Makes the rows, and enough empty ones for typing.
 void ShowGroups(CMFXListCtrl& list, const std::vector<CString>& names);

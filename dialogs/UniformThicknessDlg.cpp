@@ -11,7 +11,6 @@
 #include "RuleDialogs.h"
 #include "SandCastingRulesApp.h"
 #include "UniformThicknessRule.h"
-#include "UnitLabels.h"
 #include "resource.h"
 
 #include <algorithm>
@@ -51,7 +50,6 @@ END_MESSAGE_MAP()
 BOOL CMFXUniformThicknessDlg::OnInitDialog() {
     CMFXRuleDlgBase::OnInitDialog();
     if (!HasControls()) return RefuseToEdit();
-    if (m_strLengthUnit.IsEmpty()) m_strLengthUnit = GetLengthUnitName(m_pRule->m_nLengthUnit);
     ShowCommonLimit(m_minimum, IDC_UNIFORM_MINIMUM_UNIT);
     ShowCommonLimit(m_maximum, IDC_UNIFORM_MAXIMUM_UNIT);
     ShowMaterials();
@@ -242,6 +240,6 @@ void CMFXUniformThicknessDlg::StoreCommonLimit(const CommonLimit& limit) {
 
 void RunUniformThicknessDialog(CMFXUniformThicknessRule& rule) {
     CMFXUniformThicknessDlg dialog(nullptr, &rule);
-    dialog.m_strLengthUnit = GetLengthUnitLabel(rule.m_nLengthUnit);
+    dialog.m_strLengthUnit = GetLengthUnitCaption(rule.m_nLengthUnit);
     dialog.DoModal();
 }

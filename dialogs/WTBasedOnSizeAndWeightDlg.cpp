@@ -11,17 +11,12 @@
 #include "RuleDialogs.h"
 #include "SandCastingRulesApp.h"
 #include "SizeAndWeightGrids.h"
-#include "UnitLabels.h"
 #include "WTBasedOnCastSizeAndWeightRule.h"
 #include "resource.h"
 
 #include <algorithm>
 
-namespace {
-
-constexpr int kLastBandCol = kFirstBandCol + BandCell::Thickness;
-
-}  // namespace
+using Grid = CMFXWTBasedOnSizeAndWeightListCtrl;
 
 CMFXWTBasedOnSizeAndWeightDlg::CMFXWTBasedOnSizeAndWeightDlg(CMFXWTBasedOnCastSizeAndWeightRule* pRule,
                                                              CWnd* pParent)
@@ -52,7 +47,7 @@ BOOL CMFXWTBasedOnSizeAndWeightDlg::OnInitDialog() {
     CMFXRuleDlgBase::OnInitDialog();
     if (m_pRule) SetWindowText(m_pRule->m_strDisplayName);
     if (!m_pRule || !HasControls()) return RefuseToEdit();
-    if (const UINT nReason = LoadDatabase()) return RefuseToEdit(nReason);
+    if (const UINT nReason = ShowDatabase()) return RefuseToEdit(nReason);
     SetUpGrids();
     if (!m_groups.Load(*m_pRule)) return RefuseToEdit();
     OfferGroups();
@@ -150,7 +145,7 @@ bool CMFXWTBasedOnSizeAndWeightDlg::HasControls() const {
 }
 
 // Returns the id of the text that says what is missing, 0 for nothing.
-UINT CMFXWTBasedOnSizeAndWeightDlg::LoadDatabase() {
+UINT CMFXWTBasedOnSizeAndWeightDlg::ShowDatabase() {
     CString strName;
     if (const UINT nMissing = FindDatabaseName(strName)) return nMissing;
     m_comboDatabase.AddString(strName);
@@ -198,7 +193,8 @@ void CMFXWTBasedOnSizeAndWeightDlg::ShowCurrentGroup() {
 
 void CMFXWTBasedOnSizeAndWeightDlg::CommitPendingCell() {
     const int nCol = m_gridBands.GetEditCol();
-    if (nCol >= kFirstBandCol && nCol <= kLastBandCol) m_gridBands.CommitCell(m_gridBands.GetEditRow(), nCol);
+    if (nCol >= Grid::kFirstBandCol && nCol <= Grid::kLastBandCol)
+        m_gridBands.CommitCell(m_gridBands.GetEditRow(), nCol);
     m_groups.TakeRows(ReadBandRows(m_gridBands));
     UpdateOkButton();
 }
@@ -223,7 +219,7 @@ void CMFXWTBasedOnSizeAndWeightDlg::ValidateWhileTyping() {
 void CMFXWTBasedOnSizeAndWeightDlg::NewGroup(const CString& strName) {
     const std::vector<CString> listed = ReadGroups(m_listGroups);
     if (!LeaveCurrentGroup()) {  // the list goes back to the groups that there are
-        m_listGroups.SetCellText(m_listGroups.GetEditRow(), kGroupCol, m_groups.FindUnlisted(listed));
+        m_listGroups.SetCellText(m_listGroups.GetEditRow(), Grid::kGroupCol, m_groups.FindUnlisted(listed));
         return SelectGroupRow(m_listGroups, m_groups.GetCurrent());
     }
     const auto naming = m_groups.NameGroup(strName, listed);
@@ -281,12 +277,12 @@ void CMFXWTBasedOnSizeAndWeightDlg::ShowFlaw(const SizeAndWeightResult& result) 
     if (m_comboLengthUnit.GetCurSel() >= 0) m_comboLengthUnit.GetWindowText(strLengthUnit);
     ShowMessage(BandFlawText(result, strLengthUnit, GetMassUnitLabel(m_groups.GetMassUnit())),
                 MB_ICONINFORMATION);
-    m_gridBands.BeginCellEdit(result.nRow - 1, kFirstBandCol + static_cast<int>(result.cell),
+    m_gridBands.BeginCellEdit(result.nRow - 1, Grid::kFirstBandCol + static_cast<int>(result.cell),
                               CMFXListCtrl::kTextLimit);
 }
 
 void RunSizeAndWeightDialog(CMFXWTBasedOnCastSizeAndWeightRule& rule) {
     CMFXWTBasedOnSizeAndWeightDlg dialog(&rule, nullptr);
-    dialog.m_strLengthUnit = GetLengthUnitLabel(rule.m_nLengthUnit);
+    dialog.m_strLengthUnit = GetLengthUnitCaption(rule.m_nLengthUnit);
     dialog.DoModal();
 }

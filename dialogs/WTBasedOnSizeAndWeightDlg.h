@@ -38,7 +38,7 @@ class CMFXWTBasedOnSizeAndWeightDlg : public CMFXRuleDlgBase, public IGridParent
 
   private:
     bool HasControls() const;
-    UINT LoadDatabase();
+    UINT ShowDatabase();
     void OfferGroups();
     void SetUpGrids();
     void SetUpUnits();

@@ -7,7 +7,6 @@
 namespace {
 
 constexpr UINT kHelpMissingText = 10020;  // path of the help file
-constexpr wchar_t kCaption[] = L"MfxKit";
 
 bool IsFile(const CString& strPath) {
     const DWORD dwAttributes = GetFileAttributesW(strPath);
@@ -96,11 +95,11 @@ void CMFXRuleDlgBase::BindControl(CDataExchange* pDX, int nControlId, CWnd& cont
 }
 
 void CMFXRuleDlgBase::ShowMessage(const CString& strText, UINT nIcon) {
-    MessageBox(strText, kCaption, nIcon);
+    MessageBox(strText, kMessageCaption, nIcon);
 }
 
 bool CMFXRuleDlgBase::AskUser(const CString& strText) {
-    return MessageBox(strText, kCaption, MB_ICONQUESTION | MB_OKCANCEL) == IDOK;
+    return MessageBox(strText, kMessageCaption, MB_ICONQUESTION | MB_OKCANCEL) == IDOK;
 }
 
 void CMFXRuleDlgBase::AddToolTip(CWnd& control, const CString& strText) {

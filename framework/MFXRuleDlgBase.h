@@ -6,6 +6,8 @@
 
 #include <vector>
 
+inline constexpr wchar_t kMessageCaption[] = L"MfxKit";  // of message boxes
+
 // Base of the modal rule dialogs. The template, and the texts of the base itself (string ids 10020 and
 // 10021), come from the resource library that is current while the dialog runs.
 class MFXKIT_API CMFXRuleDlgBase : public CDialog {

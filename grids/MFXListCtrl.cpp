@@ -2,6 +2,8 @@
 
 #include "CellEditors.h"
 #include "HandleMessage.h"
+#include "MFXRuleDlgBase.h"
+#include "MaterialLimitsCheck.h"
 #include "NumberText.h"
 #include "SandCastingRulesApp.h"
 #include "resource.h"
@@ -12,10 +14,7 @@ namespace {
 
 constexpr UINT kEditorId = 10014;
 constexpr UINT kComboId = 10015;
-constexpr int kMinimumCol = 1;
-constexpr int kMaximumCol = 2;
 constexpr int kDropDownHeight = 160;  // pixels at 96 dpi
-constexpr wchar_t kCaption[] = L"MfxKit";
 
 }  // namespace
 
@@ -61,7 +60,7 @@ void CMFXListCtrl::Hide(CWnd& editor) {
 }
 
 // A text editor that is hidden gets the text, too: the keys write it into the recorded cell.
-void CMFXListCtrl::Record(int nRow, int nCol, const CString& strText) {
+void CMFXListCtrl::RecordEditedCell(int nRow, int nCol, const CString& strText) {
     m_nEditRow = nRow;
     m_nEditCol = nCol;
     m_strEditStartText = strText;
@@ -102,7 +101,7 @@ void CMFXListCtrl::BeginCellEdit(int nRow, int nCol, int nTextLimit) {
     }
     m_editCell.SetFont(GetFont());  // the list's font changes with the monitor's dpi
     PlaceLine(m_editCell, GetFontHeight(*this));
-    Record(nRow, nCol, strText);
+    RecordEditedCell(nRow, nCol, strText);
     m_editCell.SetSel(0, -1);
     m_editCell.SetFocus();
 }
@@ -153,7 +152,7 @@ void CMFXListCtrl::BeginComboEdit(int nRow, int nCol, int nTextLimit) {
     for (const CString& strItem : m_vecComboItems) m_comboCell.AddString(strItem);
     m_comboCell.SetCurSel(std::max(0, FindComboItem(strText)));
     m_comboCell.SetFocus();
-    Record(nRow, nCol, strText);
+    RecordEditedCell(nRow, nCol, strText);
 }
 
 // The last one of the same; -1 for none.
@@ -172,7 +171,7 @@ BOOL CMFXListCtrl::EndComboEdit(CString& strText, const CString& strDuplicateMes
     if (m_comboCell.GetCurSel() < 0) return FALSE;
     if (strChosen != strOld && IsValueInFirstColumn(strChosen)) {
         m_comboCell.SetCurSel(FindComboItem(strOld));  // or the next click would refuse the choice again
-        MessageBox(strChosen + L" " + strDuplicateMessage, kCaption);
+        MessageBox(strChosen + L" " + strDuplicateMessage, kMessageCaption);
         return FALSE;
     }
     SetCellText(m_nEditRow, m_nEditCol, strChosen);
@@ -224,11 +223,12 @@ void CMFXListCtrl::CommitNumericCell(int nRow, int nCol) {
 }
 
 BOOL CMFXListCtrl::CheckMinMaxCells(int nRow, int nCol) {
-    if (nCol != kMinimumCol && nCol != kMaximumCol) return TRUE;
-    const CString strMinimum = GetItemText(nRow, kMinimumCol), strMaximum = GetItemText(nRow, kMaximumCol);
+    if (nCol != MaterialColumn::Minimum && nCol != MaterialColumn::Maximum) return TRUE;
+    const CString strMinimum = GetItemText(nRow, MaterialColumn::Minimum),
+                  strMaximum = GetItemText(nRow, MaterialColumn::Maximum);
     if (strMinimum.IsEmpty() || strMaximum.IsEmpty()) return TRUE;
     if (ParseDouble(strMaximum) + kTolerance >= ParseDouble(strMinimum)) return TRUE;
-    MessageBox(LoadLocalizedString(IDS_MAXIMUM_BELOW_MINIMUM), kCaption, MB_ICONEXCLAMATION);
+    MessageBox(LoadLocalizedString(IDS_MAXIMUM_BELOW_MINIMUM), kMessageCaption, MB_ICONEXCLAMATION);
     return FALSE;
 }
 

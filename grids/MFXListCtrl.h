@@ -113,7 +113,7 @@ class CMFXListCtrl : public CListCtrl {
     bool ScrollIntoView(const CRect& cell);
     void CreateEditor(int nCol, const CRect& rect, int nTextLimit);
     void Hide(CWnd& editor);
-    void Record(int nRow, int nCol, const CString& strText);
+    void RecordEditedCell(int nRow, int nCol, const CString& strText);
     void SetEditorText(const CString& strText);
     int FindComboItem(const CString& strText) const;
     BOOL HandleComboKey(WPARAM nKey);

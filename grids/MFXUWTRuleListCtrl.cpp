@@ -1,12 +1,10 @@
 #include "MFXUWTRuleListCtrl.h"
 
+#include "MaterialLimitsCheck.h"
+
 #include <algorithm>
 
 namespace {
-
-constexpr int kMaterialCol = 0;
-constexpr int kMinimumCol = 1;
-constexpr int kMaximumCol = 2;
 
 CString FindText(const std::map<CString, CString>& texts, const CString& strKey) {
     const auto found = texts.find(strKey);
@@ -40,26 +38,26 @@ void CMFXUWTRuleListCtrl::ForgetMaterialDefaults() {
 }
 
 void CMFXUWTRuleListCtrl::BeginRowEdit(int nRow) {
-    BeginComboEdit(nRow, kMaterialCol, kTextLimit);
+    BeginComboEdit(nRow, MaterialColumn::Material, kTextLimit);
 }
 
 // Commits the last edited cell, also when its editor is hidden. So every click applies a chosen material
 // again until another cell is edited; this is on purpose. FALSE when there is no editor.
 BOOL CMFXUWTRuleListCtrl::CommitEditedCell() {
-    if (m_nEditCol == kMaterialCol) {
+    if (m_nEditCol == MaterialColumn::Material) {
         CommitCombo();
         return m_comboCell.GetSafeHwnd() != nullptr;
     }
-    if (m_nEditCol != kMinimumCol && m_nEditCol != kMaximumCol) return FALSE;
+    if (m_nEditCol != MaterialColumn::Minimum && m_nEditCol != MaterialColumn::Maximum) return FALSE;
     CommitNumericCell(m_nEditRow, m_nEditCol);
     return IsCellEditActive();
 }
 
 BOOL CMFXUWTRuleListCtrl::CommitCombo() {
     if (!CMFXListCtrl::CommitCombo()) return FALSE;
-    const CString strMaterial = GetItemText(m_nEditRow, kMaterialCol);
-    SetCellText(m_nEditRow, kMinimumCol, FindText(m_mapMaterialMin, strMaterial));
-    SetCellText(m_nEditRow, kMaximumCol, FindText(m_mapMaterialMax, strMaterial));
+    const CString strMaterial = GetItemText(m_nEditRow, MaterialColumn::Material);
+    SetCellText(m_nEditRow, MaterialColumn::Minimum, FindText(m_mapMaterialMin, strMaterial));
+    SetCellText(m_nEditRow, MaterialColumn::Maximum, FindText(m_mapMaterialMax, strMaterial));
     return TRUE;
 }
 
@@ -81,8 +79,8 @@ BOOL CMFXUWTRuleListCtrl::HandleKey(WPARAM nKey) {
 void CMFXUWTRuleListCtrl::OnLButtonDown(UINT nFlags, CPoint point) {
     CommitEditedCell();
     const Cell cell = FindCell(point);
-    const bool bLimit = cell.nCol == kMinimumCol || cell.nCol == kMaximumCol;
-    if (bLimit && !GetItemText(cell.nRow, kMaterialCol).IsEmpty())
+    const bool bLimit = cell.nCol == MaterialColumn::Minimum || cell.nCol == MaterialColumn::Maximum;
+    if (bLimit && !GetItemText(cell.nRow, MaterialColumn::Material).IsEmpty())
         BeginCellEdit(cell.nRow, cell.nCol, kTextLimit);
     else
         CMFXListCtrl::OnLButtonDown(nFlags, point);
@@ -90,7 +88,7 @@ void CMFXUWTRuleListCtrl::OnLButtonDown(UINT nFlags, CPoint point) {
 
 void CMFXUWTRuleListCtrl::OnLButtonDblClk(UINT nFlags, CPoint point) {
     const Cell cell = FindCell(point);
-    if (cell.nCol == kMaterialCol)
+    if (cell.nCol == MaterialColumn::Material)
         BeginComboEdit(cell.nRow, cell.nCol, kTextLimit);
     else
         CMFXListCtrl::OnLButtonDblClk(nFlags, point);

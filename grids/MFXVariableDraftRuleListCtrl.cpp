@@ -9,8 +9,6 @@
 namespace {
 
 constexpr int kBlankWidth = 12;
-constexpr int kFirstCol = 1;
-constexpr int kLastCol = 5;
 
 }  // namespace
 
@@ -50,7 +48,7 @@ void CMFXVariableDraftRuleListCtrl::OnLButtonDown(UINT nFlags, CPoint point) {
     CString strText;
     EndCellEdit(strText);  // what is no number is found by the dialog's own check
     const Cell cell = FindCell(point);
-    if (cell.nCol >= kFirstCol && cell.nCol <= kLastCol)
+    if (cell.nCol >= kFirstBandCol && cell.nCol <= kLastBandCol)
         BeginCellEdit(cell.nRow, cell.nCol, kTextLimit);
     else
         CMFXListCtrl::OnLButtonDown(nFlags, point);

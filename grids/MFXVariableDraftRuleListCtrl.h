@@ -1,10 +1,14 @@
 #pragma once
 
+#include "DraftTableCheck.h"
 #include "MFXListCtrl.h"
 
 // Grids of the variable draft angle dialog: a narrow blank column, then sizes and angles, each centred.
 class CMFXVariableDraftRuleListCtrl : public CMFXListCtrl {
   public:
+    static constexpr int kFirstBandCol = 1;  // behind the blank column
+    static constexpr int kLastBandCol = kFirstBandCol + DraftCell::ThirdAngle;
+
     // Widths are pixels at 96 dpi. The third column has its own width when that is at least 1.
     void InitColumns(const std::vector<CString>& headers, int nWidth, int nThirdColumnWidth);
     void InitBandColumns(const std::vector<CString>& headers);

@@ -5,12 +5,6 @@
 #include "SandCastingRulesApp.h"
 #include "resource.h"
 
-namespace {
-
-constexpr int kGroupCol = 0;
-
-}  // namespace
-
 BEGIN_MESSAGE_MAP(CMFXWTBasedOnSizeAndWeightListCtrl, CMFXListCtrl)
     ON_WM_DESTROY()
     ON_WM_LBUTTONDOWN()
@@ -76,7 +70,7 @@ BOOL CMFXWTBasedOnSizeAndWeightListCtrl::CommitCombo() {
 }
 
 bool CMFXWTBasedOnSizeAndWeightListCtrl::CanEdit(const Cell& cell) const {
-    if (IsBandGrid()) return cell.nCol >= 1 && cell.nCol <= 5;
+    if (IsBandGrid()) return cell.nCol >= kFirstBandCol && cell.nCol <= kLastBandCol;
     return (cell.nCol == 1 || cell.nCol == 2) && !GetItemText(cell.nRow, kGroupCol).IsEmpty();
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "CastSizeAndWeightBand.h"
 #include "GridParent.h"
 #include "MFXListCtrl.h"
 
@@ -8,6 +9,10 @@
 // IGridParent.
 class CMFXWTBasedOnSizeAndWeightListCtrl : public CMFXListCtrl {
   public:
+    static constexpr int kGroupCol = 0;
+    static constexpr int kFirstBandCol = 1;  // behind the blank column
+    static constexpr int kLastBandCol = kFirstBandCol + BandCell::Thickness;
+
     void InitGroupColumns(const std::vector<CString>& headers);
     void InitBandColumns(const std::vector<CString>& headers);
 

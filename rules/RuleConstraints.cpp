@@ -28,19 +28,17 @@ CMFXConstraint* CreateConstraintWithParameters(CMfxRule& rule, const CString& st
     return pConstraint;
 }
 
-bool HasParameters(const CMFXConstraint& constraint, std::span<const ParameterSpec> specs) {
-    return std::all_of(specs.begin(), specs.end(), [&](const ParameterSpec& spec) {
-        return constraint.FindParameterInArray(spec.nParamId) != nullptr;
-    });
+bool HasParameters(const CMFXConstraint& constraint, std::span<const long> paramIds) {
+    return std::ranges::all_of(paramIds,
+                               [&](long nParamId) { return constraint.FindParameterInArray(nParamId); });
 }
 
-void EmptyConstraintsForReading(CMfxRule& rule, const MfxXMLNode& record,
-                                std::span<const ParameterSpec> specs) {
+void EmptyConstraintsForReading(CMfxRule& rule, const MfxXMLNode& record, std::span<const long> paramIds) {
     const std::unique_ptr<MfxXMLNodeList> pElements(record.GetNodeList(kConstraintTag));
     if (pElements->GetSize() != rule.m_constraintArray.GetCount()) return;
     for (const CMFXConstraint* pConstraint : rule.m_constraintArray) {
-        if (!HasParameters(*pConstraint, specs)) continue;
-        for (const ParameterSpec& spec : specs)
-            pConstraint->FindParameterInArray(spec.nParamId)->GetValues<double>().RemoveAll();
+        if (!HasParameters(*pConstraint, paramIds)) continue;
+        for (const long nParamId : paramIds)
+            pConstraint->FindParameterInArray(nParamId)->GetValues<double>().RemoveAll();
     }
 }

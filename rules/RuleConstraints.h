@@ -20,10 +20,8 @@ bool ReadConstraintAttributes(const MfxXMLNode& element, ConstraintAttributes& a
 CMFXConstraint* CreateConstraintWithParameters(CMfxRule& rule, const CString& strName, bool bActive,
                                                std::span<const ParameterSpec> specs, bool bParametersActive);
 
-// Whether the constraint has every parameter of the specs.
-bool HasParameters(const CMFXConstraint& constraint, std::span<const ParameterSpec> specs);
+bool HasParameters(const CMFXConstraint& constraint, std::span<const long> paramIds);
 
 // Empties these parameters before a record is read, in every constraint that has all of them. Empties nothing
 // when the record has another number of constraints, because then the reader fills none.
-void EmptyConstraintsForReading(CMfxRule& rule, const MfxXMLNode& record,
-                                std::span<const ParameterSpec> specs);
+void EmptyConstraintsForReading(CMfxRule& rule, const MfxXMLNode& record, std::span<const long> paramIds);

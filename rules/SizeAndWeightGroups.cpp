@@ -3,6 +3,7 @@
 #include "MFXUnitConvertor.h"
 #include "MassUnits.h"
 #include "NumberText.h"
+#include "RuleConstraints.h"
 #include "RuleParameters.h"
 #include "WTBasedOnCastSizeAndWeightRule.h"
 
@@ -35,11 +36,6 @@ SizeAndWeightResult CheckRows(const Bands& rows) {
     return bands.empty() ? SizeAndWeightResult() : CheckSizeAndWeightBands(bands);
 }
 
-bool HasAllLists(const CMFXConstraint& group) {
-    return std::ranges::all_of(kBandParameterIds,
-                               [&](long nParamId) { return group.FindParameterInArray(nParamId); });
-}
-
 bool IsListed(const CString& strName, const std::vector<CString>& listed) {
     return std::ranges::find(listed, strName) != listed.end();
 }
@@ -54,7 +50,7 @@ void ScaleWeights(Bands& bands, double factor) {
 
 bool SizeAndWeightGroups::Load(const CMfxRule& rule) {
     for (const CMFXConstraint* pGroup : rule.m_constraintArray) {
-        if (pGroup->m_strName.IsEmpty() || !HasAllLists(*pGroup)) continue;
+        if (pGroup->m_strName.IsEmpty() || !HasParameters(*pGroup, kBandParameterIds)) continue;
         if (!m_groups.contains(pGroup->m_strName)) m_loadedNames.push_back(pGroup->m_strName);
         m_groups[pGroup->m_strName] = ReadBands(*pGroup);
         if (pGroup->m_bActive) SetCurrent(pGroup->m_strName);

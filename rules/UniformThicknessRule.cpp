@@ -33,6 +33,7 @@ constexpr ParameterSpec kLimitSpecs[] = {
     {kThicknessMinId, OperatorAtLeast, ParamLimit},
     {kThicknessMaxId, OperatorAtMost, ParamLimit},
 };
+constexpr long kLimitIds[] = {kThicknessMinId, kThicknessMaxId};
 
 ThicknessLimits DefaultLimits(int nCategory) {
     return nCategory == CategorySandCasting ? kSandCastingLimits : kOtherLimits;
@@ -188,10 +189,10 @@ int CMFXUniformThicknessRule::Execute(MFXICadSys*, const CMfxData*, MFXResultSet
 void CMFXUniformThicknessRule::PopulateFromXML(MfxXMLNode* pNode) {
     NoThrow([&] {
         if (!pNode) return;
-        for (const ParameterSpec& spec : kLimitSpecs)
-            if (CMfxParamStorage* pLimit = FindParameterInArray(spec.nParamId))
+        for (const long nParamId : kLimitIds)
+            if (CMfxParamStorage* pLimit = FindParameterInArray(nParamId))
                 pLimit->GetValues<double>().RemoveAll();
-        EmptyConstraintsForReading(*this, *pNode, kLimitSpecs);
+        EmptyConstraintsForReading(*this, *pNode, kLimitIds);
         ReadRuleRecord(this, pNode);
         m_nLengthUnit = ReadParentUnit(*pNode);
         UpdateSummary();
@@ -220,9 +221,9 @@ void CMFXUniformThicknessRule::ConvertUnits(const UnitPair& from, const UnitPair
             ConvertLimit(*pMinimum, from.m_nLengthUnit, to.m_nLengthUnit);
             ConvertLimit(*pMaximum, from.m_nLengthUnit, to.m_nLengthUnit);
             for (const CMFXConstraint* pConstraint : m_constraintArray) {
-                if (!HasParameters(*pConstraint, kLimitSpecs)) continue;
-                for (const ParameterSpec& spec : kLimitSpecs)
-                    ConvertLimit(*pConstraint->FindParameterInArray(spec.nParamId), from.m_nLengthUnit,
+                if (!HasParameters(*pConstraint, kLimitIds)) continue;
+                for (const long nParamId : kLimitIds)
+                    ConvertLimit(*pConstraint->FindParameterInArray(nParamId), from.m_nLengthUnit,
                                  to.m_nLengthUnit);
             }
         }

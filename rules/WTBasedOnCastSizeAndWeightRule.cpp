@@ -23,8 +23,7 @@ constexpr ParameterSpec kBandSpecs[] = {
 };
 
 // The lists that a change of the length unit converts; weights keep their unit.
-constexpr ParameterSpec kLengthSpecs[] = {kBandSpecs[0], kBandSpecs[1], kBandSpecs[4]};
-static_assert(QuantityOfParameter(kLengthSpecs[2].nParamId) == Quantity::Length);
+constexpr long kLengthIds[] = {kSizeMinId, kSizeMaxId, kThicknessId};
 
 MfxArray<double>& NumbersOf(const CMFXConstraint& constraint, long nParamId) {
     return constraint.FindParameterInArray(nParamId)->GetValues<double>();
@@ -45,8 +44,8 @@ bool IsMarker(double value) {
 void ConvertBands(const CMFXConstraint& constraint, int nFromUnit, int nToUnit) {
     const int nBands = NumbersOf(constraint, kSizeMinId).GetCount();
     const CMFXUnitConvertor convertor;
-    for (const ParameterSpec& spec : kLengthSpecs) {
-        MfxArray<double>& values = NumbersOf(constraint, spec.nParamId);
+    for (const long nParamId : kLengthIds) {
+        MfxArray<double>& values = NumbersOf(constraint, nParamId);
         for (int i = 0; i < nBands && i < values.GetCount(); ++i)
             if (!IsMarker(values[i]))
                 values[i] =
@@ -135,7 +134,7 @@ void CMFXWTBasedOnCastSizeAndWeightRule::PopulateFromXML(MfxXMLNode* pNode) {
             m_bParametersCreated = true;
         }
         if (CMfxParamStorage* pUnit = FindParameterInArray(kMassUnitId)) {
-            EmptyConstraintsForReading(*this, *pNode, kBandSpecs);
+            EmptyConstraintsForReading(*this, *pNode, kBandParameterIds);
             pUnit->GetValues<CString>().RemoveAll();
             ReadRuleRecord(this, pNode);
         }
@@ -156,7 +155,7 @@ void CMFXWTBasedOnCastSizeAndWeightRule::ConvertUnits(const UnitPair& from, cons
         m_nAngleUnit = to.m_nAngleUnit;
         if (from.m_nLengthUnit == to.m_nLengthUnit) return;
         for (const CMFXConstraint* pConstraint : m_constraintArray)
-            if (HasParameters(*pConstraint, kLengthSpecs))
+            if (HasParameters(*pConstraint, kLengthIds))
                 ConvertBands(*pConstraint, from.m_nLengthUnit, to.m_nLengthUnit);
     });
 }

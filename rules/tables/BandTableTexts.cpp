@@ -2,6 +2,7 @@
 
 #include "ModuleText.h"
 #include "NumberText.h"
+#include "XmlNumber.h"
 #include "resource.h"
 
 namespace {
@@ -13,9 +14,7 @@ CString RowText(UINT nStringId, int nRow) {
 }
 
 CString IncompleteText(UINT nWord, int nRow) {
-    CString strRow;
-    strRow.Format(L"%d", nRow);
-    return FormattedText(IDS_SIZE_WEIGHT_INCOMPLETE, LoadModuleText(nWord), strRow);
+    return FormattedText(IDS_SIZE_WEIGHT_INCOMPLETE, LoadModuleText(nWord), FormatInteger(nRow));
 }
 
 CString JointText(UINT nStringId, const SizeAndWeightResult& result, const CString& strUnit) {

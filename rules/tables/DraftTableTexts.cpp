@@ -2,13 +2,13 @@
 
 #include "ModuleText.h"
 #include "NumberText.h"
+#include "XmlNumber.h"
 #include "resource.h"
 
 // The row of an empty cell is written as the cells' numbers are ("2.0"), the others are not. This is on
 // purpose.
 CString DraftFlawText(const DraftTableResult& result) {
-    CString strRow;
-    strRow.Format(L"%d", result.nRow);
+    const CString strRow = FormatInteger(result.nRow);
     switch (result.flaw) {
         case DraftTableFlaw::NoBands:
             return LoadModuleText(IDS_DRAFT_NO_BANDS);

@@ -10,15 +10,6 @@
 
 namespace {
 
-// As the database compares names: the case of the letters A to Z does not matter.
-bool IsSameName(const CString& strOne, const CString& strOther) {
-    if (strOne.GetLength() != strOther.GetLength()) return false;
-    const auto lower = [](wchar_t c) { return c >= L'A' && c <= L'Z' ? static_cast<wchar_t>(c + 32) : c; };
-    for (int i = 0; i < strOne.GetLength(); ++i)
-        if (lower(strOne[i]) != lower(strOther[i])) return false;
-    return true;
-}
-
 bool IsSame(const MfxMaterial& one, const MfxMaterial& other) {
     return one.strName == other.strName && one.density == other.density &&
            one.densityUnit == other.densityUnit && one.minimumWall == other.minimumWall &&
@@ -43,6 +34,14 @@ bool ReadFigure(CString strText, std::optional<double>& figure) {
 }
 
 }  // namespace
+
+bool IsSameName(const CString& strOne, const CString& strOther) {
+    if (strOne.GetLength() != strOther.GetLength()) return false;
+    const auto lower = [](wchar_t c) { return c >= L'A' && c <= L'Z' ? static_cast<wchar_t>(c + 32) : c; };
+    for (int i = 0; i < strOne.GetLength(); ++i)
+        if (lower(strOne[i]) != lower(strOther[i])) return false;
+    return true;
+}
 
 MfxDatabaseResult MaterialEdits::Load(const IDatabaseCollector& database) {
     m_items.clear();

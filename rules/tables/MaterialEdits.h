@@ -25,6 +25,9 @@ struct MaterialTexts {
 };
 
 // Processes, groups and materials, the units in which figures are shown, and the changes since the last save.
+// Whether the database takes two names for one: the case of the letters A to Z does not matter.
+bool IsSameName(const CString& strOne, const CString& strOther);
+
 class MaterialEdits {
   public:
     enum class Kind { Process, Group, Material };

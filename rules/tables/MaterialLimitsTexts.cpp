@@ -1,6 +1,7 @@
 #include "MaterialLimitsTexts.h"
 
 #include "ModuleText.h"
+#include "XmlNumber.h"
 #include "resource.h"
 
 namespace {
@@ -21,7 +22,5 @@ UINT TextOf(MaterialLimitsFlaw flaw) {
 }  // namespace
 
 CString MaterialFlawText(const MaterialLimitsResult& result) {
-    CString strRow;
-    strRow.Format(L"%d", result.nRow);
-    return FormattedText(TextOf(result.flaw), strRow);
+    return FormattedText(TextOf(result.flaw), FormatInteger(result.nRow));
 }

@@ -1,4 +1,5 @@
-// Texts of the module's resource library, for whoever has no module around it.
+// Texts of the module's resource library by the user's language, also for programs that have not loaded the
+// module. Each call opens the library: for messages, not for loops.
 #pragma once
 
 #include <afx.h>
