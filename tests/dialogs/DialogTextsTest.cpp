@@ -75,6 +75,14 @@ void ExpectInside(HWND hControl, HWND hDialog) {
     EXPECT_EQ(both, control) << WindowText(hControl).GetString();
 }
 
+// A screen reader calls a control by the label before it.
+bool HasName(HWND hControl) {
+    HWND hBefore = GetWindow(hControl, GW_HWNDPREV);
+    while (hBefore && !IsOfClass(hBefore, L"Static") && !(GetWindowLongW(hBefore, GWL_STYLE) & WS_TABSTOP))
+        hBefore = GetWindow(hBefore, GW_HWNDPREV);
+    return hBefore && IsOfClass(hBefore, L"Static") && !WindowText(hBefore).IsEmpty();
+}
+
 void CheckControls(HWND hDialog) {
     std::set<wchar_t> mnemonics;
     int nLabels = 0;
@@ -82,6 +90,8 @@ void CheckControls(HWND hDialog) {
          hControl = GetWindow(hControl, GW_HWNDNEXT)) {
         ExpectInside(hControl, hDialog);
         const bool bButton = IsOfClass(hControl, L"Button"), bLabel = IsOfClass(hControl, L"Static");
+        const bool bTabStop = GetWindowLongW(hControl, GWL_STYLE) & WS_TABSTOP;
+        EXPECT_TRUE(bButton || !bTabStop || HasName(hControl)) << GetDlgCtrlID(hControl);
         if (IsOfClass(hControl, L"SysListView32")) {
             ExpectRoomForHeadings(hControl);
             EXPECT_FALSE(GetWindowLongW(hControl, GWL_STYLE) & WS_HSCROLL) << "columns out of view";
