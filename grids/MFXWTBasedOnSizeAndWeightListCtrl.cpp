@@ -113,7 +113,8 @@ void CMFXWTBasedOnSizeAndWeightListCtrl::OnLButtonDown(UINT nFlags, CPoint point
     m_nLastHitRow = cell.nRow;
     m_nLastHitCol = cell.nCol;
     if (bCommits) Notify(GetItemText(edited.nRow, edited.nCol), GridCellCommitted);
-    if (!bEdits) NotifyOfSelection(cell.nRow);
+    const bool bRefused = !strNewGroup.IsEmpty() && !HasFocus();  // the dialog shows the flaw elsewhere
+    if (!bEdits && !bRefused) NotifyOfSelection(cell.nRow);
 }
 
 // As a double click does, so that no mouse is needed.

@@ -234,9 +234,16 @@ TEST_F(WTBasedOnSizeAndWeightDlgTest, ChecksTheGroupsThatWereNotShown) {
 TEST_F(WTBasedOnSizeAndWeightDlgTest, NamesRenamesAndDeletesGroups) {
     Open([&](Page& page) {
         page.bands.SetCell(0, 3, L"3");
-        for (const int nRow : {0, 5}) {
+        const std::function<void()> kLeave[] = {[&] { page.groups.Click(0, 0); },
+                                                [&] { page.groups.Choose(5, L"Iron"); },
+                                                [&] {
+                                                    page.groups.OpenList(5);
+                                                    page.groups.Select(L"Iron");
+                                                    page.groups.Click(0, 0);
+                                                }};
+        for (const auto& leave : kLeave) {
             m_boxes.Expect(L"Row 1: the upper weight must be larger than the lower one.", MB_ICONINFORMATION);
-            nRow == 0 ? page.groups.Click(nRow, 0) : page.groups.Choose(nRow, L"Iron");
+            leave();
             m_boxes.Verify();
             EXPECT_STREQ(page.CurrentGroup(), L"Steel");
             EXPECT_STREQ(page.groups.Cell(5, 0), L"");
