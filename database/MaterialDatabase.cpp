@@ -45,7 +45,7 @@ template <class Operation>
 MfxDatabaseResult MaterialDatabase::Read(Operation operation) const {
     using Clock = std::chrono::steady_clock;
     if (Clock::now() < m_tryAgainAt) return m_locked;
-    const MfxDatabaseResult result = ResultOf([&] {
+    MfxDatabaseResult result = ResultOf([&] {
         WaitForOthers(Open(), kLongestWaitToReadMs);
         operation(Open());
     });

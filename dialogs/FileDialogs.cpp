@@ -30,7 +30,7 @@ CString AskForWorkbook(CWnd* pParent) {
     CFileDialog dialog(TRUE, L"XLS", nullptr, kFlags, L"XLS Files (*.xls;*.xlsx)|*.xls; *.xlsx|", pParent);
     CString& strFolder = g_pSandCastingRulesApp->m_strImportFolder;
     if (!strFolder.IsEmpty()) dialog.GetOFN().lpstrInitialDir = strFolder;
-    const CString strPath = AskForPath(dialog);
+    CString strPath = AskForPath(dialog);
     if (!strPath.IsEmpty()) strFolder = strPath.Left(strPath.ReverseFind(L'\\') + 1);
     return strPath;
 }

@@ -26,7 +26,7 @@ void FillLengthUnits(CComboBox& combo) {
 }
 
 CString GetLengthUnitCaption(int nLengthUnit) {
-    const CString strLabel = GetLengthUnitLabel(nLengthUnit);
+    CString strLabel = GetLengthUnitLabel(nLengthUnit);
     if (!strLabel.IsEmpty() || !IsOffered(nLengthUnit)) return strLabel;
     return LoadLocalizedString(kLabels[nLengthUnit - LengthMillimetre]);
 }

@@ -198,6 +198,7 @@ bool CMFXUniformThicknessDlg::CheckCommonLimits() {
 
 std::vector<MaterialLimitTexts> CMFXUniformThicknessDlg::ReadMaterials() const {
     std::vector<MaterialLimitTexts> rows;
+    rows.reserve(static_cast<std::size_t>(m_gridMaterials.GetItemCount()));
     for (int nRow = 0; nRow < m_gridMaterials.GetItemCount(); ++nRow)
         rows.push_back({m_gridMaterials.GetItemText(nRow, MaterialColumn::Material),
                         m_gridMaterials.GetItemText(nRow, MaterialColumn::Minimum),

@@ -9,7 +9,7 @@ constexpr LCID kEnglish = MAKELCID(MAKELANGID(LANG_ENGLISH, SUBLANG_ENGLISH_US),
 
 // Excel says the last one while its user edits a cell.
 static bool IsBusy(HRESULT result) {
-    constexpr HRESULT kExcelIgnores = static_cast<HRESULT>(0x800AC472);
+    constexpr auto kExcelIgnores = static_cast<HRESULT>(0x800AC472);
     return result == RPC_E_SERVERCALL_RETRYLATER || result == RPC_E_CALL_REJECTED || result == kExcelIgnores;
 }
 

@@ -186,7 +186,7 @@ MfxXmlParseResult MfxXMLDocument::Parse(std::string_view bytes) {
                                &MfxXMLDocument::CheckReferences, &MfxXMLDocument::CheckOutermostElement,
                                &MfxXMLDocument::CheckSize};
     for (const Step step : kSteps)
-        if (const MfxXmlParseResult result = (this->*step)(); !result.bOk) return result;
+        if (MfxXmlParseResult result = (this->*step)(); !result.bOk) return result;
     return kSuccess;
 }
 

@@ -8,7 +8,6 @@
 #include "WTBasedOnCastSizeAndWeightRule.h"
 
 #include <algorithm>
-#include <ranges>
 
 namespace {
 
@@ -79,7 +78,8 @@ std::vector<CString> SizeAndWeightGroups::GetGroupsWithoutBands() const {
 
 bool SizeAndWeightGroups::HasUsableBand(std::span<const BandTexts> rows) const {
     const auto hasUsable = [](const Bands& bands) { return std::ranges::any_of(bands, IsUsable); };
-    return std::ranges::any_of(m_groups | std::views::values, hasUsable) || hasUsable(ReadRows(rows));
+    return std::ranges::any_of(m_groups, [&](const auto& group) { return hasUsable(group.second); }) ||
+           hasUsable(ReadRows(rows));
 }
 
 // A band without a lower bound is not shown, since it would not be read again either.

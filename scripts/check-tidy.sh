@@ -11,6 +11,8 @@ command -v clang-tidy >/dev/null || { echo "clang-tidy is missing: scripts/setup
 # clang reads the headers of GCC's C++ library and of Windows; its own stand in for those of the compiler.
 options=(--extra-arg-before=--target=x86_64-w64-mingw32 --extra-arg=-Wno-unknown-warning-option)
 for option in -nostdinc++ -nostdlibinc; do options+=("--extra-arg=$option"); done
+# MFC prescribes a macro and names that clang would warn of; GCC's -Wconversion leaves signs alone in C++.
+for name in inconsistent-missing-override overloaded-virtual sign-conversion; do options+=("--extra-arg=-Wno-$name"); done
 while read -r folder; do
   [[ $folder =~ /gcc/[^/]+/[^/]+/include(-fixed)?$ ]] || options+=(--extra-arg=-isystem --extra-arg="$folder")
 done < <(x86_64-w64-mingw32-g++-posix -E -v -x c++ /dev/null 2>&1 >/dev/null |

@@ -47,13 +47,13 @@ MfxDatabaseResult MaterialEdits::Load(const IDatabaseCollector& database) {
     m_items.clear();
     m_changes.clear();
     std::vector<MfxMaterialGroup> groups;
-    if (const MfxDatabaseResult result = database.GetGroups(groups); result.problem) return result;
+    if (MfxDatabaseResult result = database.GetGroups(groups); result.problem) return result;
     FindProcess(kSandCastingProcess);
     for (const MfxMaterialGroup& group : groups) {
         const int nGroup = Add(Kind::Group, FindProcess(group.strProcess), group.strName);
         m_items.back().strFamily = group.strFamily;
         std::vector<MfxMaterial> materials;
-        const MfxDatabaseResult result = database.GetMaterials(GroupKey(nGroup), materials);
+        MfxDatabaseResult result = database.GetMaterials(GroupKey(nGroup), materials);
         if (result.problem) return result;
         for (MfxMaterial& material : materials)
             m_items.push_back({Kind::Material, nGroup, std::move(material), {}});
@@ -87,7 +87,7 @@ MaterialFlaw MaterialEdits::Change(int nItem, const MaterialTexts& texts) {
     changed.strName = strName;
     if (const MaterialFlaw flaw = ReadFigures(texts, shown, changed); flaw != MaterialFlaw::None) return flaw;
     KeepLoaded(item);
-    m_changes.push_back(MfxChangeMaterial{{GroupKey(item.nParent), item.material.strName}, changed});
+    m_changes.emplace_back(MfxChangeMaterial{{GroupKey(item.nParent), item.material.strName}, changed});
     item.material = changed;
     return MaterialFlaw::None;
 }
@@ -96,14 +96,14 @@ int MaterialEdits::AddGroup(int nProcess, const CString& strName) {
     const int nGroup = Add(Kind::Group, nProcess, UniqueName(nProcess, strName));
     m_items.back().bNew = true;
     const MfxGroupKey key = GroupKey(nGroup);
-    m_changes.push_back(MfxAddGroup{{key.strProcess, key.strGroup, {}}});
+    m_changes.emplace_back(MfxAddGroup{{key.strProcess, key.strGroup, {}}});
     return nGroup;
 }
 
 int MaterialEdits::AddMaterial(int nGroup, const CString& strName) {
     const int nMaterial = Add(Kind::Material, nGroup, UniqueName(nGroup, strName));
     m_items.back().bNew = true;
-    m_changes.push_back(MfxAddMaterial{GroupKey(nGroup), m_items.back().material});
+    m_changes.emplace_back(MfxAddMaterial{GroupKey(nGroup), m_items.back().material});
     return nMaterial;
 }
 
@@ -113,9 +113,9 @@ void MaterialEdits::Delete(int nItem) {
     KeepLoaded(item);
     item.bDeleted = true;
     if (item.kind == Kind::Group)
-        m_changes.push_back(MfxDeleteGroup{GroupKey(nItem)});
+        m_changes.emplace_back(MfxDeleteGroup{GroupKey(nItem)});
     else
-        m_changes.push_back(MfxDeleteMaterial{{GroupKey(item.nParent), item.material.strName}});
+        m_changes.emplace_back(MfxDeleteMaterial{{GroupKey(item.nParent), item.material.strName}});
     for (Item& child : m_items) {
         if (child.nParent != nItem || child.bDeleted) continue;
         KeepLoaded(child);
@@ -238,6 +238,6 @@ void MaterialEdits::ChangeGroup(int nItem, const CString& strName) {
     Item& group = m_items[static_cast<std::size_t>(nItem)];
     KeepLoaded(group);
     if (IsSameName(group.strFamily, group.material.strName)) group.strFamily.Empty();
-    m_changes.push_back(MfxChangeGroup{GroupKey(nItem), {{}, strName, group.strFamily}});
+    m_changes.emplace_back(MfxChangeGroup{GroupKey(nItem), {{}, strName, group.strFamily}});
     group.material.strName = strName;
 }

@@ -36,7 +36,7 @@ MaterialLimitsResult CheckMaterialLimits(std::span<const MaterialLimitTexts> row
     for (const MaterialLimitTexts& row : rows) {
         ++nRow;
         if (IsEmptyRow(row)) continue;
-        const MaterialLimitsResult read = ReadRow(row, nRow);
+        MaterialLimitsResult read = ReadRow(row, nRow);
         if (read.flaw != MaterialLimitsFlaw::None) return read;
         if (std::ranges::find(all.limits, row.strMaterial, &MaterialLimits::strMaterial) != all.limits.end())
             return Flaw(MaterialLimitsFlaw::MaterialTwice, nRow, MaterialColumn::Material);
