@@ -1,6 +1,7 @@
 #include "DatabaseFile.h"
 
 #include "DefaultMaterials.h"
+#include "FullPath.h"
 #include "IMaterialDatabase.h"
 #include "Schema.h"
 #include "Text.h"
@@ -10,7 +11,6 @@
 
 #include <cstdlib>
 #include <cstring>
-#include <filesystem>
 
 namespace {
 
@@ -121,14 +121,19 @@ void WaitForOthers(const Connection& connection, int longestMs) {
 }
 
 CString FindDatabasePath() {
-    if (const wchar_t* path = _wgetenv(kDatabaseVariable); path && *path) return path;
+    if (const wchar_t* path = _wgetenv(kDatabaseVariable); path && *path) {
+        if (IsFullPath(path)) return path;
+        throw DatabaseError(DatabaseNotOpened, ToUtf8(kDatabaseVariable) + " is \"" + ToUtf8(path) +
+                                                   "\"; it has to be a full path, from the drive or the "
+                                                   "server on");
+    }
     const CString folder = ApplicationDataFolder() + L"\\MfxKit";
     CreateDirectoryW(folder, nullptr);  // where that fails, the file can't be opened, which is told
     return folder + L"\\materials.db";
 }
 
 DatabaseFile OpenDatabase(const CString& path) {
-    const CString fullPath = std::filesystem::absolute(path.GetString()).make_preferred().c_str();
+    const CString fullPath = FullPath(path);
     DatabaseFile file;
     const SchemaState state = OpenAndRead(fullPath, file.connection);
     if (IsReadOnly(*file.connection)) {

@@ -11,7 +11,8 @@ inline constexpr int kLongestWaitToReadMs = 500, kLongestWaitToWriteMs = 5'000;
 void WaitForOthers(const Connection& connection, int longestMs);
 
 // The file to use when none is given: that of the environment variable kDatabaseVariable, or
-// MfxKit\materials.db in the user's application-data folder.
+// MfxKit\materials.db in the user's application-data folder. Throws DatabaseError where the variable's path
+// is not full: each folder would get a database of its own.
 CString FindDatabasePath();
 
 // The database, open, with the schema of today.

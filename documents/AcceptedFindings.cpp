@@ -2,6 +2,7 @@
 
 #include "DocumentError.h"
 #include "DocumentFile.h"
+#include "FullPath.h"
 #include "Text.h"
 
 namespace {

@@ -1,6 +1,7 @@
 #include "DocumentFile.h"
 
 #include "DocumentError.h"
+#include "FullPath.h"
 #include "Text.h"
 
 #include <algorithm>
@@ -198,12 +199,6 @@ void ReplaceFileBytes(const CString& path, const std::string& bytes, const FileF
 
 bool IsSamePath(const CString& first, const CString& second) {
     return FullPath(first).CompareNoCase(FullPath(second)) == 0;
-}
-
-CString FullPath(const CString& path) {
-    std::wstring full(GetFullPathNameW(path, 0, nullptr, nullptr), L'\0');
-    full.resize(GetFullPathNameW(path, static_cast<DWORD>(full.size()), full.data(), nullptr));
-    return full.c_str();
 }
 
 FolderIdentity IdentityOf(const CString& folder) {

@@ -31,9 +31,6 @@ void ThrowIfUnwritable(const CString& path);
 // Whether both are names of one file or folder, as far as their spelling tells.
 bool IsSamePath(const CString& first, const CString& second);
 
-// The path from the root on.
-CString FullPath(const CString& path);
-
 // Tells folders apart that have several names; zeros when the folder can't be opened.
 struct FolderIdentity {
     DWORD volume = 0, indexHigh = 0, indexLow = 0;

@@ -3,10 +3,9 @@
 #include "DocumentFile.h"
 #include "ExitCode.h"
 #include "FaultText.h"
+#include "FullPath.h"
 #include "Text.h"
 #include "WorkbookReader.h"
-
-#include <filesystem>
 
 namespace {
 
@@ -36,7 +35,7 @@ WorkbookTable ReadWorkbookTable(const CString& bookPath, const WorkbookColumns& 
     if (IsFolder(bookPath))
         throw CommandError(ExitCode::UnreadableInput, book + "can't be read: it is a folder");
     // Excel has a current folder of its own.
-    const CString path = std::filesystem::absolute(bookPath.GetString()).make_preferred().c_str();
+    const CString path = FullPath(bookPath);
     WorkbookTable table;
     CString readerError;
     const WorkbookFault fault = ReadWorkbook(path, columns, table, readerError, &sheet);

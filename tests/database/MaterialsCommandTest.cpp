@@ -25,6 +25,12 @@ TEST_F(MaterialsTest, PrintsTheDefaultMaterials) {
               HasSubstr("\nInjection Moulding  Plastics                  Urea, cellulose-filled  ")),
         "");
     Run({L"materials", L"find", L"chocolate"}, 0, "", HasSubstr("no material like \"chocolate\""));
+    // As of a server, two backslashes at the start stay two.
+    Run({L"materials", L"list", L"--database", L"\\\\?\\" + m_folder.Path(L"other.db")}, 0, _, "");
+    for (const wchar_t* path : {L"m.db", L"\\m.db", L"C:m.db"}) {
+        SetEnvironmentVariableW(kDatabaseVariable, path);
+        Run({L"materials", L"list"}, 4, "", HasSubstr("it has to be a full path"));
+    }
     EXPECT_EQ(CountWhole(), kDefaultMaterials);
     EXPECT_THAT(m_folder.Names(), ElementsAre(L"m.db", L"other.db"));
 }

@@ -54,9 +54,10 @@ class InstallerTest(unittest.TestCase):
         self.installer = next((BUILD / "packages").glob("*.exe"))
 
     # The installer takes the folder as it stands in the command line, without quotation marks.
-    def install(self, installer=None, *options, exit_code=DONE, place=PLACE):
+    def install(self, installer=None, *options, exit_code=DONE, place=PLACE, reason=""):
         result = wine(installer or self.installer, "/S", *options, *(f"/D={place}".split() if place else []))
         self.assertEqual(result.returncode, exit_code, result.stderr)
+        self.assertIn(reason, result.stderr)
 
     def uninstall(self, place=PLACE):
         """A copy of the uninstaller does the work, and nobody waits for it."""
@@ -66,8 +67,8 @@ class InstallerTest(unittest.TestCase):
             self.assertLess(time.monotonic(), end)
             time.sleep(0.1)
 
-    def refuse_to_uninstall(self):
-        result = wine(on_disk(PLACE) / UNINSTALLER, "/S", *f"_?={PLACE}".split())
+    def refuse_to_uninstall(self, place=PLACE):
+        result = wine(on_disk(PLACE) / UNINSTALLER, "/S", *f"_?={place}".split())
         self.assertEqual(result.returncode, REFUSED, result.stderr)
 
     def run_installed(self, *arguments, exit_code=0, place=PLACE, **variables):
@@ -99,6 +100,13 @@ class InstallerTest(unittest.TestCase):
                 if file.readlink() == library:
                     return True
         return False
+
+    def mount(self, folder, options):
+        """A disk of its own as a folder of the drive."""
+        folder.mkdir()
+        if subprocess.run(["mount", "-t", "tmpfs", "-o", options, "tmpfs", folder]).returncode:
+            self.skipTest("no file system could be mounted")
+        self.addCleanup(subprocess.run, ["umount", folder], check=True)
 
     def make_older_installer(self, folder):
         """An installer of the same files with an older version number, and one file that went since."""
@@ -174,6 +182,31 @@ class InstallerTest(unittest.TestCase):
             self.assertEqual(files(), before)
             shutil.rmtree(on_disk(PLACE))
 
+    def test_refuses_what_it_cannot_do(self):
+        """An installation stays as it is, and so do files of others."""
+        self.install()
+        for file in ("CAD/bin/MfxKitu.dll", "CAD/README.md", "Taken/bin", "file"):
+            (DRIVE / file).parent.mkdir(parents=True, exist_ok=True)
+            (DRIVE / file).write_text("of another program")
+        before, keys = files(), registry()
+        for option in ("/AllUser", "/s", r"/D=C:\quoted folder"):
+            self.install(None, option, place=None, exit_code=REFUSED, reason="is no option")
+        for place in (r"rel\folder", r"\from root", "C:/slash/x", "C:\\", "C:", r"Q:\no drive", r"\\none\share",
+                      r"C:\file", r"C:\X /AllUsers", r"C:\X\a/b", " "):
+            with self.subTest(place):
+                self.install(place=place, exit_code=REFUSED, reason=f"/D={place.strip()}: this can't be the folder")
+        self.install(place=r"C:\Taken", exit_code=REFUSED, reason="is there already")
+        self.refuse_to_uninstall(r"C:\CAD")
+        self.assertEqual(files(), before)
+        self.install(place=rf"C:\windows\..\{PLACE[3:]}\.")  # another spelling repairs
+        self.assertEqual(registry() ^ keys, set())
+        for disk, options, reason in ("fixed", "ro", "can't be written"), ("small", "size=3m", "too little room"):
+            self.mount(DRIVE / disk, options)
+            before = files()
+            self.install(place=rf"C:\{disk}\new\one", exit_code=REFUSED, reason=reason)
+            self.assertEqual(files(), before)
+        self.assertEqual(registry() ^ keys, set())
+
     def test_keeps_samples_that_were_changed(self):
         self.install()
         mine = on_disk(PLACE) / "samples/all-rules.xml"
@@ -187,10 +220,19 @@ class InstallerTest(unittest.TestCase):
         self.run_installed("show", PLACE + r"\samples\draft-angle.xml")
 
     def test_moves_to_another_folder(self):
+        """By an installer, also when the uninstaller was lost, and by hand. Two at once are one too many."""
         self.install()
+        (on_disk(PLACE) / UNINSTALLER).unlink()
         self.install(place=r"C:\Other")
         self.assertFalse(on_disk(PLACE).exists())
         self.run_installed("list", place=r"C:\Other")
+        (DRIVE / "Other").rename(DRIVE / "By hand")
+        self.uninstall(r"C:\By hand")
+        self.assertFalse(list(DRIVE.rglob("Sand casting rules console.lnk")))
+        self.assertNotIn("SandCastingRules", str(registry()))
+        installers = [subprocess.Popen([ROOT / "scripts/wine-run", self.installer, "/S", rf"/D=C:\{name}"], cwd=DRIVE)
+                      for name in ("First", "Second")]
+        self.assertEqual(sorted(installer.wait(120) for installer in installers), [DONE, REFUSED])
 
     def test_installs_for_all_users(self):
         self.install(None, "/AllUsers", place=None)
