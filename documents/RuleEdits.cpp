@@ -44,14 +44,16 @@ class EditApplier {
     EditApplier(RuleDocument& document, const RuleDocument::Entry& entry, const RuleEdits& edits)
         : m_document(document), m_entry(entry), m_edits(edits) {}
 
+    // Where no material is as the first one is to be, the limits that are in force stay so.
     void Apply() {
+        bool isByMaterial = IsFirstConstraint(Rule(), true);
+        for (const RuleEdits::Value& edit : m_edits.values)
+            if (edit.key == kByMaterialKey && edit.value) isByMaterial = IsYes(*edit.value);
         SetValues(m_edits.values);
         ChangeRows(m_edits.rows);
         RemoveConstraints();
         if (!m_edits.addedConstraints.empty()) AddConstraints();
-        // Where no material is as the first one is to be, the limits that are in force stay so.
-        for (const RuleEdits::Value& edit : m_edits.values)
-            if (edit.key == kByMaterialKey && edit.value) PutFirst(Rule(), IsYes(*edit.value));
+        if (Rule().GetRuleId() == kUniformThicknessRuleId) PutFirst(Rule(), isByMaterial);
     }
 
   private:
