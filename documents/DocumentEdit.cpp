@@ -64,12 +64,21 @@ const RuleDocument::Entry& DocumentEdit::RequireEntry(const std::string& key) co
     return *entry;
 }
 
+// Once, since it checks the whole document. Edits add nothing to it.
+void DocumentEdit::FindIgnored() {
+    for (const Finding& finding : FindIgnoredContent(m_document))
+        if (finding.entry >= 0)
+            m_ignored.emplace(m_document.GetEntries()[static_cast<std::size_t>(finding.entry)].key, finding);
+}
+
 const RuleDocument::Entry& DocumentEdit::ChangeEntry(const std::string& key) {
     const RuleDocument::Entry& entry = RequireEntry(key);
+    if (m_changed.empty()) FindIgnored();
     if (!m_changed.insert(entry.key).second) return entry;
-    const std::vector<Finding> ignored = FindIgnoredContent(m_document, entry);
-    if (!ignored.empty())
-        throw EditError(LinePrefix(m_document.GetPath(), ignored[0].line) + DescribeFinding(ignored[0]) +
+    const auto ignored = m_ignored.find(entry.key);
+    if (ignored != m_ignored.end())
+        throw EditError(LinePrefix(m_document.GetPath(), ignored->second.line) +
+                        DescribeFinding(ignored->second) +
                         "; the rule can't be changed without losing it");
     return entry;
 }
