@@ -50,7 +50,8 @@ TEST_F(LimitsTest, FindsBandsAndMaterials) {
          {{L"--group", aluminium, L"--size", L"150", L"--weight", L"1.2lb"}, "29118/2\n"},
          {{L"--group", aluminium, L"--size", L"100", L"--weight", L"5"}, "size and weight; they are of", 1},
          {{L"--size", L"3kg"}, "--size: .*the value is a length", 2},
-         {{L"--csv", L"c.csv", L"--size", L"3"}, "only -o goes with it", 2}});
+         {{L"--csv", L"c.csv", L"--size", L"3"}, "only -o goes with it", 2},
+         {{L"--csv", L"c.csv", L"-o", L".\\A.xml"}, "-o names the rule document itself", 2}});
 }
 
 TEST_F(LimitsTest, SaysWhatIsNotInForce) {
