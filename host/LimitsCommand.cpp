@@ -109,10 +109,9 @@ void AddLimits(CommandLine& commandLine) {
     CLI::App& command =
         commandLine.Add("limits",
                         "Print which limits a casting meets by a rule document, and why. A rule that needs "
-                        "an option which is "
-                        "missing says so. A band includes both its bounds, and the first band that holds the "
-                        "casting decides: "
-                        "a size on the joint of two bands is in the one that ends there.",
+                        "an option which is missing says so. A band includes both its bounds, and the first "
+                        "band that holds the casting decides: a size on the joint of two bands is in the one "
+                        "that ends there.",
                         {"mfxhost limits rules.xml --material steel --size 300mm --weight \"2.5 kg\"",
                          "mfxhost limits rules.xml --csv castings.csv -o answered.csv"},
                         [options](const RuleModule& module) { return PrintLimits(module, *options); });
