@@ -52,8 +52,8 @@ class DocumentEdit {
 
     RuleDocument& m_document;
     std::map<std::string, Finding> m_ignored;  // the first one of each rule, by the rule's key
-    std::set<std::string> m_changed;  // keys of rules
-    std::set<std::string> m_typed;    // those that people typed or imported
+    std::set<std::string> m_changed;           // keys of rules
+    std::set<std::string> m_typed;             // those that people typed or imported
 };
 
 // Throws EditError that names the keys of the document that are the most like this one.

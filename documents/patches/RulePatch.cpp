@@ -128,7 +128,6 @@ void RulePatch::AddValue(const Difference& difference) {
         m_unknownKey = FullKey(key);
     } else if (Decide(FullKey(key), difference, found)) {
         m_edits.values.push_back({key, difference.right});
-        if (difference.right) m_edits.values.back().value->key = FullKey(key);
     }
 }
 

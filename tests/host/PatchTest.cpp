@@ -101,7 +101,8 @@ TEST_F(HostPatchTest, MergesWhatIsNotCompared) {
 // Were the time the square of the number of bands, or of rules, this would take minutes.
 TEST_F(HostPatchTest, AppliesLargePatchesInTime) {
     const std::string all = m_folder.Read(L"a.xml");
-    const std::size_t rule = all.find("  <Rule Name=\"Wall Thickness Variation"), end = all.find("</MfxRules>");
+    const std::size_t rule = all.find("  <Rule Name=\"Wall Thickness Variation"),
+                      end = all.find("</MfxRules>");
     const auto write = [&](const std::wstring& name, const std::string& number) {
         std::string table = "group,active,size from,size to,weight from,weight to,minimum wall thickness\n";
         for (int i = 0; i < 3000; ++i)
