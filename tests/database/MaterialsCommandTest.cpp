@@ -42,7 +42,7 @@ TEST_F(MaterialsTest, ExportsWhatItImports) {
     Run({L"materials", L"import", L"a.csv"}, 0, "a.csv: 0 materials added, 0 changed, 2 unchanged\n", "");
 
     // The others' walls are in inches.
-    Run({L"materials", L"export", L"--mark", L"--length", L"mm", L"-o", L"b.csv"}, 0, "b.csv: 42 lines\n",
+    Run({L"materials", L"export", L"--mark", L"--length", L"mm", L"-o", L"b.csv"}, 0, "b.csv: 48 lines\n",
         "");
     const std::string exported = m_folder.Read(L"b.csv");
     EXPECT_THAT(exported, StartsWith("\xEF\xBB\xBFProcess,Family,Group,Material,Density [g/cm3],"));
