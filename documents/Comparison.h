@@ -31,7 +31,7 @@ struct Difference {
 
 // The key of the rule that the difference is in.
 inline std::string RuleKeyOf(const Difference& difference) {
-    return difference.key.substr(0, difference.key.find('/'));
+    return RuleOfKey(difference.key);
 }
 
 // The differences, in the units that both contents are in. Rules and constraints are compared with those of

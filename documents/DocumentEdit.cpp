@@ -59,18 +59,26 @@ void RefuseKey(const RuleDocument& document, const std::string& key) {
 }
 
 const RuleDocument::Entry& DocumentEdit::RequireEntry(const std::string& key) const {
-    const RuleDocument::Entry* const entry = m_document.FindEntry(key.substr(0, key.find('/')));
+    const RuleDocument::Entry* const entry = m_document.FindEntry(RuleOfKey(key));
     if (!entry || !entry->rule) RefuseKey(m_document, key);
     return *entry;
 }
 
+// Once, since it checks the whole document. Edits add nothing to it.
+void DocumentEdit::FindIgnored() {
+    for (const Finding& finding : FindIgnoredContent(m_document))
+        if (finding.entry >= 0)
+            m_ignored.emplace(m_document.GetEntries()[static_cast<std::size_t>(finding.entry)].key, finding);
+}
+
 const RuleDocument::Entry& DocumentEdit::ChangeEntry(const std::string& key) {
     const RuleDocument::Entry& entry = RequireEntry(key);
+    if (m_changed.empty()) FindIgnored();
     if (!m_changed.insert(entry.key).second) return entry;
-    const std::vector<Finding> ignored = FindIgnoredContent(m_document, entry);
-    if (!ignored.empty())
-        throw EditError(LinePrefix(m_document.GetPath(), ignored[0].line) + DescribeFinding(ignored[0]) +
-                        "; the rule can't be changed without losing it");
+    const auto ignored = m_ignored.find(entry.key);
+    if (ignored != m_ignored.end())
+        throw EditError(LinePrefix(m_document.GetPath(), ignored->second.line) +
+                        DescribeFinding(ignored->second) + "; the rule can't be changed without losing it");
     return entry;
 }
 
@@ -93,8 +101,9 @@ void DocumentEdit::Set(const std::string& key, const std::string& text) {
         SetContent(*entry.rule, *place, content);
         if (place->kind == ValueKind::ByMaterial &&
             IsFirstConstraint(*entry.rule, true) != (content == ValueContent("yes")))
-            throw EditError(text == "yes" ? "no material is active; set one's active to yes first"
-                                          : "no material is inactive; set one's active to no first");
+            throw EditError(content == ValueContent("yes")
+                                ? "no material is active; set one's active to yes first"
+                                : "no material is inactive; set one's active to no first");
         if (place->kind == ValueKind::ConstraintActive) SwitchLimits(*entry.rule, place->location.constraint);
     } catch (const EditError& error) {
         throw EditError(key + ": " + error.what());
@@ -106,17 +115,15 @@ void DocumentEdit::Change(const std::string& ruleKey, const RuleEdits& edits) {
 }
 
 void DocumentEdit::AddRule(int ruleId, const std::vector<RuleValue>& values, const UnitPair& units) {
-    for (RulePtr& rule : m_document.GetModule().CreateAllRules()) {
-        if (rule->GetRuleId() != ruleId) continue;
-        const UnitPair to = m_document.GetUnits(), from{rule->m_nLengthUnit, rule->m_nAngleUnit};
-        if (!(from == to)) rule->ConvertUnits(from, to);
-        rule->m_nLengthUnit = to.m_nLengthUnit;
-        rule->m_nAngleUnit = to.m_nAngleUnit;
-        const RuleEdits edits = EditsTo(*rule, values, units);
-        m_document.Append(std::move(rule));
-        Change(m_document.GetEntries().back().key, edits);
-        return;
-    }
+    RulePtr rule = m_document.GetModule().CreateDefault(ruleId);
+    if (!rule) throw EditError("there is no rule " + std::to_string(ruleId));
+    const UnitPair to = m_document.GetUnits(), from{rule->m_nLengthUnit, rule->m_nAngleUnit};
+    if (!(from == to)) rule->ConvertUnits(from, to);
+    rule->m_nLengthUnit = to.m_nLengthUnit;
+    rule->m_nAngleUnit = to.m_nAngleUnit;
+    const RuleEdits edits = EditsTo(*rule, values, units);
+    m_document.Append(std::move(rule));
+    Change(m_document.GetEntries().back().key, edits);
 }
 
 void DocumentEdit::SetDraftBands(const std::string& ruleKey, const std::vector<MfxTableRow>& bands) {
@@ -166,8 +173,7 @@ void DocumentEdit::SetWhole(const RuleDocument::Entry& entry, const WholePlace& 
         throw EditError(key + ": it is a whole row or constraint; \"present\" adds it, \"none\" removes it");
     if (place.row == 0 && isPresent == (place.constraint >= 0))
         throw EditError(key + (isPresent ? ": it is there already" : ": it is not there"));
-    if (std::ranges::any_of(place.name, [](unsigned char ch) { return ch < 0x20 || ch == 0x7F; }))
-        throw EditError(key + ": a name has no control characters");
+    if (HasControlCharacter(place.name)) throw EditError(key + ": a name has no control characters");
     if (place.row == 0 && isPresent && !HasConstraints(*entry.rule)) RefuseKey(m_document, key);
     if (place.row == 0 && isPresent)
         m_document.AddConstraints(entry, {FromUtf8(place.name)});

@@ -1,10 +1,12 @@
 #pragma once
 
 #include "EditError.h"
+#include "Finding.h"
 #include "RuleDocument.h"
 #include "RuleEdit.h"
 #include "RuleEdits.h"
 
+#include <map>
 #include <set>
 #include <string>
 
@@ -42,14 +44,16 @@ class DocumentEdit {
   private:
     const RuleDocument::Entry& RequireEntry(const std::string& key) const;
     const CMfxRule& SetConstraints(const std::string& ruleKey, const std::vector<CString>& names);
+    void FindIgnored();
     // The rule that a key begins with, which is changed from now on.
     const RuleDocument::Entry& ChangeEntry(const std::string& key);
     void SetWhole(const RuleDocument::Entry& entry, const WholePlace& place, const std::string& key,
                   const std::string& text);
 
     RuleDocument& m_document;
-    std::set<std::string> m_changed;  // keys of rules
-    std::set<std::string> m_typed;    // those that people typed or imported
+    std::map<std::string, Finding> m_ignored;  // the first one of each rule, by the rule's key
+    std::set<std::string> m_changed;           // keys of rules
+    std::set<std::string> m_typed;             // those that people typed or imported
 };
 
 // Throws EditError that names the keys of the document that are the most like this one.

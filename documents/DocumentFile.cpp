@@ -65,6 +65,23 @@ void ThrowIfNoTarget(const CString& path) {
     if (HasAttribute(path, FILE_ATTRIBUTE_READONLY)) ThrowUnwritable(path, "it is read-only");
 }
 
+// A file that is saved: by the name that the user knows, and where it lies if that is a link's.
+struct SavedFile {
+    explicit SavedFile(const CString& path) : name(path), place(FollowLinks(path)) {}
+
+    const CString name, place;
+
+  private:
+    static CString FollowLinks(const CString& path) {
+        const FileHandle file(CreateFileW(path, 0, kShareAll, nullptr, OPEN_EXISTING, 0, nullptr));
+        if (!file.IsOpen()) return path;
+        std::wstring place(GetFinalPathNameByHandleW(file.Get(), nullptr, 0, 0), L'\0');
+        const auto size = static_cast<DWORD>(place.size());
+        const DWORD length = GetFinalPathNameByHandleW(file.Get(), place.data(), size, 0);
+        return length > 0 && length < size ? CString(place.c_str()) : path;
+    }
+};
+
 // Calls attempt() until it succeeds, for some time when another program is in the way. False, with the reason
 // as last error, when it does not.
 template <class Attempt>
@@ -85,7 +102,7 @@ constexpr DWORD kShortWaitMs = 500;  // virus scanners hold a file for a moment
 // when the program is killed.
 class TemporaryFile {
   public:
-    explicit TemporaryFile(const CString& target)
+    explicit TemporaryFile(const SavedFile& target)
         : m_file(Create(target)), m_isDeletedOnClose(SetDeletedOnClose(m_file.Get(), true)) {}
     ~TemporaryFile() {
         m_file.Close();  // an open file can't be deleted
@@ -100,22 +117,23 @@ class TemporaryFile {
                (!m_isDeletedOnClose || SetDeletedOnClose(m_file.Get(), false)) && m_file.Close();
     }
 
-    bool MoveOver(const CString& target) {
+    bool MoveOver(const SavedFile& target) {
         m_isMoved = Retry(kShortWaitMs, [&] {
-            return MoveFileExW(m_strPath, target, MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) != 0;
+            return MoveFileExW(m_strPath, target.place, MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) !=
+                   0;
         });
         return m_isMoved;
     }
 
   private:
-    HANDLE Create(const CString& target) {
+    HANDLE Create(const SavedFile& target) {
         for (int i = 0;; ++i) {
-            m_strPath.Format(L"%s.%lu-%d.tmp", target.GetString(), GetCurrentProcessId(), i);
+            m_strPath.Format(L"%s.%lu-%d.tmp", target.place.GetString(), GetCurrentProcessId(), i);
             const HANDLE hFile = CreateFileW(m_strPath, GENERIC_WRITE | DELETE, 0, nullptr, CREATE_NEW,
                                              FILE_ATTRIBUTE_NORMAL, nullptr);
             if (hFile != INVALID_HANDLE_VALUE) return hFile;
             if (GetLastError() != ERROR_FILE_EXISTS)
-                ThrowUnwritable(target, WindowsErrorText(GetLastError()));
+                ThrowUnwritable(target.name, WindowsErrorText(GetLastError()));
         }
     }
 
@@ -128,18 +146,18 @@ class TemporaryFile {
 // Keeps other programs that replace the file from doing so for the life of the handle: a file beside it,
 // which goes away with the handle, however the program ends. Unlike a mutex it works between sessions and
 // machines.
-FileHandle LockForSaving(const CString& path) {
+FileHandle LockForSaving(const SavedFile& file) {
     constexpr DWORD kLongestWaitMs = 30'000;
     HANDLE hLock = INVALID_HANDLE_VALUE;
     const auto lock = [&] {
-        hLock = CreateFileW(path + L".mfx-lock", GENERIC_WRITE, 0, nullptr, OPEN_ALWAYS,
+        hLock = CreateFileW(file.place + L".mfx-lock", GENERIC_WRITE, 0, nullptr, OPEN_ALWAYS,
                             FILE_ATTRIBUTE_TEMPORARY | FILE_FLAG_DELETE_ON_CLOSE, nullptr);
         return hLock != INVALID_HANDLE_VALUE;
     };
     // "Access denied" is also the answer of a folder that can't be written.
     if (!Retry(kShortWaitMs, lock) &&
         (GetLastError() != ERROR_SHARING_VIOLATION || !Retry(kLongestWaitMs, lock)))
-        ThrowUnwritable(path, WindowsErrorText(GetLastError()));
+        ThrowUnwritable(file.name, WindowsErrorText(GetLastError()));
     return FileHandle(hLock);
 }
 
@@ -183,17 +201,18 @@ std::string ReadFileBytes(const CString& path) {
 
 void ThrowIfUnwritable(const CString& path) {
     ThrowIfNoTarget(path);
-    const TemporaryFile temporary(path);
+    const TemporaryFile temporary{SavedFile(path)};
     const FileHandle old(CreateFileW(path, DELETE, kShareAll, nullptr, OPEN_EXISTING, 0, nullptr));
     if (!old.IsOpen() && FileExists(path)) ThrowUnwritable(path, WindowsErrorText(GetLastError()));
 }
 
 void ReplaceFileBytes(const CString& path, const std::string& bytes, const FileFingerprint* expected) {
     ThrowIfNoTarget(path);
-    const FileHandle lock = LockForSaving(path);
+    const SavedFile file(path);
+    const FileHandle lock = LockForSaving(file);
     if (expected) ThrowIfChanged(path, *expected);
-    TemporaryFile temporary(path);
-    if (!temporary.Write(bytes) || !temporary.MoveOver(path))
+    TemporaryFile temporary(file);
+    if (!temporary.Write(bytes) || !temporary.MoveOver(file))
         ThrowUnwritable(path, WindowsErrorText(GetLastError()));
 }
 

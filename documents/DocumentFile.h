@@ -18,10 +18,11 @@ FileFingerprint FingerprintOf(std::string_view bytes);
 std::string ReadFileBytes(const CString& path);
 
 // Replaces the file by the bytes, or creates it. They are written to a temporary file in the same folder,
-// flushed, and moved over the old file, which stays whole whenever a step fails. With a fingerprint nothing
-// is written unless the file still has that content; programs that replace a file by this function wait for
-// each other, so that none undoes what another has just written. Throws DocumentError that names the file and
-// the reason: Unwritable or ChangedMeanwhile.
+// flushed, and moved over the old file, which stays whole whenever a step fails. Where the path is a link,
+// the file that it leads to is replaced. With a fingerprint nothing is written unless the file still has that
+// content; programs that replace a file by this function wait for each other, so that none undoes what
+// another has just written. Throws DocumentError that names the file and the reason: Unwritable or
+// ChangedMeanwhile.
 void ReplaceFileBytes(const CString& path, const std::string& bytes,
                       const FileFingerprint* expected = nullptr);
 

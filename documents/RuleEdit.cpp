@@ -124,7 +124,9 @@ std::optional<WholePlace> FindWholePlace(const CMfxRule& rule, const std::string
     const std::vector<std::string> parts = KeyParts(key);
     if (parts.empty()) return std::nullopt;
     const int constraint = FindConstraint(rule, parts[0]);
-    if (parts.size() == 1 && IsConstraintKey(parts[0]))
+    // "Steel#2" names one that is there, and none to be added.
+    const bool isNumbered = parts[0].find('#') != std::string::npos;
+    if (parts.size() == 1 && IsConstraintKey(parts[0]) && (constraint >= 0 || !isNumbered))
         return WholePlace{.name = NameOfKey(parts[0]), .constraint = constraint};
     const int row = ToNumber(parts.back());
     if (parts.size() == 2 && row)

@@ -44,14 +44,16 @@ class EditApplier {
     EditApplier(RuleDocument& document, const RuleDocument::Entry& entry, const RuleEdits& edits)
         : m_document(document), m_entry(entry), m_edits(edits) {}
 
+    // Where no material is as the first one is to be, the limits that are in force stay so.
     void Apply() {
+        bool isByMaterial = IsFirstConstraint(Rule(), true);
+        for (const RuleEdits::Value& edit : m_edits.values)
+            if (edit.key == kByMaterialKey && edit.value) isByMaterial = IsYes(*edit.value);
         SetValues(m_edits.values);
         ChangeRows(m_edits.rows);
         RemoveConstraints();
         if (!m_edits.addedConstraints.empty()) AddConstraints();
-        // Where no material is as the first one is to be, the limits that are in force stay so.
-        for (const RuleEdits::Value& edit : m_edits.values)
-            if (edit.key == kByMaterialKey && edit.value) PutFirst(Rule(), IsYes(*edit.value));
+        if (Rule().GetRuleId() == kUniformThicknessRuleId) PutFirst(Rule(), isByMaterial);
     }
 
   private:
@@ -59,23 +61,21 @@ class EditApplier {
 
     // The content for the place, in the rule's units.
     ValueContent ContentFor(const RuleValue& place, const RuleValue& value) const {
-        const std::string text = FormatContent(value.content);
+        const std::string text = FormatContent(value.content), key = m_entry.key + "/" + place.key + ": ";
         if (const double* number = std::get_if<double>(&value.content)) {
-            if (!IsNumber(place)) throw EditError(value.key + ": " + text + " is a number and no text");
-            if (*number < 0.0 && !place.table.empty())
-                throw EditError(value.key + ": " + text + " is negative");
+            if (!IsNumber(place)) throw EditError(key + text + " is a number and no text");
+            if (*number < 0.0 && !place.table.empty()) throw EditError(key + text + " is negative");
             const std::string unit = UnitSymbol(place.quantity, ComparedUnits(m_edits.units));
             if (value.unit != unit)
-                throw EditError(value.key + ": the unit is \"" + value.unit + "\" instead of \"" + unit +
-                                "\"");
+                throw EditError(key + "the unit is \"" + value.unit + "\" instead of \"" + unit + "\"");
             return ConvertNumber(*number, place.quantity, ComparedUnits(m_edits.units), UnitsOf(Rule()));
         }
         if (IsNumber(place) && text != "-" && text != "no limit")
-            throw EditError(value.key + ": \"" + text + "\" is not a number");
+            throw EditError(key + "\"" + text + "\" is not a number");
         try {
             return ParseTypedValue(text, place, UnitsOf(Rule()));
         } catch (const EditError& error) {
-            throw EditError(value.key + ": " + error.what());
+            throw EditError(key + error.what());
         }
     }
 
@@ -104,7 +104,8 @@ class EditApplier {
     // Of an element that a list may have or lack.
     std::optional<double> NumberFor(const RuleEdits::Value& edit) const {
         if (!edit.value) return std::nullopt;
-        const RuleValue place{.quantity = QuantityOfOptionalValue(edit.key), .kind = ValueKind::Number};
+        const RuleValue place{
+            .key = edit.key, .quantity = QuantityOfOptionalValue(edit.key), .kind = ValueKind::Number};
         return std::get<double>(ContentFor(place, *edit.value));
     }
 

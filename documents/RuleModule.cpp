@@ -80,6 +80,13 @@ std::vector<RulePtr> RuleModule::CreateAllRules() const {
     return rules;
 }
 
+// The module's exports make all rules, or that of a record.
+RulePtr RuleModule::CreateDefault(int ruleId) const {
+    for (RulePtr& rule : CreateAllRules())
+        if (rule->GetRuleId() == ruleId) return std::move(rule);
+    return nullptr;
+}
+
 RulePtr RuleModule::CreateRule(MfxXMLNode& record) const {
     CMfxRule* rule = nullptr;
     m_getRule(&record, &rule);

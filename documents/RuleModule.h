@@ -34,6 +34,9 @@ class RuleModule {
     // A fresh instance of every rule.
     std::vector<RulePtr> CreateAllRules() const;
 
+    // A fresh instance of one rule; null for an id that is none.
+    RulePtr CreateDefault(int ruleId) const;
+
     // The rule of a saved record; null when the record is not the module's or names no rule of it.
     RulePtr CreateRule(MfxXMLNode& record) const;
 

@@ -6,15 +6,16 @@
 #include "ModuleText.h"
 #include "NumberText.h"
 #include "RuleParameters.h"
+#include "RuleValues.h"
 #include "Text.h"
 #include "Units.h"
 #include "resource.h"
 
 namespace {
 
-// The first number of a parameter; 0 when there is none.
+// 0 when there is none.
 double NumberOf(const CMfxParamStorage* parameter) {
-    return parameter && !parameter->GetValues<double>().IsEmpty() ? parameter->GetValues<double>()[0] : 0.0;
+    return FirstNumber(parameter).value_or(0.0);
 }
 
 // A limit that is switched off may be anything.
@@ -44,27 +45,18 @@ CString RefusalOfLimits(const CMfxRule& rule) {
 CString RefusalOfGroups(const CMfxRule& rule) {
     const RuleUnits units = UnitsOf(rule);
     for (const CMFXConstraint* group : rule.m_constraintArray) {
-        std::vector<NumberedBand> bands;
-        for (const CastSizeAndWeightBand& band : ReadBands(*group))
-            bands.push_back({static_cast<int>(bands.size()) + 1, band});
-        const CString text =
-            BandFlawText(CheckSizeAndWeightBands(bands), FromUtf8(UnitSymbol(Quantity::Length, units)),
-                         FromUtf8(UnitSymbol(Quantity::Mass, units)));
+        const CString text = BandFlawText(CheckSizeAndWeightBands(NumberBands(ReadBands(*group))),
+                                          FromUtf8(UnitSymbol(Quantity::Length, units)),
+                                          FromUtf8(UnitSymbol(Quantity::Mass, units)));
         if (!text.IsEmpty()) return group->m_strName + L": " + text;
     }
     return CString();
 }
 
-// The dialog shows the upper bound of a last band without limit as an empty cell.
 CString RefusalOfDraftTable(const CMfxRule& rule) {
     const CMfxParamStorage* table = FindParameter(rule.m_paramArray, kDraftAngleTableId);
     if (!table) return CString();
-    std::vector<MfxTableRow> rows(table->GetValues<MfxTableRow>().begin(),
-                                  table->GetValues<MfxTableRow>().end());
-    for (MfxTableRow& row : rows) row.cells.resize(DraftCell::Count);
-    if (!rows.empty() && IsNoUpperLimit(ParseDouble(rows.back().cells[DraftCell::UpperBound])))
-        rows.back().cells[DraftCell::UpperBound].Empty();
-    const DraftTableResult result = CheckDraftTable(rows);
+    const DraftTableResult result = CheckDraftTable(RowsAsShown(table->GetValues<MfxTableRow>()));
     return result.flaw == DraftTableFlaw::None ? CString() : DraftFlawText(result);
 }
 

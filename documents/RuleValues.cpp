@@ -221,6 +221,11 @@ std::optional<RuleValue> FindCell(const CMfxRule& rule, const std::string& table
     return isThere ? std::optional(cell) : std::nullopt;
 }
 
+std::optional<double> FirstNumber(const CMfxParamStorage* parameter) {
+    if (!parameter || parameter->GetValues<double>().IsEmpty()) return std::nullopt;
+    return parameter->GetValues<double>()[0];
+}
+
 int CountBands(const CMFXConstraint& group) {
     int count = 0;
     for (const long paramId : kBandParameterIds)

@@ -50,6 +50,9 @@ std::vector<RuleValue> ListRuleValues(const CMfxRule& rule);
 std::optional<RuleValue> FindCell(const CMfxRule& rule, const std::string& table, int row,
                                   const std::string& column);
 
+// The first number of a parameter; nothing without one, and without a parameter.
+std::optional<double> FirstNumber(const CMfxParamStorage* parameter);
+
 // The number of bands of a group; its lists may have different lengths.
 int CountBands(const CMFXConstraint& group);
 

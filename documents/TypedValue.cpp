@@ -49,15 +49,23 @@ double ParseNumber(std::string_view text, Quantity quantity, const RuleUnits& un
 std::string RequireOneOf(std::string_view text, std::initializer_list<std::string_view> words) {
     std::string known;
     for (const std::string_view word : words) {
-        if (text == word) return std::string(word);
+        if (IsSameWord(text, word)) return std::string(word);
         known += (known.empty() ? "" : " or ") + std::string(word);
     }
     Refuse(text, "is not " + known);
 }
 
+// The label as records keep it.
+std::string RequireMassUnit(std::string_view text) {
+    const std::optional<int> unit = FindUnitOf(Quantity::Mass, std::string(text));
+    if (!unit) Refuse(text, "is not a mass unit: " + MassUnitLabels());
+    return ToUtf8(GetMassUnitLabel(*unit));
+}
+
 std::string RequireWholeNumber(std::string_view text) {
     int number = 0;
     const auto parsed = std::from_chars(text.data(), text.data() + text.size(), number);
+    if (parsed.ec == std::errc::result_out_of_range) Refuse(text, "is too large a number");
     if (parsed.ec != std::errc() || parsed.ptr != text.data() + text.size())
         Refuse(text, "is not a whole number");
     return std::string(text);
@@ -80,9 +88,7 @@ ValueContent ParseTypedValue(const std::string& typed, const RuleValue& place, c
         case ValueKind::ParameterActive:
             return RequireOneOf(text, {"yes", "no"});
         case ValueKind::Text:
-            if (place.location.paramId == kMassUnitId && !FindMassUnit(FromUtf8(std::string(text))))
-                Refuse(text, "is not a mass unit: " + MassUnitLabels());
-            return std::string(text);
+            return place.location.paramId == kMassUnitId ? RequireMassUnit(text) : std::string(text);
         default:
             break;
     }

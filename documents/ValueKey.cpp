@@ -8,13 +8,17 @@
 namespace {
 
 constexpr std::string_view kNoName = "%";
+constexpr std::string_view kBandTable = "/band";
 
 // Whether it could be taken for a value of the rule's own.
 bool IsAmbiguous(std::string_view name) {
     return name == "status" || name == "severity" || name == kByMaterialKey ||
            std::ranges::all_of(name, [](unsigned char ch) { return std::isdigit(ch); });
 }
-constexpr std::string_view kBandTable = "/band";
+
+bool IsControl(char ch) {
+    return static_cast<unsigned char>(ch) < 0x20 || ch == 0x7F;
+}
 
 std::string Escaped(char ch) {
     constexpr char kDigits[] = "0123456789ABCDEF";
@@ -24,13 +28,16 @@ std::string Escaped(char ch) {
 
 }  // namespace
 
+bool HasControlCharacter(std::string_view name) {
+    return std::ranges::any_of(name, IsControl);
+}
+
 std::string KeyOfName(std::string_view name) {
     if (name.empty()) return std::string(kNoName);
     std::string key;
     for (const char ch : name) {
-        const bool isControl = static_cast<unsigned char>(ch) < 0x20 || ch == 0x7F;
         const bool isFirst = key.empty() && IsAmbiguous(name);
-        key += isControl || isFirst || std::string_view("/#%=").find(ch) != std::string_view::npos
+        key += IsControl(ch) || isFirst || std::string_view("/#%=").find(ch) != std::string_view::npos
                    ? Escaped(ch)
                    : std::string(1, ch);
     }
@@ -48,6 +55,10 @@ std::string NameOfKey(std::string_view key) {
         key.remove_prefix(isEscape ? 3 : 1);
     }
     return name;
+}
+
+std::string RuleOfKey(const std::string& key) {
+    return key.substr(0, key.find('/'));
 }
 
 std::vector<std::string> KeyParts(const std::string& key) {

@@ -23,6 +23,9 @@
 
 inline constexpr char kByMaterialKey[] = "by-material";
 
+// Whether something stands in it that no name has.
+bool HasControlCharacter(std::string_view name);
+
 // A name as it stands in keys.
 std::string KeyOfName(std::string_view name);
 
@@ -30,10 +33,13 @@ std::string KeyOfName(std::string_view name);
 // else is understood than what KeyOfName writes.
 std::string NameOfKey(std::string_view key);
 
+// The rule's key, with which the key of a value in it begins.
+std::string RuleOfKey(const std::string& key);
+
 // What stands between the slashes.
 std::vector<std::string> KeyParts(const std::string& key);
 
-// Whether a part of a key is a constraint's, and no number, "status" or "severity".
+// Whether a part of a key is a constraint's, and no number, "status", "severity" or "by-material".
 bool IsConstraintKey(std::string_view part);
 
 // Tables of bands have keys too: "29183", "Steel/band". Of a whole row of one, and of the value in a column:

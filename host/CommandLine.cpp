@@ -2,6 +2,7 @@
 
 #include "Commit.h"
 #include "Console.h"
+#include "DocumentFile.h"
 #include "HelpFormatter.h"
 #include "LanguageUtil.h"
 #include "Text.h"
@@ -35,6 +36,23 @@ std::string Examples(const std::vector<std::string>& examples) {
     return text;
 }
 
+// The library takes an argument in brackets for a list. A mark before it keeps it whole.
+constexpr char kWholeMark = '\x1F';
+
+std::string Marked(const std::string& argument) {
+    const bool isInBrackets = argument.starts_with('[') && argument.ends_with(']');
+    return isInBrackets ? kWholeMark + argument : argument;
+}
+
+std::string Unmarked(const std::string& argument) {
+    return argument.starts_with(kWholeMark) ? argument.substr(1) : argument;
+}
+
+void UnmarkOptions(CLI::App& app) {
+    for (CLI::Option* option : app.get_options()) option->transform(Unmarked);
+    for (CLI::App* command : app.get_subcommands({})) UnmarkOptions(*command);
+}
+
 }  // namespace
 
 CommandLine::CommandLine()
@@ -49,9 +67,8 @@ CommandLine::CommandLine()
         "mfxhost help COMMAND tells the usage of a command. Every command takes --lang too. A file name - "
         "stands for standard input, or for standard output.\n \n"
         "Exit codes: 0 done, 1 something in the input needs attention, 2 wrong usage, 3 input that can't be "
-        "read, 4 something missing on "
-        "the "
-        "machine, or a file that can't be written or was changed meanwhile, 70 a crash.\n");
+        "read, 4 something missing on the machine, or a file that can't be written or was changed meanwhile, "
+        "70 a crash.\n");
     m_cli
         .add_option("--lang", m_language,
                     "Language of the rules' texts, also of those that are saved: " + Joined(LanguageWords()) +
@@ -96,13 +113,20 @@ std::string CommandLine::WrongUsage(const CLI::ParseError& error, int argc, cons
     if (argc <= 1) reason = "give a command: " + CommandNames();
     if (chosen.empty() && argc > 1 && argv[1][0] != '-')
         reason = "\"" + std::string(argv[1]) + "\" is not a command";
+    else if (const auto unknown = m_cli.remaining(true);
+             !unknown.empty() && dynamic_cast<const CLI::RequiredError*>(&error))
+        reason = "\"" + unknown.front() + "\" is not known here";
+    std::erase(reason, kWholeMark);
     return reason + "; mfxhost " + (chosen.empty() ? "" : chosen.front()->get_name() + " ") +
            "--help tells the usage";
 }
 
 ExitCode CommandLine::Run(int argc, const char* const* argv) {
+    UnmarkOptions(m_cli);
+    std::vector<std::string> arguments;  // the library wants the last one first
+    for (int i = argc; --i > 0;) arguments.push_back(Marked(argv[i]));
     try {
-        m_cli.parse(argc, argv);
+        m_cli.parse(std::move(arguments));
     } catch (const CLI::CallForHelp&) {
         m_helpTopic.clear();
         for (const CLI::App* command = &m_cli; !command->get_subcommands().empty();
@@ -145,6 +169,8 @@ void CommandLine::LoadDatabase() {
     if (m_database == Database::Unused) return;
     try {
         m_databaseLibrary.emplace();
+        if (IsFolder(FromUtf8(m_databasePath)))
+            throw CommandError(ExitCode::UnreadableInput, m_databasePath + ": can't be read: it is a folder");
         if (!m_databasePath.empty()) m_databaseLibrary->GetDatabase().SetPath(FromUtf8(m_databasePath));
     } catch (const DocumentError&) {
         if (m_database == Database::Needed) throw;
@@ -163,11 +189,11 @@ ExitCode CommandLine::RunCommand() {
     return m_command(module);
 }
 
-void AddInputAndOutput(CLI::App& command, std::string& input, std::string& output) {
-    AddFile(command, "FILE", input,
+void AddInputAndOutput(CLI::App& command, InputAndOutput& files) {
+    AddFile(command, "FILE", files.input,
             "Rule document to read, and to replace unless -o is given; - for standard input and output")
         ->required();
-    AddFile(command, "-o,--output", output,
+    AddFile(command, "-o,--output", files.output,
             "File to write instead of FILE; replaces an existing one; - for standard output")
         ->type_name("FILE");
 }

@@ -64,5 +64,11 @@ CLI::Option* AddFile(CLI::App& command, const char* name, Path& path, const char
     return command.add_option(name, path, description)->type_name("")->check(CLI::Validator(findFault, ""));
 }
 
-// Adds a document to read and one to write instead of replacing it.
-void AddInputAndOutput(CLI::App& command, std::string& input, std::string& output);
+// A document to read, and one to write instead of replacing it.
+struct InputAndOutput {
+    std::string input;
+    std::string output;  // empty: the input is replaced
+
+    const std::string& Target() const { return output.empty() ? input : output; }
+};
+void AddInputAndOutput(CLI::App& command, InputAndOutput& files);

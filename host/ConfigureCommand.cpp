@@ -13,9 +13,7 @@
 
 namespace {
 
-struct ConfigureOptions {
-    std::string input;
-    std::string output;  // empty: the input is replaced
+struct ConfigureOptions : InputAndOutput {
     std::string ruleKey;
 };
 
@@ -35,7 +33,7 @@ ExitCode Configure(const RuleModule& module, const ConfigureOptions& options) {
         PrintError("mfxhost: " + options.input + " was not changed\n");
         return ExitCode::Findings;
     }
-    const std::string& output = options.output.empty() ? options.input : options.output;
+    const std::string& output = options.Target();
     // Before anything is edited.
     if (output != kStandardStream) ThrowIfUnwritable(FromUtf8(output));
     RequireDisplay();
@@ -61,5 +59,5 @@ void AddConfigure(CommandLine& commandLine) {
         CommandLine::Database::UsedIfThere);
     commandLine.UseLanguageOfUser(command);
     AddRuleOption(command, options->ruleKey);
-    AddInputAndOutput(command, options->input, options->output);
+    AddInputAndOutput(command, *options);
 }

@@ -13,9 +13,7 @@
 
 namespace {
 
-struct ConvertOptions {
-    std::string input;
-    std::string output;                     // empty: the input is replaced
+struct ConvertOptions : InputAndOutput {
     std::optional<std::string> lengthUnit;  // as typed; nothing: the document's own
     std::optional<std::string> angleUnit;
     bool allLosses = false;
@@ -96,7 +94,7 @@ ExitCode Convert(const RuleModule& module, const ConvertOptions& options) {
         PrintOutcome(options.input, options.input + " is in " + UnitWords(to) + " already\n");
         return ExitCode::Done;
     }
-    const std::string& output = options.output.empty() ? options.input : options.output;
+    const std::string& output = options.Target();
     SaveDocument(document, output);
     PrintOutcome(output, output + ": " + Count(document.GetEntries().size(), "rule") + " converted from " +
                              UnitWords(from) + " to " + UnitWords(to) + "\n");
@@ -121,5 +119,5 @@ void AddConvert(CommandLine& commandLine) {
         ->type_name("UNIT");
     command.add_flag("--losses", options->allLosses,
                      "Name every value that is not kept exactly, not only the ten with the largest losses");
-    AddInputAndOutput(command, options->input, options->output);
+    AddInputAndOutput(command, *options);
 }

@@ -14,12 +14,21 @@ void PrintReadingProgress(std::size_t done, std::size_t total) {
 
 }  // namespace
 
+void ClaimStandardInput() {
+    static bool isClaimed = false;
+    if (std::exchange(isClaimed, true))
+        throw CommandError(ExitCode::WrongUsage, "standard input (-) can be read only once");
+}
+
 std::string ReadBytes(const std::string& file) {
     if (file != kStandardStream) return ReadFileBytes(FromUtf8(file));
-    static bool isRead = false;
-    if (std::exchange(isRead, true))
-        throw CommandError(ExitCode::WrongUsage, "standard input (-) can be read only once");
+    ClaimStandardInput();
     return ReadStandardInput();
+}
+
+void RefuseSameFile(const std::string& output, const std::string& input, const std::string& noun) {
+    if (output != kStandardStream && IsSamePath(FromUtf8(output), FromUtf8(input)))
+        throw CommandError(ExitCode::WrongUsage, output + ": -o names the " + noun + " itself");
 }
 
 void WriteBytes(const std::string& file, const std::string& bytes) {

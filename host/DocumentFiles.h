@@ -7,8 +7,14 @@
 
 inline constexpr char kStandardStream[] = "-";
 
-// All of a file. Throws what ReadFileBytes throws, and CommandError when standard input is asked for twice.
+// Called before standard input is read. Throws CommandError (WrongUsage) at the second call.
+void ClaimStandardInput();
+
+// All of a file. Throws what ReadFileBytes throws, and CommandError when standard input is read twice.
 std::string ReadBytes(const std::string& file);
+
+// Throws CommandError (WrongUsage) when the output would replace the file that was read.
+void RefuseSameFile(const std::string& output, const std::string& input, const std::string& noun);
 
 // Replaces a file, or prints the bytes. Throws what ReplaceFileBytes throws.
 void WriteBytes(const std::string& file, const std::string& bytes);

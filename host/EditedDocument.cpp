@@ -5,7 +5,7 @@
 #include "Text.h"
 
 void AddEditOptions(CLI::App& command, EditOptions& options) {
-    AddInputAndOutput(command, options.input, options.output);
+    AddInputAndOutput(command, options);
     command.add_flag("--dry-run", options.isDryRun,
                      "Print what would change, as diff does, and save nothing");
 }
@@ -13,16 +13,17 @@ void AddEditOptions(CLI::App& command, EditOptions& options) {
 ExitCode EditDocument(const RuleModule& module, const EditOptions& options,
                       const std::function<void(RuleDocument&)>& change) {
     RuleDocument document = ReadDocument(module, options.input);
-    const RuleDocument before(module, document.GetPath(), document.ToUtf8());
+    const UnitPair units = document.GetUnits();
+    const std::vector<RuleContent> before = ContentsOf(document, units);
     change(document);
-    const std::vector<Difference> differences = CompareDocuments(before, document);
+    const std::vector<Difference> differences = CompareContents(before, ContentsOf(document, units));
     if (options.isDryRun) {
         PrintDifferences(differences, options.input, "changed");
         return ExitCode::Done;
     }
-    const std::string& output = options.output.empty() ? options.input : options.output;
-    SaveDocument(document, output);
-    PrintOutcome(output, output + ": " + Count(differences.size(), "difference") + " from before\n");
+    SaveDocument(document, options.Target());
+    PrintOutcome(options.Target(),
+                 options.Target() + ": " + Count(differences.size(), "difference") + " from before\n");
     return ExitCode::Done;
 }
 

@@ -8,9 +8,7 @@
 #include <functional>
 #include <string>
 
-struct EditOptions {
-    std::string input;
-    std::string output;  // empty: the input is replaced
+struct EditOptions : InputAndOutput {
     bool isDryRun = false;
 };
 

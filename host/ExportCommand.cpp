@@ -32,6 +32,7 @@ ExitCode Export(const RuleModule& module, const ExportOptions& options) {
     if (kind == TableKind::OtherWorkbook)
         throw CommandError(ExitCode::WrongUsage,
                            "export: " + options.table + " is not a name that ends in .csv or .xlsx");
+    RefuseSameFile(options.table, options.input, "rule document");
     const RuleDocument document = ReadDocument(module, options.input);
     const RuleDocument::Entry& entry = RequireRule(document, options.ruleKey);
     const bool isPartIgnored = PrintFindings(document, FindIgnoredContent(document, entry));

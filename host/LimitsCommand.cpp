@@ -53,7 +53,7 @@ ExitCode AnswerCasting(const CastingLimits& limits, const LimitsOptions& options
 ExitCode AnswerTable(const CastingLimits& limits, const LimitsOptions& options) {
     CastingTable table;
     try {
-        table = AnswerCastings(limits, ReadCsvTable(options.castings));
+        table = AnswerCastings(limits, ReadCsv(options.castings));
     } catch (const EditError& error) {
         throw CommandError(ExitCode::Findings, error.what());
     }
@@ -65,7 +65,7 @@ ExitCode AnswerTable(const CastingLimits& limits, const LimitsOptions& options) 
     return table.problemCount ? ExitCode::Findings : ExitCode::Done;
 }
 
-void RefuseMixedOptions(const LimitsOptions& options) {
+void RefuseWrongOptions(const LimitsOptions& options) {
     const bool isTable = !options.castings.empty();
     const bool isCasting =
         options.isJson || !(options.material + options.group + options.size + options.weight).empty();
@@ -73,10 +73,11 @@ void RefuseMixedOptions(const LimitsOptions& options) {
         throw CommandError(ExitCode::WrongUsage, "limits: --csv has the castings; only -o goes with it");
     if (!isTable && !options.output.empty())
         throw CommandError(ExitCode::WrongUsage, "limits: -o is for the table of --csv");
+    if (!options.output.empty()) RefuseSameFile(options.output, options.input, "rule document");
 }
 
 ExitCode PrintLimits(const RuleModule& module, const LimitsOptions& options) {
-    RefuseMixedOptions(options);
+    RefuseWrongOptions(options);
     const RuleDocument document = ReadDocument(module, options.input);
     const bool isPartIgnored = PrintFindings(document, FindIgnoredContent(document));
     const CastingLimits limits(document);
@@ -108,10 +109,9 @@ void AddLimits(CommandLine& commandLine) {
     CLI::App& command =
         commandLine.Add("limits",
                         "Print which limits a casting meets by a rule document, and why. A rule that needs "
-                        "an option which is "
-                        "missing says so. A band includes both its bounds, and the first band that holds the "
-                        "casting decides: "
-                        "a size on the joint of two bands is in the one that ends there.",
+                        "an option which is missing says so. A band includes both its bounds, and the first "
+                        "band that holds the casting decides: a size on the joint of two bands is in the one "
+                        "that ends there.",
                         {"mfxhost limits rules.xml --material steel --size 300mm --weight \"2.5 kg\"",
                          "mfxhost limits rules.xml --csv castings.csv -o answered.csv"},
                         [options](const RuleModule& module) { return PrintLimits(module, *options); });

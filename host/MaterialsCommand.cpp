@@ -117,7 +117,11 @@ ExitCode Export(IMaterialDatabase& database, const MaterialsOptions& options) {
     }
     std::string bytes;
     ThrowIfProblem(database.ExportCsv(exported, [&](std::string_view text) { bytes += text; }));
-    ReplaceFileBytes(FromUtf8(options.output), bytes);
+    RefuseSameFile(options.output, ToUtf8(database.GetPath()), "material database");
+    WriteBytes(options.output, bytes);
+    const std::size_t lines =
+        ForEachRow(*mfx_db::MFXDataHelper::getInstance(), L"", [](const std::vector<std::string>&) {});
+    PrintOutcome(options.output, options.output + ": " + Count(lines, "line") + "\n");
     return ExitCode::Done;
 }
 

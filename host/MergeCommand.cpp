@@ -21,13 +21,14 @@ ExitCode Merge(const RuleModule& module, const MergeOptions& options) {
     const RuleDocument base = ReadDocument(module, options.base);
     RuleDocument mine = ReadDocument(module, options.mine);
     RuleDocument theirs = ReadDocument(module, options.theirs);
-    const RuleDocument before(module, mine.GetPath(), mine.ToUtf8());
+    const UnitPair units = mine.GetUnits();
+    const std::vector<RuleContent> before = ContentsOf(mine, units);
     const MergeResult result = MergeDocuments(base, mine, theirs, options.choice);
     PrintConflicts(result.conflicts, {"base", "mine", "theirs"});
     if (!result.conflicts.empty() && options.choice == MergeChoice::None)
         throw EditError(Count(result.conflicts.size(), "conflict") +
                         "; --take mine or --take theirs decides all of them");
-    const std::size_t count = CompareDocuments(before, *result.merged).size();
+    const std::size_t count = CompareContents(before, ContentsOf(*result.merged, units)).size();
     SaveDocument(*result.merged, options.output);
     PrintOutcome(options.output,
                  options.output + ": " + Count(count, "difference") + " from " + options.mine + "\n");

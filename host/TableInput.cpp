@@ -18,8 +18,13 @@ TableKind KindOfTable(const std::string& file) {
     return HasEnding(file, ".xlsx") ? TableKind::Xlsx : TableKind::OtherWorkbook;
 }
 
+TableTexts ReadCsv(const std::string& file) {
+    if (file == kStandardStream) ClaimStandardInput();
+    return ReadCsvTable(file);
+}
+
 TableTexts ReadTable(const std::string& file, const WorkbookColumns& columns) {
-    if (KindOfTable(file) == TableKind::Csv) return ReadCsvTable(file);
+    if (KindOfTable(file) == TableKind::Csv) return ReadCsv(file);
     WorkbookSheet sheet;
     return TableOfSheet(file, ReadWorkbookTable(FromUtf8(file), columns, sheet));
 }

@@ -11,11 +11,11 @@ PAGES = pathlib.Path(__file__).resolve().parents[1] / "docs/commands"
 HELP = re.compile(r"(<!-- mfxhost help ([^\n]+) -->\n```\n)(.*?)(```\n)", re.DOTALL)
 
 
-def help_of(topic):
-    return subprocess.run([*HOST, "help", *topic.split()], check=True, capture_output=True, encoding="utf-8").stdout
+def main(host, is_check):
+    def help_of(topic):
+        command = [*host, "help", *topic.split()]
+        return subprocess.run(command, check=True, capture_output=True, encoding="utf-8").stdout
 
-
-def main():
     commands = re.findall(r"^  (\S+)", help_of("").partition("Subcommands:\n")[2].partition("\n\n")[0], re.MULTILINE)
     faults = [f"{name} has no page" for name in commands if name != "help" and not (PAGES / f"{name}.md").exists()]
     for page in sorted(PAGES.glob("*.md")):
@@ -23,7 +23,7 @@ def main():
         if f"<!-- mfxhost help {page.stem} -->" not in text:
             faults.append(f"{page.name} has no help of {page.stem}")
         current = HELP.sub(lambda match: match[1] + help_of(match[2]) + match[4], text)
-        if current != text and CHECK:
+        if current != text and is_check:
             faults.append(f"{page.name} is not as the program tells: scripts/update_manual.py")
         elif current != text:
             page.write_text(current, "utf-8")
@@ -31,6 +31,4 @@ def main():
 
 
 if __name__ == "__main__":
-    CHECK = "--check" in sys.argv
-    HOST = [argument for argument in sys.argv[1:] if argument != "--check"]
-    main()
+    main([argument for argument in sys.argv[1:] if argument != "--check"], "--check" in sys.argv)

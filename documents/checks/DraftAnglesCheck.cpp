@@ -38,13 +38,6 @@ void CheckAngles(const Reporter& reporter, const Rows& rows, const RuleUnits& un
     }
 }
 
-// Stored tables close the last band with a number for "no limit"; the dialog shows it as an empty cell.
-void OpenLastBand(Rows& rows) {
-    if (rows.empty()) return;
-    CString& upperBound = rows.back().cells[DraftCell::UpperBound];
-    if (IsNoUpperLimit(ParseDouble(upperBound))) upperBound.Empty();
-}
-
 void AddFlaw(const Reporter& reporter, const Rows& rows, const DraftTableResult& result,
              const RuleUnits& units) {
     const auto number = [&](std::size_t cell) {
@@ -76,13 +69,10 @@ void AddFlaw(const Reporter& reporter, const Rows& rows, const DraftTableResult&
 void CheckDraftAngles(const RuleToCheck& rule) {
     const CMfxParamStorage* table = FindParameter(rule.Rule().m_paramArray, kDraftAngleTableId);
     if (!table || !rule.IsRead(-1, {kDraftAngleTableId})) return;
-    const MfxArray<MfxTableRow>& stored = table->GetValues<MfxTableRow>();
-    Rows rows(stored.begin(), stored.end());
-    for (MfxTableRow& row : rows) row.cells.resize(DraftCell::Count);
+    const Rows rows = RowsAsShown(table->GetValues<MfxTableRow>());
     const RuleUnits units = UnitsOf(rule.Rule());
     const Reporter reporter = rule.reporter.OfParameter(kDraftAngleTableId);
     CheckAngles(reporter, rows, units);
-    OpenLastBand(rows);
     const DraftTableResult result = CheckDraftTable(rows);
     AddFlaw(reporter.InRow(result.nRow), rows, result, units);
 }

@@ -8,14 +8,6 @@ namespace {
 
 using Bands = std::vector<NumberedBand>;
 
-// The bands of a group as its dialog loads them.
-Bands BandsOf(const CMFXConstraint& group) {
-    Bands bands;
-    for (const CastSizeAndWeightBand& band : ReadBands(group))
-        bands.push_back({static_cast<int>(bands.size()) + 1, band});
-    return bands;
-}
-
 // The sizes or the weights of bands.
 struct BandRange {
     double CastSizeAndWeightBand::*lower;
@@ -93,7 +85,7 @@ void CheckGroupBands(const RuleToCheck& rule) {
     const auto& groups = rule.Rule().m_constraintArray;
     for (int i = 0; i < groups.GetCount(); ++i) {
         if (!rule.IsRead(i, {kSizeMinId, kSizeMaxId, kWeightMinId, kWeightMaxId, kThicknessId})) continue;
-        const Bands bands = BandsOf(*groups[i]);
+        const Bands bands = NumberBands(ReadBands(*groups[i]));
         const Reporter reporter = rule.reporter.InConstraint(i);
         AddFlaw(reporter, bands, CheckSizeAndWeightBands(bands), sizes, weights);
         HintAtThinnerWalls(reporter, bands);

@@ -1,6 +1,5 @@
 // Whether a rule's values make sense; a function for each kind of rule. Bands are checked as their dialogs
-// do. Values that the module ignores are
-// not checked.
+// do. Values that the module ignores are not checked.
 #pragma once
 
 #include "Reporter.h"

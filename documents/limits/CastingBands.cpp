@@ -35,12 +35,6 @@ void OpenLastBand(std::vector<Band>& bands) {
         bands.back().sizeMax = NoUpperLimitValue;
 }
 
-CastingBands Collect(std::vector<Band>& bands) {
-    CastingBands collected;
-    for (Band& band : bands) collected.Add(std::move(band));
-    return collected;
-}
-
 }  // namespace
 
 bool CastingBands::NeedSize() const {
@@ -93,17 +87,17 @@ CastingBands BandsOfGroup(const ValuesByKey& values, const std::string& groupKey
         if (!IsUsable(band)) continue;
         const std::string thicknessKey = keys.back();
         keys.pop_back();
-        bands.push_back({groupKey + "/band/" + std::to_string(row),
-                         row,
-                         band.sizeMin,
-                         band.sizeMax,
-                         band.weightMin,
-                         band.weightMax,
-                         keys,
-                         {thicknessKey}});
+        bands.push_back({.key = groupKey + "/band/" + std::to_string(row),
+                         .row = row,
+                         .sizeMin = band.sizeMin,
+                         .sizeMax = band.sizeMax,
+                         .weightMin = band.weightMin,
+                         .weightMax = band.weightMax,
+                         .boundKeys = keys,
+                         .limitKeys = {thicknessKey}});
     }
     OpenLastBand(bands);
-    return Collect(bands);
+    return CastingBands(std::move(bands));
 }
 
 CastingBands BandsOfDraftTable(const ValuesByKey& values) {
@@ -121,14 +115,14 @@ CastingBands BandsOfDraftTable(const ValuesByKey& values) {
         double upper = NumberAt(values, key + "/to");
         if (isLast && !IsGiven(upper)) upper = NoUpperLimitValue;
         if (!isNumber("/from") || !isNumber("/angle1") || !isNumber("/angle2") || !IsGiven(upper)) continue;
-        bands.push_back({key,
-                         row,
-                         NumberAt(values, key + "/from"),
-                         upper,
-                         kValueNotGiven,
-                         kValueNotGiven,
-                         {key + "/from", key + "/to"},
-                         {key + "/angle1", key + "/angle2", key + "/angle3"}});
+        bands.push_back({.key = key,
+                         .row = row,
+                         .sizeMin = NumberAt(values, key + "/from"),
+                         .sizeMax = upper,
+                         .weightMin = kValueNotGiven,
+                         .weightMax = kValueNotGiven,
+                         .boundKeys = {key + "/from", key + "/to"},
+                         .limitKeys = {key + "/angle1", key + "/angle2", key + "/angle3"}});
     }
-    return Collect(bands);
+    return CastingBands(std::move(bands));
 }

@@ -17,7 +17,7 @@ class CastingBands {
         std::vector<std::string> boundKeys, limitKeys;
     };
 
-    void Add(Band band) { m_bands.push_back(std::move(band)); }
+    explicit CastingBands(std::vector<Band> bands) : m_bands(std::move(bands)) {}
 
     bool IsEmpty() const { return m_bands.empty(); }
     bool NeedSize() const;

@@ -181,7 +181,7 @@ RuleLimits CastingLimits::LimitsOfGroup(const RuleIndex& rule, const Casting& ca
     if (thickness.m_constraintArray.IsEmpty()) return {.reason = kNoGroups, .text = "the rule has no groups"};
     if (group.empty()) return {.reason = kNoGroupGiven, .text = "no material group is given"};
     const int constraint = FindConstraint(rule.constraintOfName, group);
-    if (constraint < 0) return UnknownGroup(rule, casting);
+    if (constraint < 0) return UnknownGroup(rule, casting, group);
     const auto index = static_cast<std::size_t>(constraint);
     const std::string owner = "the group " + NameOf(thickness, constraint);
     if (!thickness.m_constraintArray[constraint]->m_bActive)
@@ -192,11 +192,11 @@ RuleLimits CastingLimits::LimitsOfGroup(const RuleIndex& rule, const Casting& ca
 }
 
 // A document says nothing of a material's group.
-RuleLimits CastingLimits::UnknownGroup(const RuleIndex& rule, const Casting& casting) const {
+RuleLimits CastingLimits::UnknownGroup(const RuleIndex& rule, const Casting& casting,
+                                       const std::string& group) const {
     if (casting.group.empty() && IsMaterial(casting.material))
         return {.reason = kNoGroupGiven,
                 .text = QuotedName(casting.material) + " is a material and no group; its group is not given"};
-    const std::string& group = casting.group.empty() ? casting.material : casting.group;
     return {.reason = kUnknownGroup,
             .text = "there is no group " + QuotedName(group) + NearestNames(*rule.entry->rule, group)};
 }

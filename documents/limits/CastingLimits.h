@@ -69,7 +69,7 @@ class CastingLimits {
     RuleLimits LimitsOfMaterial(const RuleIndex& rule, const Casting& casting) const;
     RuleLimits LimitsByMaterial(const RuleIndex& rule, const Casting& casting) const;
     RuleLimits LimitsOfGroup(const RuleIndex& rule, const Casting& casting) const;
-    RuleLimits UnknownGroup(const RuleIndex& rule, const Casting& casting) const;
+    RuleLimits UnknownGroup(const RuleIndex& rule, const Casting& casting, const std::string& group) const;
     RuleLimits LimitsOfDraftTable(const RuleIndex& rule, const Casting& casting) const;
     RuleLimits LargestVariation(const RuleIndex& rule) const;
     RuleLimits LimitsOfBand(const RuleIndex& rule, const CastingBands& bands, const Casting& casting,

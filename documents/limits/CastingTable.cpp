@@ -4,6 +4,7 @@
 #include "DraftTableCheck.h"
 #include "EditError.h"
 #include "TableLayout.h"
+#include "Text.h"
 
 namespace {
 
@@ -69,12 +70,15 @@ class CastingWriter {
 
     // Empty when nothing is given there.
     std::optional<double> NumberOf(const TableTexts::Line& line, std::size_t column) const {
-        if (m_layout.TextOf(line, column).empty()) return std::nullopt;
+        if (WithoutBlanks(m_layout.TextOf(line, column)).empty()) return std::nullopt;
         return StoredNumber(m_layout.ValueOf(line, column));
     }
 
     Casting CastingOf(const TableTexts::Line& line) const {
-        return {m_layout.TextOf(line, CastingColumn::Material), m_layout.TextOf(line, CastingColumn::Group),
+        const auto name = [&](std::size_t column) {
+            return std::string(WithoutBlanks(m_layout.TextOf(line, column)));
+        };
+        return {name(CastingColumn::Material), name(CastingColumn::Group),
                 NumberOf(line, CastingColumn::Size), NumberOf(line, CastingColumn::Weight)};
     }
 

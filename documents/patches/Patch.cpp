@@ -15,7 +15,7 @@ Patch PatchOf(const std::vector<RuleContent>& left, const std::vector<RuleConten
     Patch patch{.units = units, .differences = CompareContents(left, right), .tables = {}, .records = {}};
     std::set<std::string> done;  // tables, and records
     for (const Difference& difference : patch.differences) {
-        const std::string ruleKey = difference.key.substr(0, difference.key.find('/'));
+        const std::string ruleKey = RuleKeyOf(difference);
         const RuleContent *before = Find(left, ruleKey), *after = Find(right, ruleKey);
         if (!difference.ruleId && done.insert(ruleKey).second)
             patch.records.push_back({ruleKey, before ? before->record : "", after ? after->record : ""});

@@ -172,7 +172,7 @@ Difference ReadDifference(const Place& json) {
                           .label = json["value"].Text(),
                           .left = std::nullopt,
                           .right = std::nullopt};
-    const std::string ruleKey = difference.key.substr(0, difference.key.find('/'));
+    const std::string ruleKey = RuleKeyOf(difference);
     const bool hasValues = difference.scope != DifferenceScope::Value && difference.ruleId;
     if (difference.scope != DifferenceScope::Rule && difference.ruleId) RestOf(json["key"], ruleKey);
     ReadPlace(json, ruleKey, difference);
@@ -203,7 +203,7 @@ Patch::Table ReadTable(const Place& json) {
 void CheckTables(const Patch& patch, const Place& json) {
     for (const Difference& difference : patch.differences) {
         if (difference.table.empty()) continue;
-        const std::string key = difference.key.substr(0, difference.key.find('/') + 1) + difference.table;
+        const std::string key = RuleKeyOf(difference) + "/" + difference.table;
         const auto table = std::ranges::find(patch.tables, key, &Patch::Table::key);
         const int row = difference.left ? difference.row : difference.after;
         if (table == patch.tables.end() || row > static_cast<int>(table->rows.size()))

@@ -38,6 +38,13 @@ double LowerBound(const BandRow& row) {
     return 0.0;
 }
 
+std::set<std::string> ConstraintKeysOf(const std::vector<RuleValue>& values) {
+    std::set<std::string> keys;
+    for (const RuleValue& value : values)
+        if (value.location.constraint >= 0) keys.insert(value.key.substr(0, value.key.find('/')));
+    return keys;
+}
+
 bool HaveSameBounds(const BandRow& first, const BandRow& second) {
     return std::ranges::equal(BoundsOf(first), BoundsOf(second),
                               [](const auto& p, const auto& q) { return IsSame(&p, &q); });
@@ -81,6 +88,7 @@ RulePatch::RulePatch(const Patch& patch, const std::string& ruleKey, std::vector
       m_ruleKey(ruleKey),
       m_values(std::move(values)),
       m_index(m_values),
+      m_constraintKeys(ConstraintKeysOf(m_values)),
       m_conflicts(conflicts),
       m_edits{.units = patch.units} {}
 
@@ -108,8 +116,7 @@ std::vector<RuleValue> RulePatch::ConstraintValues(const std::string& constraint
 void RulePatch::AddValue(const Difference& difference) {
     std::string key = RestOf(difference);
     const std::string first = KeyParts(key)[0];
-    if (IsConstraintKey(first) && ConstraintValues(first).empty())
-        return m_conflicts.AddMissing(FullKey(first));
+    if (IsConstraintKey(first) && !HasConstraint(first)) return m_conflicts.AddMissing(FullKey(first));
     if (!difference.table.empty()) {
         const int row = FindRow(difference);
         if (!row) return m_conflicts.AddMissing(FullKey(RowKey(difference.table, difference.row)));
@@ -121,7 +128,6 @@ void RulePatch::AddValue(const Difference& difference) {
         m_unknownKey = FullKey(key);
     } else if (Decide(FullKey(key), difference, found)) {
         m_edits.values.push_back({key, difference.right});
-        if (difference.right) m_edits.values.back().value->key = FullKey(key);
     }
 }
 
@@ -157,7 +163,7 @@ int RulePatch::FindRow(const Difference& difference) {
 
 void RulePatch::AddRow(const Difference& difference) {
     const std::string constraint = ConstraintOfTable(difference.table);
-    const bool isThere = constraint.empty() || !ConstraintValues(constraint).empty();
+    const bool isThere = constraint.empty() || HasConstraint(constraint);
     if (difference.right)
         return isThere ? InsertRow(difference) : m_conflicts.AddMissing(FullKey(constraint));
     const int row = FindRow(difference);

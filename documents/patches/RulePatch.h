@@ -62,6 +62,7 @@ class RulePatch {
     TableRows& Table(const std::string& table);
     int FindRow(const Difference& difference);
     int FindPlaceFor(const Difference& difference);
+    bool HasConstraint(const std::string& key) const { return m_constraintKeys.contains(key); }
     std::vector<RuleValue> ConstraintValues(const std::string& constraint) const;
     std::string RestOf(const Difference& difference) const;
     std::string FullKey(const std::string& key) const { return m_ruleKey + "/" + key; }
@@ -70,6 +71,7 @@ class RulePatch {
     const std::string m_ruleKey;
     const std::vector<RuleValue> m_values;
     const RuleValueIndex m_index;
+    const std::set<std::string> m_constraintKeys;
     ConflictList& m_conflicts;
     std::map<std::string, TableRows> m_tables;
     RuleEdits m_edits;

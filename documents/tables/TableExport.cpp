@@ -26,10 +26,9 @@ ValueContent Marked(const ValueContent& content) {
     return std::holds_alternative<std::monostate>(content) ? ValueContent("-") : content;
 }
 
-// The first number of a parameter.
 ValueContent NumberOf(const CMfxParamStorage* parameter) {
-    const bool isThere = parameter && !parameter->GetValues<double>().IsEmpty();
-    return isThere ? ContentOfNumber(parameter->GetValues<double>()[0], false) : ValueContent("-");
+    const std::optional<double> number = FirstNumber(parameter);
+    return number ? ContentOfNumber(*number, false) : ValueContent("-");
 }
 
 std::vector<ValueContent> StartOfLine(const CMFXConstraint& constraint) {

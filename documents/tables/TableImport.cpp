@@ -7,6 +7,7 @@
 #include "NumberText.h"
 #include "TableLayout.h"
 #include "Text.h"
+#include "ValueKey.h"
 #include "resource.h"
 
 #include <map>
@@ -14,24 +15,23 @@
 namespace {
 
 using Line = TableTexts::Line;
+using Constraints = std::map<CString, const CMFXConstraint*>;
 
-// The first number of a constraint's parameter; 0 when there is none.
-double NumberOf(const CMFXConstraint& constraint, long paramId) {
-    const CMfxParamStorage* parameter = constraint.FindParameterInArray(paramId);
-    const bool isThere = parameter && !parameter->GetValues<double>().IsEmpty();
-    return isThere ? parameter->GetValues<double>()[0] : 0.0;
-}
-
-std::map<CString, const CMFXConstraint*> ConstraintsByName(const CMfxRule& rule) {
-    std::map<CString, const CMFXConstraint*> constraints;
+Constraints ConstraintsByName(const CMfxRule& rule) {
+    Constraints constraints;
     for (const CMFXConstraint* constraint : rule.m_constraintArray)
         constraints.emplace(constraint->m_strName, constraint);
     return constraints;
 }
 
-CString RequireName(const TableLayout& layout, const Line& line, std::size_t column) {
-    const std::string& name = layout.TextOf(line, column);
-    if (WithoutBlanks(name).empty()) layout.Refuse(line, column, "there is no name");
+// A name of the rule's as it is there, a new one without blanks around it.
+CString RequireName(const TableLayout& layout, const Line& line, std::size_t column,
+                    const Constraints& before) {
+    const std::string& text = layout.TextOf(line, column);
+    const std::string name(WithoutBlanks(text));
+    if (name.empty()) layout.Refuse(line, column, "there is no name");
+    if (before.contains(FromUtf8(text))) return FromUtf8(text);
+    if (HasControlCharacter(name)) layout.Refuse(line, column, "a name has no control characters");
     return FromUtf8(name);
 }
 
@@ -55,15 +55,16 @@ void RefuseFlawed(const TableTexts& table, const TableLayout& layout, const std:
 
 std::vector<MaterialRow> ReadMaterials(const TableTexts& table, const CMfxRule& rule) {
     const TableLayout layout(table, kMaterialsColumns, UnitsOf(rule), TableLayout::Columns::All);
-    const std::map<CString, const CMFXConstraint*> before = ConstraintsByName(rule);
+    const Constraints before = ConstraintsByName(rule);
     std::vector<MaterialRow> rows;
     for (const Line& line : table.lines) {
-        const CString name = RequireName(layout, line, MaterialsColumn::Material);
+        const CString name = RequireName(layout, line, MaterialsColumn::Material, before);
         const auto known = before.find(name);
         const auto limit = [&](std::size_t column, long paramId) {
             const double number = StoredNumber(layout.ValueOf(line, column));
             if (known == before.end()) return number;
-            return layout.WithKeptDigits(number, column, NumberOf(*known->second, paramId));
+            return layout.WithKeptDigits(
+                number, column, FirstNumber(known->second->FindParameterInArray(paramId)).value_or(0.0));
         };
         rows.push_back({name, IsYes(layout, line, MaterialsColumn::Active),
                         limit(MaterialsColumn::Minimum, kThicknessMinId),
@@ -90,7 +91,7 @@ class GroupReader {
 
   private:
     void ReadLine(const Line& line) {
-        const CString name = RequireName(m_layout, line, GroupsColumn::Group);
+        const CString name = RequireName(m_layout, line, GroupsColumn::Group, m_before);
         const bool isActive = IsYes(m_layout, line, GroupsColumn::Active);
         const auto [place, isNew] = m_places.emplace(name, m_groups.size());
         if (isNew) {
@@ -128,10 +129,7 @@ class GroupReader {
 
     // What the rule's dialog would refuse. The texts name the line of the file in place of the row.
     void RefuseFlawed(std::size_t group) const {
-        std::vector<NumberedBand> bands;
-        for (const CastSizeAndWeightBand& band : m_groups[group].bands)
-            bands.push_back({static_cast<int>(bands.size()) + 1, band});
-        SizeAndWeightResult result = CheckSizeAndWeightBands(bands);
+        SizeAndWeightResult result = CheckSizeAndWeightBands(NumberBands(m_groups[group].bands));
         if (result.flaw == SizeAndWeightFlaw::None) return;
         // The first of the lines is that of the group itself.
         const Line& line = *m_lines[group][static_cast<std::size_t>(result.nRow)];
@@ -146,7 +144,7 @@ class GroupReader {
     const TableTexts& m_table;
     const TableLayout m_layout;
     const CMfxRule& m_rule;
-    const std::map<CString, const CMFXConstraint*> m_before;
+    const Constraints m_before;
     std::map<CString, std::size_t> m_places;
     std::vector<GroupRows> m_groups;
     std::vector<std::vector<const Line*>> m_lines;  // of each group: its first one, and those of its bands

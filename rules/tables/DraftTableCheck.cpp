@@ -90,6 +90,15 @@ std::optional<Place> FindInverted(const std::vector<Band>& bands) {
 
 }  // namespace
 
+std::vector<MfxTableRow> RowsAsShown(const MfxArray<MfxTableRow>& stored) {
+    std::vector<MfxTableRow> rows(stored.begin(), stored.end());
+    for (MfxTableRow& row : rows) row.cells.resize(DraftCell::Count);
+    if (rows.empty()) return rows;
+    CString& upperBound = rows.back().cells[DraftCell::UpperBound];
+    if (IsNoUpperLimit(ParseDouble(upperBound))) upperBound.Empty();
+    return rows;
+}
+
 DraftTableResult CheckDraftTable(std::span<const MfxTableRow> rows) {
     std::vector<Band> bands;
     if (const auto place = CollectBands(rows, bands)) return Flaw(DraftTableFlaw::EmptyCell, *place);

@@ -1,6 +1,7 @@
 // The check of a table of size bands with draft angles, as its dialog holds it. Needs no windows.
 #pragma once
 
+#include "MfxArray.h"
 #include "MfxTypes.h"
 #include "RuleParameters.h"
 
@@ -35,6 +36,10 @@ struct DraftTableResult {
     // still empty.
     std::vector<MfxTableRow> bands;
 };
+
+// The rows of a stored table as its dialog shows them: five texts each, and an empty upper bound of a last
+// band without limit.
+std::vector<MfxTableRow> RowsAsShown(const MfxArray<MfxTableRow>& stored);
 
 // Checks rows of five texts. Rows without any text may only follow the bands. The upper bound of the last
 // band may be empty, and so may every third angle.

@@ -107,6 +107,13 @@ Fault CheckRowWhileTyping(Bands bands, std::size_t nBand) {
 
 }  // namespace
 
+std::vector<NumberedBand> NumberBands(const std::vector<CastSizeAndWeightBand>& bands) {
+    std::vector<NumberedBand> numbered;
+    for (const CastSizeAndWeightBand& band : bands)
+        numbered.push_back({static_cast<int>(numbered.size()) + 1, band});
+    return numbered;
+}
+
 SizeAndWeightResult CheckSizeAndWeightBands(Bands bands) {
     for (std::size_t i = 0; i < bands.size(); ++i) {
         const int nExpectedRow = static_cast<int>(i) + 1;

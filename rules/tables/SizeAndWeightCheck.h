@@ -5,6 +5,7 @@
 #include "CastSizeAndWeightBand.h"
 
 #include <span>
+#include <vector>
 
 // Flaws by their code; each code has a message of its own.
 enum class SizeAndWeightFlaw {
@@ -34,6 +35,9 @@ struct NumberedBand {
     int nRow;
     CastSizeAndWeightBand band;
 };
+
+// The bands of a group, which stand in the rows from the first on.
+std::vector<NumberedBand> NumberBands(const std::vector<CastSizeAndWeightBand>& bands);
 
 // The check on leaving a group and on OK. The last of several bands may have the upper size zero, which means
 // no upper limit. An only band is first and last at once: nothing but its lower size may be zero.

@@ -48,7 +48,8 @@ TEST_F(MaterialsTest, ExportsWhatItImports) {
     Run({L"materials", L"import", L"a.csv"}, 0, "a.csv: 0 materials added, 0 changed, 2 unchanged\n", "");
 
     // The others' walls are in inches.
-    Run({L"materials", L"export", L"--mark", L"--length", L"mm", L"-o", L"b.csv"}, 0, "", "");
+    Run({L"materials", L"export", L"--mark", L"--length", L"mm", L"-o", L"b.csv"}, 0, "b.csv: 48 lines\n",
+        "");
     const std::string exported = m_folder.Read(L"b.csv");
     EXPECT_THAT(exported, StartsWith("\xEF\xBB\xBFProcess,Family,Group,Material,Density [g/cm3],"));
     EXPECT_THAT(exported, HasSubstr("\r\nSand Casting,Cast Iron,Iron,Gray Cast Iron,,3.18,4.76\r\n"));
@@ -132,4 +133,5 @@ TEST_F(MaterialsTest, RefusesFilesThatAreNoMaterials) {
     Run({L"materials", L"import", L"none.csv"}, 3, "", HasSubstr("none.csv: can't be read: "));
     Run({L"materials", L"export", L"--length", L"furlong"}, 2, "", HasSubstr("--length: \"furlong\""));
     Run({L"materials"}, 2, "", HasSubstr("mfxhost materials --help"));
+    Run({L"materials", L"list", L"--database", L"."}, 3, "", HasSubstr("it is a folder"));
 }

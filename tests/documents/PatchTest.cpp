@@ -164,11 +164,12 @@ class DocumentMaker {
 
     Assignments MakeOtherChange() {
         const std::string number = Number(1, 9), material = std::string(1, "ABC"[Below(3)]);
-        switch (Below(5)) {
+        switch (Below(6)) {
             case 0:
                 return {{"19010/" + material, "present"},
                         {"19010/" + material + "/10067", number},
-                        {"19010/" + material + "/10068", Number(10, 20)}};
+                        {"19010/" + material + "/10068", Number(10, 20)},
+                        {"19010/" + material + "/active", Below(2) ? "yes" : "no"}};
             case 1:
                 return {{"19010/Steel", "none"}};
             case 2:
@@ -177,6 +178,8 @@ class DocumentMaker {
                         {"19020/" + material + "/29122/1", number},
                         {"19020/" + material + "/29118/1", number}};
             case 3:
+                return {{"19010/by-material", Below(2) ? "yes" : "no"}};
+            case 4:
                 return {{"19020/10165", Below(2) ? "g" : "t"}};
             default:
                 return {{"19010/10067", number}, {"19010/severity", std::to_string(Below(4))}};

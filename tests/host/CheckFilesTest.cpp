@@ -12,9 +12,10 @@ constexpr char kNoRule[] = R"(<MfxRules Version="1" Unit="1" AngleUnit="0"/>)";
 // What check selects, how it ends, and the findings that are accepted.
 struct CheckFilesTest : HostTest {
     CheckFilesTest() {
-        for (const wchar_t* folder : {L"r", L"r\\s", L"r\\s\\t", L"empty"})
+        for (const wchar_t* folder : {L"r", L"r\\s", L"r\\s\\t", L"empty", L"[a,b]"})
             fs::create_directory(m_folder.Path(folder));
-        for (const wchar_t* file : {L"r\\é b.XML", L"r\\a.xml", L"r\\s\\t\\c.xml", L"r\\s\\notes.txt"})
+        for (const wchar_t* file :
+             {L"[a,b]\\d.xml", L"r\\é b.XML", L"r\\a.xml", L"r\\s\\t\\c.xml", L"r\\s\\notes.txt"})
             m_folder.Write(file, kNoRule);
     }
 
@@ -53,6 +54,7 @@ TEST_F(CheckFilesTest, SelectsTheFilesOfFoldersAndPatterns) {
         {L"**\\t\\*", {c}},
         {L"r\\**", {a, "r\\s\\notes.txt", c, b}},
         {L"r\\*a*x*l", {a}},
+        {L"[a,b]", {"[a,b]\\d.xml"}},
     };
     for (const auto& [name, files] : kCases) Run({L"check", name}, 1, Files(files), "");
     Run({L"check", L"r\\s", L"r\\a.xml"}, 1, Files({c, a}), "");

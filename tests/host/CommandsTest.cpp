@@ -117,5 +117,11 @@ TEST_F(HostTest, ReadsStandardInputAndWritesStandardOutput) {
     EXPECT_EQ(run({L"diff", L"i.xml", L"-"}).nExitCode, 0);
     EXPECT_EQ(run({L"check", L"-", L"i.xml"}).nExitCode, 0);
     EXPECT_EQ(Run({L"new", L"-"}).out, m_folder.Read(Wide(MFX_SAMPLES "default-rules.xml")));
+    for (const Arguments& twice :
+         {Arguments{L"limits", L"-", L"--csv", L"-"}, {L"import", L"-", L"-", L"--rule", L"19040"}}) {
+        const ProcessResult refused = run(twice);
+        EXPECT_EQ(refused.nExitCode, 2);
+        EXPECT_THAT(refused.err, HasSubstr("only once"));
+    }
     Run({L"show", L"-"}, 3, "", StartsWith("mfxhost: -: the file is empty"));
 }

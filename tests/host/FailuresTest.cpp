@@ -78,6 +78,8 @@ TEST_F(FailuresTest, ExplainsItsUsage) {
     const std::pair<Arguments, const char*> kCases[] = {
         {{}, "give a command"},
         {{L"open"}, "\"open\" is not a command"},
+        {{L"--open"}, "\"--open\" is not known"},
+        {{L"materials", L"open"}, "\"open\" is not known"},
         {{L"show"}, "FILE"},
         {{L"check", L""}, "FILE"},
         {{L"check", L"d.xml", L"--severity", L"1"}, "1 not in {hint,warning,error}"},
@@ -222,5 +224,38 @@ TEST_F(FailuresTest, LeavesTheFileWholeOnAFullDisk) {
     Run({L"convert", path.wstring(), L"--length", L"in"}, 4, "",
         AllOf(HasSubstr("d.xml: can't be written: "), HasSubstr("(error 112)")));
     EXPECT_EQ(m_folder.Read(path.wstring()), document);
-    EXPECT_EQ(std::distance(fs::directory_iterator(MFX_SMALL_DISK), fs::directory_iterator()), 2);
+    EXPECT_EQ(std::distance(fs::directory_iterator(MFX_SMALL_DISK), fs::directory_iterator()), 3);
+    // A link stays one, and the file that it leads to is replaced.
+    std::ofstream(path, std::ios::binary) << m_sample;
+    Run({L"convert", MFX_SMALL_DISK L"link.xml", L"--length", L"in"}, 0, _, _);
+    EXPECT_THAT(m_folder.Read(path.wstring()), HasSubstr("Unit=\"3\""));
+}
+
+TEST_F(FailuresTest, MakesNoWorkbookThatIsCutOff) {
+    if (!fs::exists(MFX_SMALL_DISK "mounted")) GTEST_SKIP() << "no small file system could be mounted";
+    std::string materials = "material,active,minimum,maximum\n";
+    for (int i = 0; i < 1000; ++i) materials += "Steel " + std::to_string(i) + ",yes,1,2\n";
+    m_folder.Write(L"t.csv", materials);
+    m_folder.Write(L"t.xlsx", "old");
+    Run({L"new", L"d.xml"}, 0, _, "");
+    Run({L"import", L"d.xml", L"t.csv", L"--rule", L"19010"}, 0, _, "");
+    const std::wstring disk = Wide(MFX_SMALL_DISK), foreign = m_folder.Path(L"仮の𠮷");
+    fs::create_directory(foreign);
+    const auto setTemporaryFolder = [](const std::wstring& folder) {
+        for (const wchar_t* variable : {L"TMP", L"TEMP"}) SetEnvironmentVariableW(variable, folder.c_str());
+    };
+    const auto expectExport = [&](const std::wstring& temporaryFolder, int exitCode, const char* text) {
+        setTemporaryFolder(temporaryFolder);
+        const auto run = RunProcess(
+            ProgramFolder() + L"\\mfxhost.exe",
+            {L"export", m_folder.Path(L"d.xml"), L"--rule", L"19010", L"-o", m_folder.Path(L"t.xlsx")}, disk);
+        setTemporaryFolder(fs::path(m_folder.Path()).parent_path());
+        EXPECT_EQ(run.nExitCode, exitCode);
+        EXPECT_THAT(run.out + run.err, AllOf(HasSubstr(text), Not(HasSubstr("ERROR"))));
+    };
+    expectExport(disk, 4, "(error 112)");
+    EXPECT_EQ(m_folder.Read(L"t.xlsx"), "old");
+    // The parts are in the temporary folder and not in the current one, where there is no room.
+    expectExport(foreign, 0, "1000 lines");
+    Run({L"sheet", L"t.xlsx"}, 0, HasSubstr("1001 rows"), "");
 }

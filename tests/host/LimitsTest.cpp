@@ -50,7 +50,8 @@ TEST_F(LimitsTest, FindsBandsAndMaterials) {
          {{L"--group", aluminium, L"--size", L"150", L"--weight", L"1.2lb"}, "29118/2\n"},
          {{L"--group", aluminium, L"--size", L"100", L"--weight", L"5"}, "size and weight; they are of", 1},
          {{L"--size", L"3kg"}, "--size: .*the value is a length", 2},
-         {{L"--csv", L"c.csv", L"--size", L"3"}, "only -o goes with it", 2}});
+         {{L"--csv", L"c.csv", L"--size", L"3"}, "only -o goes with it", 2},
+         {{L"--csv", L"c.csv", L"-o", L".\\A.xml"}, "-o names the rule document itself", 2}});
 }
 
 TEST_F(LimitsTest, SaysWhatIsNotInForce) {
@@ -73,7 +74,7 @@ TEST_F(LimitsTest, SaysWhatIsNotInForce) {
 TEST_F(LimitsTest, AnswersATableOfCastings) {
     m_folder.Write(L"c.csv",
                    "weight [lb],name,material,size [in],group\n"
-                   "1,\"Housing, left\",STEEL,1,\n"
+                   " ,\"Housing, left\",STEEL ,1,\n"
                    "1,Lid,Steel,one,\n"
                    "9,Rib,Steel,90,Aluminium Alloys\n");
     Run({L"limits", L"a.xml", L"--csv", L"c.csv", L"-o", L"out.csv"}, 1,
@@ -83,7 +84,7 @@ TEST_F(LimitsTest, AnswersATableOfCastings) {
         StrEq("weight [lb],name,material,size [in],group,19010 minimum [mm],19010 maximum [mm],"
               "19020 minimum [mm],19040 angle 1 [deg],19040 angle 2 [deg],19040 angle 3 [deg],"
               "19030 largest variation,problem\r\n"
-              "1,\"Housing, left\",STEEL,1,,4.76,6.35,5,3,3,1.5,25,\r\n"
+              " ,\"Housing, left\",STEEL ,1,,4.76,6.35,5,3,3,1.5,25,\r\n"
               "1,Lid,Steel,one,,,,,,,,,\"c.csv:3: size [in]: \"\"one\"\" is not a number with a "
               "decimal point\"\r\n"
               "9,Rib,Steel,90,Aluminium Alloys,4.76,6.35,,,,,25,\"19020: no band of the group "

@@ -27,7 +27,7 @@ TEST_F(HostTest, SetsEveryValueByItsKey) {
 TEST_F(HostTest, SetsRowsAndConstraints) {
     Run({L"new", L"d.xml"}, 0, _, "");
     Run({L"set", L"d.xml", L"19010/Bronze=present", L"19010/Bronze/10067=3mm", L"19010/Bronze/10068=0.5 in",
-         L"19020/Steel=present", L"19020/Steel/29119/1=0", L"19020/Steel/29120/1=no limit",
+         L"19020/10165=KG", L"19020/Steel=present", L"19020/Steel/29119/1=0", L"19020/Steel/29120/1=no limit",
          L"19020/Steel/29118/1=5", L"19040/29183/4=none"},
         0, _, "");
     Run({L"show", L"d.xml"}, 0,
@@ -54,6 +54,9 @@ TEST_F(HostTest, RefusesWhatADialogRefuses) {
         {L"19010/1067=6", "there is no such value; the nearest keys are 19010/10067,"},
         {L"19020/10165=stone", "is not a mass unit"},
         {L"19010/status=high", "is not a whole number"},
+        {L"19010/status=99999999999", "is too large"},
+        {L"[19010/10067=5mm,19010/10068=6mm]", "[19010/10067: there is no such value"},
+        {L"19010/Bronze#2=present", "there is no such value"},
         {L"19010/Steel=present", "it is there already"},
         {L"19010/a%01b=present", "no control characters"},
         {L"19010/by-material=maybe", "is not yes or no"},

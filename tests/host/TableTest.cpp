@@ -74,7 +74,7 @@ TEST_F(TableTest, WritesStableHeadings) {
 // The table is the whole list, in its order and in its units.
 TEST_F(TableTest, ReplacesTheTable) {
     m_folder.Write(L"a.csv",
-                   "MAXIMUM [in],material,minimum [cm],active,\n0.5,Bronze,0.3,yes,\n6mm,Steel,.5,no,\n");
+                   "MAXIMUM [in],material,minimum [cm],active,\n0.5,Bronze,0.3,Yes,\n6mm,Steel ,.5,no,\n");
     Run({L"import", L"a.xml", L"a.csv", L"--rule", L"19010", L"--dry-run"}, 0,
         AllOf(ContainsRegex("Bronze: constraint +\\(none\\) +present"),
               ContainsRegex("Gray Cast Iron: constraint +present +\\(none\\)"),
@@ -102,6 +102,7 @@ TEST_F(TableTest, NamesThePlaceOfAFault) {
         {L"19010", kMaterials + "Steel,yes,5,6\nSteel,yes,5,6\n", "t.csv:4: material: Row 4"},
         {L"19010", kMaterials + "Steel,yes,7,6\n", "t.csv:3: maximum [mm]: Row 3"},
         {L"19010", kMaterials + ",yes,5,6\n", "t.csv:3: material: there is no name"},
+        {L"19010", kMaterials + "\"a\nb\",yes,5,6\n", "t.csv:3: material: a name has no control characters"},
         {L"19020", kGroups + "Steel,yes,0,200,-,-,5\nIron,no,0,9,,,3\nSteel,yes,300,400,-,-,6\n",
          "t.csv:4: size from [mm]: Steel: "},
         {L"19020", kGroups + "Steel,yes,no limit,200,-,-,5\n", "only an upper size may have no limit"},
