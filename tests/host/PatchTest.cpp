@@ -97,23 +97,3 @@ TEST_F(HostPatchTest, MergesWhatIsNotCompared) {
     Run({L"merge", L"a.xml", L"a.xml", L"t.xml", L"-o", L"m.xml"}, 0, _, "");
     EXPECT_THAT(m_folder.Read(L"m.xml"), HasSubstr("by the foundry"));
 }
-
-// Were the time the square of the number of bands, or of rules, this would take minutes.
-TEST_F(HostPatchTest, AppliesLargePatchesInTime) {
-    const std::string all = m_folder.Read(L"a.xml");
-    const std::size_t rule = all.find("  <Rule Name=\"Wall Thickness Variation"),
-                      end = all.find("</MfxRules>");
-    const auto write = [&](const std::wstring& name, const std::string& number) {
-        std::string table = "group,active,size from,size to,weight from,weight to,minimum wall thickness\n";
-        for (int i = 0; i < 3000; ++i)
-            table += "Bronze,yes," + std::to_string(i) + "," + std::to_string(i + 1) + ",,," + number + "\n";
-        m_folder.Write(L"t.csv", table);
-        const std::string changed = Replaced(all.substr(rule, end - rule), ">25<", ">" + number + "<");
-        m_folder.Write(name, all.substr(0, rule) + Repeated(changed, 3000) + all.substr(end));
-        Run({L"import", name, L"t.csv", L"--rule", L"19020"}, 0, _, "");
-    };
-    write(L"l.xml", "5");
-    write(L"r.xml", "6");
-    m_folder.Write(L"p.json", Run({L"diff", L"l.xml", L"r.xml", L"--json"}).out);
-    Run({L"apply", L"l.xml", L"p.json"}, 0, "l.xml: 6000 differences from before\n", "");
-}
