@@ -7,6 +7,7 @@
 #include "UnitNames.h"
 #include "ValueContent.h"
 
+#include <algorithm>
 #include <memory>
 
 namespace {
@@ -115,12 +116,11 @@ ExitCode Export(IMaterialDatabase& database, const MaterialsOptions& options) {
         ThrowIfProblem(database.ExportCsv(exported, [](std::string_view text) { Print(std::string(text)); }));
         return ExitCode::Done;
     }
+    RefuseSameFile(options.output, ToUtf8(database.GetPath()), "material database");
     std::string bytes;
     ThrowIfProblem(database.ExportCsv(exported, [&](std::string_view text) { bytes += text; }));
-    RefuseSameFile(options.output, ToUtf8(database.GetPath()), "material database");
     WriteBytes(options.output, bytes);
-    const std::size_t lines =
-        ForEachRow(*mfx_db::MFXDataHelper::getInstance(), L"", [](const std::vector<std::string>&) {});
+    const auto lines = static_cast<std::size_t>(std::ranges::count(bytes, '\n')) - 1;  // and the headings
     PrintOutcome(options.output, options.output + ": " + Count(lines, "line") + "\n");
     return ExitCode::Done;
 }
