@@ -3,8 +3,8 @@
 #include "DocumentCheck.h"
 #include "DraftTableCheck.h"
 #include "NearestKeys.h"
-#include "RuleEdit.h"
 #include "RuleRefusal.h"
+#include "RuleSetters.h"
 #include "Text.h"
 #include "TypedValue.h"
 

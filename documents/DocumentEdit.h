@@ -3,8 +3,8 @@
 #include "EditError.h"
 #include "Finding.h"
 #include "RuleDocument.h"
-#include "RuleEdit.h"
 #include "RuleEdits.h"
+#include "RuleSetters.h"
 
 #include <map>
 #include <set>

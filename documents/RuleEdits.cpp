@@ -3,7 +3,7 @@
 #include "EditError.h"
 #include "OptionalValues.h"
 #include "RuleContent.h"
-#include "RuleEdit.h"
+#include "RuleSetters.h"
 #include "Text.h"
 #include "TypedValue.h"
 

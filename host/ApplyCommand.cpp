@@ -1,8 +1,8 @@
 #include "Commands.h"
 #include "Console.h"
 #include "DifferenceOutput.h"
-#include "DocumentFiles.h"
 #include "EditedDocument.h"
+#include "FileArguments.h"
 #include "PatchJson.h"
 #include "Text.h"
 

@@ -1,7 +1,7 @@
 #include "CheckRun.h"
 #include "Commands.h"
 #include "Console.h"
-#include "DocumentFiles.h"
+#include "FileArguments.h"
 #include "FileSelection.h"
 #include "Text.h"
 

@@ -2,7 +2,7 @@
 
 #include "Console.h"
 #include "DocumentCheck.h"
-#include "DocumentFiles.h"
+#include "FileArguments.h"
 
 #include <utility>
 

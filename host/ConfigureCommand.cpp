@@ -2,8 +2,8 @@
 #include "Console.h"
 #include "DocumentCheck.h"
 #include "DocumentFile.h"
-#include "DocumentFiles.h"
 #include "DocumentOutput.h"
+#include "FileArguments.h"
 #include "RuleArgument.h"
 #include "Text.h"
 

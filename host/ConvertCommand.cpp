@@ -2,8 +2,8 @@
 #include "Console.h"
 #include "Conversion.h"
 #include "DocumentCheck.h"
-#include "DocumentFiles.h"
 #include "DocumentOutput.h"
+#include "FileArguments.h"
 #include "Text.h"
 #include "Units.h"
 

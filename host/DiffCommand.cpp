@@ -2,8 +2,8 @@
 #include "Console.h"
 #include "DifferenceOutput.h"
 #include "DocumentCheck.h"
-#include "DocumentFiles.h"
 #include "DocumentOutput.h"
+#include "FileArguments.h"
 #include "PatchJson.h"
 #include "Text.h"
 

@@ -1,7 +1,7 @@
 #include "EditedDocument.h"
 
 #include "DifferenceOutput.h"
-#include "DocumentFiles.h"
+#include "FileArguments.h"
 #include "Text.h"
 
 void AddEditOptions(CLI::App& command, EditOptions& options) {

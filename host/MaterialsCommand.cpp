@@ -1,6 +1,6 @@
 #include "Commands.h"
 #include "Console.h"
-#include "DocumentFiles.h"
+#include "FileArguments.h"
 #include "MFXDataHelper.h"
 #include "Text.h"
 #include "TextTable.h"

@@ -1,8 +1,8 @@
 #include "Commands.h"
 #include "Console.h"
 #include "DifferenceOutput.h"
-#include "DocumentFiles.h"
 #include "EditError.h"
+#include "FileArguments.h"
 #include "Text.h"
 
 #include <memory>

@@ -1,8 +1,8 @@
 #include "Commands.h"
 #include "Console.h"
 #include "DocumentFile.h"
-#include "DocumentFiles.h"
 #include "DocumentOutput.h"
+#include "FileArguments.h"
 #include "Text.h"
 
 #include <memory>

@@ -1,6 +1,6 @@
 #include "TableInput.h"
 
-#include "DocumentFiles.h"
+#include "FileArguments.h"
 #include "Text.h"
 #include "WorkbookInput.h"
 

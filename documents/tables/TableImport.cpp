@@ -90,28 +90,30 @@ class GroupReader {
     }
 
   private:
+    using Bands = std::vector<CastSizeAndWeightBand>;
+
     void ReadLine(const Line& line) {
         const CString name = RequireName(m_layout, line, GroupsColumn::Group, m_before);
         const bool isActive = IsYes(m_layout, line, GroupsColumn::Active);
         const auto [place, isNew] = m_places.emplace(name, m_groups.size());
         if (isNew) {
             m_groups.push_back({name, isActive});
+            const auto known = m_before.find(name);
+            m_bandsBefore.push_back(known != m_before.end() ? ReadBands(*known->second) : Bands());
             m_lines.push_back({&line});
         }
         GroupRows& group = m_groups[place->second];
         if (group.isActive != isActive)
             m_layout.Refuse(line, GroupsColumn::Active,
                             std::string("the first line of the group says ") + (isActive ? "no" : "yes"));
-        const CastSizeAndWeightBand band = ReadBand(line, group);
+        const CastSizeAndWeightBand band = ReadBand(line, place->second);
         if (IsBlank(band)) return;
         group.bands.push_back(band);
         m_lines[place->second].push_back(&line);
     }
 
-    CastSizeAndWeightBand ReadBand(const Line& line, const GroupRows& group) const {
-        const auto known = m_before.find(group.name);
-        std::vector<CastSizeAndWeightBand> bandsBefore;
-        if (known != m_before.end()) bandsBefore = ReadBands(*known->second);
+    CastSizeAndWeightBand ReadBand(const Line& line, std::size_t group) const {
+        const std::size_t row = m_groups[group].bands.size();
         CastSizeAndWeightBand band;
         for (std::size_t cell = 0; cell < BandCell::Count; ++cell) {
             const std::size_t column = GroupsColumn::FirstOfBand + cell;
@@ -120,9 +122,9 @@ class GroupReader {
                 m_layout.Refuse(line, column, "only an upper size may have no limit");
             double& number = band.*kBandValues[cell];
             number = StoredNumber(content);
-            if (group.bands.size() < bandsBefore.size() && IsGiven(number))
-                number = m_layout.WithKeptDigits(number, column,
-                                                 bandsBefore[group.bands.size()].*kBandValues[cell]);
+            if (row < m_bandsBefore[group].size() && IsGiven(number))
+                number =
+                    m_layout.WithKeptDigits(number, column, m_bandsBefore[group][row].*kBandValues[cell]);
         }
         return band;
     }
@@ -147,7 +149,9 @@ class GroupReader {
     const Constraints m_before;
     std::map<CString, std::size_t> m_places;
     std::vector<GroupRows> m_groups;
-    std::vector<std::vector<const Line*>> m_lines;  // of each group: its first one, and those of its bands
+    // Of each group: the bands that it had in the rule, its first line, and the lines of its bands.
+    std::vector<Bands> m_bandsBefore;
+    std::vector<std::vector<const Line*>> m_lines;
 };
 
 double ReadVariation(const TableTexts& table) {

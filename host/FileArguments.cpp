@@ -1,4 +1,4 @@
-#include "DocumentFiles.h"
+#include "FileArguments.h"
 
 #include "Console.h"
 #include "ExitCode.h"

@@ -1,4 +1,4 @@
-#include "RuleEdit.h"
+#include "RuleSetters.h"
 
 #include "DraftTableCheck.h"
 #include "MassUnits.h"

@@ -1,4 +1,4 @@
-// Rule documents where "-" stands for standard input and output.
+// Files that commands are given. "-" stands for standard input and output.
 #pragma once
 
 #include "RuleDocument.h"
