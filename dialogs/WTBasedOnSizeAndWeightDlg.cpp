@@ -133,7 +133,7 @@ void CMFXWTBasedOnSizeAndWeightDlg::OnOK() {
         ShowCurrentGroup();
         return ShowFlaw(m_groups.Check());
     }
-    if (!m_groups.HasUsableBand({})) return ShowFlaw({SizeAndWeightFlaw::NoBands});
+    if (!m_groups.HasUsableBand()) return ShowFlaw({SizeAndWeightFlaw::NoBands});
     m_groups.Store(*m_pRule);
     StoreLengthUnit(m_comboLengthUnit, m_pRule->m_nLengthUnit);
     CMFXRuleDlgBase::OnOK();

@@ -33,9 +33,9 @@ class SizeAndWeightGroups {
     const std::vector<CString>& GetLoadedNames() const { return m_loadedNames; }  // in the rule's order
     std::vector<CString> GetGroupsWithoutBands() const;
 
-    // Whether a wall thickness can be found by a band of any group, or by one of the grid's rows, finished or
-    // not.
-    bool HasUsableBand(std::span<const BandTexts> rows) const;
+    // Whether a wall thickness can be found by a band of any group, or by one of these rows of the grid,
+    // which need not be taken over yet.
+    bool HasUsableBand(std::span<const BandTexts> rows = {}) const;
 
     const CString& GetCurrent() const { return m_strCurrent; }  // empty for none
 

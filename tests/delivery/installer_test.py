@@ -168,8 +168,8 @@ class InstallerTest(unittest.TestCase):
         self.install()
         self.assertFalse(gone.exists())
         self.assertIn("My Steel", self.run_installed("materials", "find", "My"))
-        self.assertIn(self.installer.stem.rpartition("-")[2], wine("reg", "query", r"HKCU\Software\Microsoft\Windows\CurrentVersion\Uninstall\SandCastingRules",
-                                    "/v", "DisplayVersion").stdout)
+        key = r"HKCU\Software\Microsoft\Windows\CurrentVersion\Uninstall\SandCastingRules"
+        self.assertIn(self.installer.stem.rpartition("-")[2], wine("reg", "query", key, "/v", "DisplayVersion").stdout)
 
     def test_leaves_files_of_others_alone(self):
         """Of a CAD system, with an uninstaller of its own, and of the user."""
